@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/edit_control.h"
+#include "platform/form.h"
+#include "platform/status_bar.h"
+#include "platform/web_browser.h"
+
+namespace kelvor {
+
+/// The child window of one open file: its source, and its preview in the same place.
+class EditWindow : public Form {
+public:
+    EditWindow() : Form("editWindow", "", Kind::child) {}
+
+    EditControl& Text1{addEditControl("Text1")};
+    WebBrowser WebBrowser1{*this, "WebBrowser1"};
+    /// Shows the address of the page in preview.
+    StatusBar StatusBar1{*this, "StatusBar1", {}};
+};
+
+}  // namespace kelvor

@@ -1,0 +1,59 @@
+#include "core/frame.h"
+
+#include "core/menu_table.h"
+
+namespace kelvor {
+
+namespace {
+
+std::unique_ptr<MDIForm1>& instance() {
+    static std::unique_ptr<MDIForm1> frame;
+    return frame;
+}
+
+const std::vector<StatusBar::Panel> panels = {
+    {StatusBar::PanelKind::text, "File Saved:"}, {StatusBar::PanelKind::capsLock, "CAPS"},
+    {StatusBar::PanelKind::insert, "INS"},       {StatusBar::PanelKind::numLock, "NUM"},
+    {StatusBar::PanelKind::text, "Line:"},       {StatusBar::PanelKind::text, "Character:"},
+};
+
+}  // namespace
+
+MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this, "StatusBar1", panels) {
+    for (const MenuRow& row : menuTable()) {
+        MenuItem* parent = row.parent.empty() ? nullptr : &menu(std::string(row.parent));
+        auto item = std::make_unique<MenuItem>(*this, std::string(row.name), parent);
+        item->setCaption(std::string(row.caption));
+        item->setShortcut(std::string(row.shortcut));
+        item->setVisible((row.flags & (menu_flag::hidden | menu_flag::popup)) == 0);
+        item->setEnabled((row.flags & menu_flag::disabled) == 0);
+        item->setChecked((row.flags & menu_flag::checked) != 0);
+        if (!row.name.empty()) menusByName_.emplace(row.name, item.get());
+        menus_.push_back(std::move(item));
+    }
+    // The design's one tab, which the start takes away.
+    TabStrip1.add("placeholder", "");
+}
+
+MenuItem& MDIForm1::menu(const std::string& name) const {
+    const auto found = menusByName_.find(name);
+    if (found == menusByName_.end()) throw Error(error_number::elementNotFound, "There is no menu " + name);
+    return *found->second;
+}
+
+EditWindow& MDIForm1::activeForm() const {
+    auto* window = dynamic_cast<EditWindow*>(mdi.activeForm());
+    if (!window) throw Error(error_number::objectNotSet, "Object variable or With block variable not set");
+    return *window;
+}
+
+MDIForm1& mainForm() {
+    if (!instance()) instance() = std::make_unique<MDIForm1>();
+    return *instance();
+}
+
+void releaseMainForm() {
+    instance().reset();
+}
+
+}  // namespace kelvor

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "core/edit_window.h"
+#include "platform/combo_box.h"
+#include "platform/common_dialog.h"
+#include "platform/form.h"
+#include "platform/mdi_area.h"
+#include "platform/menu_item.h"
+#include "platform/picture_box.h"
+#include "platform/status_bar.h"
+#include "platform/tab_strip.h"
+
+namespace kelvor {
+
+/// Numbers of the frame's status panels.
+namespace panel {
+constexpr int saved = 1;
+constexpr int position = 5;
+constexpr int characters = 6;
+}  // namespace panel
+
+/// The main frame: its controls and its state. What the commands do stands in the units of their subjects.
+class MDIForm1 : public Form {
+public:
+    MDIForm1();
+
+    PictureBox Picture1{*this, "Picture1"};  ///< the row of the four insert lists
+    ComboBox Combo1{*this, "Combo1"};        ///< headings
+    ComboBox Combo2{*this, "Combo2"};        ///< font names
+    ComboBox Combo3{*this, "Combo3"};        ///< font sizes
+    ComboBox Combo4{*this, "Combo4"};        ///< the user's strings
+    PictureBox Picture2{*this, "Picture2"};  ///< the row of the document tabs
+    TabStrip TabStrip1{*this, "TabStrip1"};
+    StatusBar StatusBar1;
+    CommonDialog CommonD1;
+    MdiArea mdi;
+
+    /// The menu row of that name; a name that is not there is an error 35601.
+    MenuItem& menu(const std::string& name) const;
+    /// All menu rows, each parent before its rows.
+    const std::vector<std::unique_ptr<MenuItem>>& menus() const { return menus_; }
+
+    /// The document window in front; without one an error 91.
+    EditWindow& activeForm() const;
+
+    /// Document windows loaded in this run; never lowered, so that it gives each its number.
+    int fileCount = 0;
+    /// The number that the next untitled document takes.
+    int untitledCount = 1;
+    void increaseUntitledCount() { ++untitledCount; }
+
+    /// Paths of the recent files, the oldest first.
+    std::vector<std::string> recentFiles;
+
+private:
+    std::vector<std::unique_ptr<MenuItem>> menus_;
+    std::unordered_map<std::string, MenuItem*> menusByName_;
+};
+
+/// The one frame, made on first use.
+MDIForm1& mainForm();
+/// Ends the frame; the next use makes a new one.
+void releaseMainForm();
+
+}  // namespace kelvor

@@ -1,0 +1,49 @@
+#include "platform/common_dialog.h"
+
+#include "platform/error.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+namespace {
+
+Error cancelled() {
+    return {error_number::dialogCancelled, "Cancel was selected."};
+}
+
+}  // namespace
+
+FileRequest CommonDialog::request() const {
+    return {.title = dialogTitle,
+            .directory = initDir,
+            .filter = filter,
+            .filterIndex = filterIndex,
+            .multiple = (flags & dialog_flag::allowMultiple) != 0,
+            .overwritePrompt = (flags & dialog_flag::overwritePrompt) != 0};
+}
+
+void CommonDialog::take(std::vector<std::string> paths) {
+    if (paths.empty()) throw cancelled();
+    fileNames = std::move(paths);
+    fileName = fileNames.front();
+    fileTitle = fileNamePart(fileName);
+}
+
+void CommonDialog::ShowOpen() {
+    take(platform().dialogs.openFiles(request()));
+}
+
+void CommonDialog::ShowSave() {
+    const auto path = platform().dialogs.saveFile(request());
+    if (!path) throw cancelled();
+    take({*path});
+}
+
+void CommonDialog::ShowColor() {
+    const auto chosen = platform().dialogs.color();
+    if (!chosen) throw cancelled();
+    color = *chosen;
+}
+
+}  // namespace kelvor

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelvor {
+
+enum class MessageIcon { none, critical, question, exclamation, information };
+enum class MessageButtons { ok, yesNo, yesNoCancel };
+enum class Answer { ok, yes, no, cancel };
+
+/// A message box as it is to be shown. Lines of the text end in CR LF or LF.
+struct Message {
+    std::string text;
+    std::string title;
+    MessageIcon icon = MessageIcon::none;
+    MessageButtons buttons = MessageButtons::ok;
+    /// The button that Enter presses.
+    Answer standard = Answer::ok;
+};
+
+struct InputRequest {
+    std::string prompt;
+    std::string title;
+    std::string standard;
+};
+
+/// What a file dialog is opened with.
+struct FileRequest {
+    std::string title;
+    std::string directory;
+    /// "Name|patterns|Name|patterns", patterns parted by ";".
+    std::string filter;
+    /// The row of the filter shown first, from 1.
+    int filterIndex = 1;
+    bool multiple = false;
+    bool overwritePrompt = false;
+};
+
+/// The dialogs that the desktop gives. All are modal and return when the user has answered.
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    /// Closing a box with Cancel among its buttons is Cancel; closing one with Yes and No alone is No.
+    virtual Answer message(const Message& message) = 0;
+    /// The text entered; "" when cancelled.
+    virtual std::string input(const InputRequest& request) = 0;
+    /// The chosen existing files; empty when cancelled.
+    virtual std::vector<std::string> openFiles(const FileRequest& request) = 0;
+    virtual std::optional<std::string> saveFile(const FileRequest& request) = 0;
+    /// A colour with red in the low byte.
+    virtual std::optional<int> color() = 0;
+    virtual std::optional<std::string> folder(const std::string& title, const std::string& start) = 0;
+};
+
+}  // namespace kelvor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace kelvor {
+
+/// Well-known error numbers. They appear in messages and in the error log, so they never change meaning.
+namespace error_number {
+constexpr int invalidProcedureCall = 5;
+constexpr int overflow = 6;
+constexpr int outOfMemory = 7;
+constexpr int subscriptOutOfRange = 9;
+constexpr int typeMismatch = 13;
+constexpr int badFileName = 52;
+constexpr int fileNotFound = 53;
+constexpr int deviceError = 57;
+constexpr int fileAlreadyExists = 58;
+constexpr int diskFull = 61;
+constexpr int inputPastEnd = 62;
+constexpr int permissionDenied = 70;
+constexpr int pathAccess = 75;
+constexpr int pathNotFound = 76;
+constexpr int objectNotSet = 91;
+constexpr int duplicateKey = 457;
+constexpr int invalidPicture = 481;
+constexpr int dialogCancelled = 32755;
+constexpr int elementNotFound = 35601;
+}  // namespace error_number
+
+/// The one exception type of the logic. It is caught where events are raised (event.h) and shown by reportError.
+class Error : public std::runtime_error {
+public:
+    Error(int number, const std::string& description) : std::runtime_error(description), number_(number) {}
+
+    int number() const { return number_; }
+    std::string description() const { return what(); }
+
+private:
+    int number_;
+};
+
+}  // namespace kelvor

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvor {
+
+/// The bytes of a regular file, read whole. Throws Error: 53 when there is none, 75 when it is a directory,
+/// a pipe, a device or may not be read, 57 on a failing device, 7 when memory does not suffice.
+/// Never waits on a pipe.
+std::string readFile(const std::string& path);
+
+/// Writes `bytes` over the file in place: same inode, mode, owner and links, and never truncated first.
+/// A new file is made with the mode of the umask. When it throws (61 disk or quota full, 70 or 75 not writable,
+/// 57 device) the file holds its old bytes, and a file that did not exist is gone again. Should the way back
+/// fail too, the description says that the file is damaged.
+/// A file whose mode has no write bit is refused, for root as well.
+void saveFileInPlace(const std::string& path, std::string_view bytes);
+
+/// Appends one line in one write, never following a link, never waiting; false when it could not.
+bool appendToFile(const std::string& path, std::string_view line);
+
+/// Whether a directory listing of `path` names something: a plain path, or one whose last part holds
+/// "*" or "?". Directories themselves do not count. Patterns ignore case, and "*.*" is every file.
+bool listingFinds(const std::string& path);
+
+/// The names (no directory) of the files in `directory` that match `pattern`, sorted as a person reads them.
+std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern);
+
+/// Whether a file name matches a pattern of "*" and "?", case ignored; "*.*" matches every name.
+bool nameMatches(std::string_view name, std::string_view pattern);
+
+bool isDirectory(const std::string& path);
+void removeFile(const std::string& path);
+void renameFile(const std::string& from, const std::string& to);
+
+}  // namespace kelvor

@@ -1,0 +1,116 @@
+#include "platform/form.h"
+
+#include <algorithm>
+
+#include "platform/edit_control.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+namespace {
+
+std::vector<Form*>& registry() {
+    static std::vector<Form*> forms;
+    return forms;
+}
+
+std::function<void(Form&, const Error&)>& loadErrorSink() {
+    static std::function<void(Form&, const Error&)> sink;
+    return sink;
+}
+
+/// Adds a form to the registry; the frame always stands first.
+void enter(Form& form) {
+    auto& forms = registry();
+    forms.insert(form.kind() == Form::Kind::frame ? forms.begin() : forms.end(), &form);
+}
+
+}  // namespace
+
+Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
+    form.controls_.push_back(this);
+}
+
+Form::Form(std::string name, std::string caption, Kind kind)
+    : name_(std::move(name)), caption_(std::move(caption)), kind_(kind) {
+}
+
+Form::~Form() {
+    std::erase(registry(), this);
+}
+
+void Form::setCaption(const std::string& caption) {
+    if (caption == caption_) return;
+    caption_ = caption;
+    tell(Aspect::caption);
+}
+
+void Form::setEnabled(bool enabled) {
+    if (enabled == enabled_) return;
+    enabled_ = enabled;
+    tell(Aspect::enabled);
+}
+
+Control* Form::findControl(const std::string& name) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [&](const Control* control) { return control->name() == name; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::load() {
+    if (loaded_) return;
+    const EventScope scope;
+    loaded_ = true;
+    enter(*this);
+    platform().windows.create(*this);
+    if (!onLoad) return;
+    try {
+        onLoad();
+    } catch (const Error& error) {
+        if (loadErrorSink()) loadErrorSink()(*this, error);
+    }
+}
+
+bool Form::askUnload() {
+    bool cancel = false;
+    queryUnload.raise(cancel);
+    if (cancel || kind_ != Kind::frame) return !cancel;
+    const auto forms = registry();
+    return std::all_of(forms.begin(), forms.end(),
+                       [](Form* form) { return form->kind_ != Kind::child || form->askUnload(); });
+}
+
+void Form::finishUnload() {
+    if (!loaded_) return;
+    if (kind_ == Kind::frame) {
+        for (Form* form : std::vector(registry()))
+            if (form->kind_ == Kind::child) form->finishUnload();
+    }
+    unloaded.raise();
+    loaded_ = false;
+    std::erase(registry(), this);
+    platform().windows.destroy(*this);
+}
+
+bool Form::unload() {
+    if (!loaded_) return true;
+    const EventScope scope;
+    if (!askUnload()) return false;
+    finishUnload();
+    return true;
+}
+
+EditControl& Form::addEditControl(const std::string& name) {
+    editControls_.push_back(platform().windows.createEditControl(*this, name));
+    return *editControls_.back();
+}
+
+const std::vector<Form*>& loadedForms() {
+    return registry();
+}
+
+void setLoadErrorSink(std::function<void(Form&, const Error&)> sink) {
+    loadErrorSink() = std::move(sink);
+}
+
+}  // namespace kelvor

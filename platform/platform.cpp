@@ -1,0 +1,37 @@
+#include "platform/platform.h"
+
+#include <chrono>
+
+#include "platform/error.h"
+
+namespace kelvor {
+
+namespace {
+
+Platform* inForce = nullptr;
+
+}  // namespace
+
+Platform& platform() {
+    if (!inForce) throw Error(error_number::objectNotSet, "There is no platform");
+    return *inForce;
+}
+
+void setPlatform(Platform* platform) {
+    inForce = platform;
+}
+
+void pumpEvents() {
+    using namespace std::chrono;
+    static steady_clock::time_point last;
+    if (steady_clock::now() - last < milliseconds(15)) return;
+    platform().screen.processEvents();
+    last = steady_clock::now();
+}
+
+Answer beepAndShow(const Message& message) {
+    platform().screen.beep();
+    return platform().dialogs.message(message);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelvor {
+
+class EditControl;
+class Form;
+class MenuItem;
+
+enum class MousePointer { standard, hourglass };
+
+/// The screen: sound, pointer, fonts, waiting events.
+class Screen {
+public:
+    virtual ~Screen() = default;
+    virtual void beep() = 0;
+    virtual void setMousePointer(MousePointer pointer) = 0;
+    /// Font families, sorted, each once.
+    virtual std::vector<std::string> fonts() = 0;
+    /// Lets waiting events run, at once and unconditionally.
+    virtual void processEvents() = 0;
+};
+
+/// The desktop's shell. Nothing here passes through a command interpreter.
+class Shell {
+public:
+    virtual ~Shell() = default;
+    /// Opens a file or an address with the program that the desktop has for it.
+    /// @return false when the desktop has none
+    virtual bool open(const std::string& target) = 0;
+    /// Starts a program and does not wait for it. The first word is a path, or a name looked up in PATH.
+    /// Throws Error 53 when there is no such program, 75 when it may not be run.
+    virtual void start(const std::vector<std::string>& words, const std::string& workingDirectory) = 0;
+};
+
+/// The calendar, in the language and the zone of the environment.
+class Clock {
+public:
+    virtual ~Clock() = default;
+    /// Today in the locale's long form.
+    virtual std::string longDate() = 0;
+};
+
+/// The clipboard's plain text, UTF-8.
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual std::string text() = 0;
+    virtual void setText(const std::string& text) = 0;
+};
+
+/// Shows pages of the help file.
+class HelpViewer {
+public:
+    virtual ~HelpViewer() = default;
+    /// @param address  the help file, or the help file, "::/" and a page's name
+    virtual void show(const std::string& address) = 0;
+};
+
+/// The windows behind the forms.
+class Windows {
+public:
+    virtual ~Windows() = default;
+    /// Makes the hidden window of a form that is being loaded and binds its controls.
+    virtual void create(Form& form) = 0;
+    /// Takes the window away, which may still be handling an event.
+    virtual void destroy(Form& form) = 0;
+    /// Shows the form and returns when it is hidden or unloaded.
+    virtual void showModal(Form& form) = 0;
+    /// @param owned  whether it floats above the frame
+    virtual void showModeless(Form& form, bool owned) = 0;
+    virtual void hide(Form& form) = 0;
+    /// Opens the rows under `menu` as a popup at the pointer and returns when it closes.
+    virtual void popupMenu(MenuItem& menu) = 0;
+    virtual std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) = 0;
+};
+
+}  // namespace kelvor

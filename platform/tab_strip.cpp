@@ -1,0 +1,57 @@
+#include "platform/tab_strip.h"
+
+#include <algorithm>
+
+namespace kelvor {
+
+std::size_t TabStrip::indexOf(const std::string& key) const {
+    const auto found = std::find_if(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; });
+    if (found == tabs_.end()) throw Error(error_number::elementNotFound, "There is no tab " + key);
+    return static_cast<std::size_t>(found - tabs_.begin());
+}
+
+void TabStrip::add(const std::string& key, const std::string& caption) {
+    if (std::any_of(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; }))
+        throw Error(error_number::duplicateKey, "There is a tab " + key + " already");
+    tabs_.push_back({.key = key, .caption = caption, .tag = {}});
+    if (!selected_) selected_ = 0;
+    tell(Aspect::list);
+}
+
+void TabStrip::remove(const std::string& key) {
+    const std::size_t index = indexOf(key);
+    tabs_.erase(tabs_.begin() + static_cast<std::ptrdiff_t>(index));
+    if (tabs_.empty()) {
+        selected_.reset();
+    } else if (*selected_ > index || *selected_ == tabs_.size()) {
+        --*selected_;
+    }
+    tell(Aspect::list);
+}
+
+void TabStrip::setCaption(const std::string& key, const std::string& caption) {
+    change(tabs_[indexOf(key)].caption, caption, Aspect::list);
+}
+
+void TabStrip::setTag(const std::string& key, const std::string& tag) {
+    tabs_[indexOf(key)].tag = tag;
+}
+
+const TabStrip::Tab& TabStrip::selectedItem() const {
+    if (!selected_) throw Error(error_number::objectNotSet, "No tab is selected");
+    return tabs_[*selected_];
+}
+
+void TabStrip::setSelectedItem(const std::string& key) {
+    const std::size_t index = indexOf(key);
+    if (selected_ == index) return;
+    click(key);
+}
+
+void TabStrip::click(const std::string& key) {
+    selected_ = indexOf(key);
+    tell(Aspect::selection);
+    clicked.raise();
+}
+
+}  // namespace kelvor

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace kelvor {
+
+/// Case rules of all of Unicode that depend on no language. Texts are UTF-8.
+std::string toUpper(std::string_view text);
+std::string toLower(std::string_view text);
+
+/// The text by which two spellings that differ in case only are the same. Every character folds to one
+/// character, so nothing grows or shrinks in number of characters (of bytes it may).
+std::string foldCase(std::string_view text);
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+/// Order of two texts as a person sorts names: by the root collation, case ignored first.
+int compareText(std::string_view left, std::string_view right);
+
+/// Code points in a UTF-8 text; CR LF counts as two.
+std::size_t characterCount(std::string_view text);
+
+}  // namespace kelvor

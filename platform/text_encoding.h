@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelvor {
+
+/// How a file holds its characters. A byte order mark belongs to the encoding and not to the text.
+enum class Encoding { utf8, utf8WithMark, utf16LittleEndian, utf16BigEndian, windows1252 };
+
+/// A file's text in UTF-8 and the encoding that gives the same bytes back.
+struct DecodedText {
+    std::string text;
+    Encoding encoding = Encoding::utf8;
+};
+
+/// The text of a file's bytes. UTF-16 needs its mark and no stray surrogate; valid UTF-8 is UTF-8; all else is
+/// Windows-1252, whose five free bytes stand for the control characters of the same number. So any bytes
+/// come back from encode() as they were.
+DecodedText decode(std::string_view bytes);
+/// The same, taking the bytes over when they need no change.
+DecodedText decode(std::string&& bytes);
+
+/// The bytes of `text` (valid UTF-8), or nothing when it has a character that the encoding lacks.
+std::optional<std::string> encode(std::string_view text, Encoding encoding);
+
+/// Whether `bytes` are well-formed UTF-8: no stray, overlong or surrogate form.
+bool isValidUtf8(std::string_view bytes);
+
+}  // namespace kelvor

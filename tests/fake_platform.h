@@ -1,0 +1,132 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/error.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+/// The surroundings of a test: answers what the test has scripted and records what the program asked for. A
+/// dialog that the test does not expect fails it, and so does an expected one that never came.
+class FakePlatform : private Dialogs,
+                     private Screen,
+                     private Shell,
+                     private Clock,
+                     private Clipboard,
+                     private HelpViewer,
+                     private Windows {
+public:
+    /// Puts itself in force, with errors of handlers going to the test's failure unless `errors` is read.
+    FakePlatform();
+    ~FakePlatform() override;
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
+
+    /// The next message box must be exactly this one, and gets this answer.
+    void expectMessage(const Message& message, Answer answer = Answer::ok);
+    /// The next input box must have this prompt and title.
+    void expectInput(const std::string& prompt, const std::string& title, const std::string& answer);
+    /// The next dialog of that kind must come; `look` may check what it was opened with. No paths cancel it.
+    void expectOpen(const std::vector<std::string>& paths, std::function<void(const FileRequest&)> look = {});
+    void expectSave(const std::string& path, std::function<void(const FileRequest&)> look = {});
+    void expectColor(std::optional<int> color);
+    void expectFolder(const std::string& title, std::optional<std::string> answer);
+    /// While the next modal form is shown, `steps` run; the form is then hidden when it is still there.
+    void expectModal(std::function<void(Form&)> steps);
+    /// While the next popup is open, `steps` run.
+    void expectPopup(std::function<void(MenuItem&)> steps);
+
+    /// Nothing expected is outstanding; checked by the destructor too.
+    void verifyNothingOutstanding();
+
+    std::vector<std::string> started;        ///< programs started, their words joined by "|"
+    std::vector<std::string> opened;         ///< targets given to the desktop
+    std::vector<std::string> helpPages;      ///< addresses shown by the help window
+    std::vector<std::string> shownModeless;  ///< names of forms, with " owned" behind those above the frame
+    std::vector<std::string> fontNames = {"Arial", "Courier", "Times"};
+    std::map<std::string, int> startFails;  ///< program name -> error number of starting it
+    std::string clipboardText;
+    std::string today = "Saturday, 21 November 2026";
+    std::string focused;  ///< name of the control that got the focus last
+    MousePointer pointer = MousePointer::standard;
+    int beeps = 0;
+    int eventRounds = 0;
+    /// Runs in place of the waiting events.
+    std::function<void()> onProcessEvents;
+
+private:
+    struct Step {
+        std::string kind;
+        Message message;
+        std::string prompt;
+        std::string title;
+        Answer answer = Answer::ok;
+        std::string text;
+        std::vector<std::string> paths;
+        std::optional<int> color;
+        std::function<void(const FileRequest&)> look;
+        std::function<void(Form&)> modal;
+        std::function<void(MenuItem&)> popup;
+    };
+    std::optional<Step> next(const std::string& kind, const std::string& what);
+
+    Answer message(const Message& message) override;
+    std::string input(const InputRequest& request) override;
+    std::vector<std::string> openFiles(const FileRequest& request) override;
+    std::optional<std::string> saveFile(const FileRequest& request) override;
+    std::optional<int> color() override;
+    std::optional<std::string> folder(const std::string& title, const std::string& start) override;
+
+    void beep() override { ++beeps; }
+    void setMousePointer(MousePointer value) override { pointer = value; }
+    std::vector<std::string> fonts() override { return fontNames; }
+    void processEvents() override;
+
+    bool open(const std::string& target) override;
+    void start(const std::vector<std::string>& words, const std::string& workingDirectory) override;
+    std::string longDate() override { return today; }
+    std::string text() override { return clipboardText; }
+    void setText(const std::string& text) override { clipboardText = text; }
+    void show(const std::string& address) override { helpPages.push_back(address); }
+
+    void create(Form& form) override;
+    void destroy(Form& form) override;
+    void showModal(Form& form) override;
+    void showModeless(Form& form, bool owned) override;
+    void hide(Form& form) override;
+    void popupMenu(MenuItem& menu) override;
+    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
+
+    Platform platform_;
+    std::deque<Step> steps_;
+};
+
+/// A private directory with the program's and the settings' directories in it, in force while it lives.
+class TestDirectory {
+public:
+    TestDirectory();
+    ~TestDirectory();
+    TestDirectory(const TestDirectory&) = delete;
+    TestDirectory& operator=(const TestDirectory&) = delete;
+
+    /// A path in it.
+    std::string path(const std::string& name) const;
+    /// Writes a file in it and gives its path.
+    std::string write(const std::string& name, const std::string& bytes) const;
+    /// The bytes of a file in it.
+    std::string read(const std::string& name) const;
+    std::string program() const { return path("program"); }
+
+private:
+    std::string directory_;
+    std::shared_ptr<void> inForce_;
+};
+
+}  // namespace kelvor
