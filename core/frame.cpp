@@ -31,6 +31,7 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
         if (!row.name.empty()) menusByName_.emplace(row.name, item.get());
         menus_.push_back(std::move(item));
     }
+    Combo2.setSorted(true);
     // The design's one tab, which the start takes away.
     TabStrip1.add("placeholder", "");
 }
@@ -45,6 +46,14 @@ EditWindow& MDIForm1::activeForm() const {
     auto* window = dynamic_cast<EditWindow*>(mdi.activeForm());
     if (!window) throw Error(error_number::objectNotSet, "Object variable or With block variable not set");
     return *window;
+}
+
+DisabledFrame::DisabledFrame() {
+    mainForm().setEnabled(false);
+}
+
+DisabledFrame::~DisabledFrame() {
+    mainForm().setEnabled(true);
 }
 
 MDIForm1& mainForm() {

@@ -9,6 +9,7 @@
 #include "platform/combo_box.h"
 #include "platform/common_dialog.h"
 #include "platform/form.h"
+#include "platform/keyed_collection.h"
 #include "platform/mdi_area.h"
 #include "platform/menu_item.h"
 #include "platform/picture_box.h"
@@ -54,12 +55,21 @@ public:
     int untitledCount = 1;
     void increaseUntitledCount() { ++untitledCount; }
 
-    /// Paths of the recent files, the oldest first.
-    std::vector<std::string> recentFiles;
+    /// Paths of the recent files, the oldest first, each its own key.
+    KeyedCollection<std::string> recentFiles;
 
 private:
     std::vector<std::unique_ptr<MenuItem>> menus_;
     std::unordered_map<std::string, MenuItem*> menusByName_;
+};
+
+/// Keeps the frame from taking commands while it lives.
+class DisabledFrame {
+public:
+    DisabledFrame();
+    ~DisabledFrame();
+    DisabledFrame(const DisabledFrame&) = delete;
+    DisabledFrame& operator=(const DisabledFrame&) = delete;
 };
 
 /// The one frame, made on first use.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace kelvor {
 
 namespace {
@@ -13,7 +15,10 @@ Error noSuchRow(long index) {
 }  // namespace
 
 void ComboBox::addItem(const std::string& item) {
-    insertItem(list_.size(), item);
+    if (!sorted_) return insertItem(list_.size(), item);
+    const auto place = std::upper_bound(list_.begin(), list_.end(), item,
+                                        [](const auto& left, const auto& right) { return compareText(left, right) < 0; });
+    insertItem(static_cast<std::size_t>(place - list_.begin()), item);
 }
 
 void ComboBox::insertItem(std::size_t index, const std::string& item) {
@@ -29,6 +34,7 @@ void ComboBox::removeItem(std::size_t index) {
     if (listIndex_ == static_cast<int>(index)) {
         listIndex_ = -1;
         text_.clear();
+        placeCaret(0);
     } else if (listIndex_ > static_cast<int>(index)) {
         --listIndex_;
     }
@@ -39,6 +45,7 @@ void ComboBox::clear() {
     list_.clear();
     listIndex_ = -1;
     text_.clear();
+    placeCaret(0);
     tell(Aspect::list);
 }
 
@@ -46,6 +53,7 @@ void ComboBox::select(int index) {
     if (index < -1 || index >= static_cast<int>(list_.size())) throw noSuchRow(index);
     listIndex_ = index;
     text_ = index < 0 ? std::string() : list_[static_cast<std::size_t>(index)];
+    placeCaret(0);
     tell(Aspect::selection);
     clicked.raise();
 }
@@ -61,6 +69,7 @@ void ComboBox::choose(int index) {
 void ComboBox::setText(const std::string& text) {
     if (text == text_) return;
     text_ = text;
+    placeCaret(0);
     const auto row = std::find(list_.begin(), list_.end(), text);
     listIndex_ = row == list_.end() ? -1 : static_cast<int>(row - list_.begin());
     tell(Aspect::text);

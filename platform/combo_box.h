@@ -3,19 +3,22 @@
 #include <string>
 #include <vector>
 
-#include "platform/control.h"
+#include "platform/text_field.h"
 
 namespace kelvor {
 
 /// A list that drops down from a text. A drop-down list takes its rows only; an editable one any text.
-class ComboBox : public Control {
+class ComboBox : public TextField {
 public:
     enum class Style { editable, dropDownList };
 
     explicit ComboBox(Form& form, std::string name, Style style = Style::dropDownList)
-        : Control(form, std::move(name)), style_(style) {}
+        : TextField(form, std::move(name)), style_(style) {}
 
     Style style() const { return style_; }
+
+    /// Rows added from now on take their place in the order in which a person sorts names.
+    void setSorted(bool sorted) { sorted_ = sorted; }
 
     const std::vector<std::string>& list() const { return list_; }
     void addItem(const std::string& item);
@@ -30,7 +33,7 @@ public:
     /// Chooses a row, or none with -1, and raises `clicked` when the choice differs. Beyond the rows: error 5.
     void setListIndex(int index);
 
-    const std::string& text() const { return text_; }
+    const std::string& text() const override { return text_; }
     /// Writes the text of an editable box; `changed` when it differs. The choice becomes the row of exactly
     /// that text, or none.
     void setText(const std::string& text);
@@ -48,6 +51,7 @@ private:
     void select(int index);
 
     Style style_;
+    bool sorted_ = false;
     std::vector<std::string> list_;
     int listIndex_ = -1;
     std::string text_;

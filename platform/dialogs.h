@@ -16,7 +16,7 @@ struct Message {
     std::string title;
     MessageIcon icon = MessageIcon::none;
     MessageButtons buttons = MessageButtons::ok;
-    /// The button that Enter presses.
+    /// The button that Enter presses; `ok` means the first one.
     Answer standard = Answer::ok;
 };
 

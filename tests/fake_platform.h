@@ -43,6 +43,9 @@ public:
     /// While the next popup is open, `steps` run.
     void expectPopup(std::function<void(MenuItem&)> steps);
 
+    /// From now on every message box gets this answer unseen; for the end of a test.
+    void answerAllMessages(Answer answer) { answerAll_ = answer; }
+
     /// Nothing expected is outstanding; checked by the destructor too.
     void verifyNothingOutstanding();
 
@@ -106,6 +109,7 @@ private:
 
     Platform platform_;
     std::deque<Step> steps_;
+    std::optional<Answer> answerAll_;
 };
 
 /// A private directory with the program's and the settings' directories in it, in force while it lives.

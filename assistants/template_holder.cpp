@@ -1,0 +1,164 @@
+#include "assistants/template_holder.h"
+
+#include "authoring/common.h"
+#include "core/enablement.h"
+#include "core/file_open.h"
+#include "core/frame.h"
+#include "core/recent_files.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "platform/text_search.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr std::string_view extension = ".tpl";
+
+FormInstance<TemplateHolder>& instance() {
+    static FormInstance<TemplateHolder> holder;
+    return holder;
+}
+
+std::string templateDirectory() {
+    return joinPath(programDirectory(), "Templates");
+}
+
+bool isDefaultTemplate(const std::string& name) {
+    return TextSearch("Default Template", 0).find(name).has_value();
+}
+
+void refuseDeletion() {
+    beepAndShow({.text = "You can not delete the default template.\r\n"
+                         "You can open and modify the default template with the editor.",
+                 .title = "Template deletion error",
+                 .icon = MessageIcon::exclamation});
+}
+
+bool confirmDeletion(const std::string& name) {
+    return platform().dialogs.message({.text = "Delete [" + name + ".tpl] template?",
+                                       .title = "Delete confirmation",
+                                       .icon = MessageIcon::question,
+                                       .buttons = MessageButtons::yesNo,
+                                       .standard = Answer::no}) == Answer::yes;
+}
+
+/// Whether a template may have that name; the user has been told otherwise.
+bool validTemplateName(const std::string& name) {
+    if (!validFileName(name)) return false;
+    if (name.find('.') == std::string::npos) return true;
+    beepAndShow({.text = "A template name cannot contain a period(.).",
+                 .title = "Illegal character in requested template name",
+                 .icon = MessageIcon::critical});
+    return false;
+}
+
+}  // namespace
+
+TemplateHolder& templateHolder() {
+    return instance().get();
+}
+
+TemplateHolder::TemplateHolder() : Form("templateHolder", "Templates") {
+    onLoad = [this] { Form_Load(); };
+    activated.connect([this] {
+        if (lbxTemplates.count() > 0) lbxTemplates.SetFocus();
+    });
+    lbxTemplates.doubleClicked.connect([this] { cmdOpen_Click(); });
+    lbxTemplates.beforeLabelEdit.connect([this](bool&) { templatePath_ = selectedName(); });
+    lbxTemplates.afterLabelEdit.connect(
+        [this](const std::string& text, bool& cancel) { lbxTemplates_AfterLabelEdit(text, cancel); });
+    cmdOpen.clicked.connect([this] { cmdOpen_Click(); });
+    cmdEdit.clicked.connect([this] { cmdEdit_Click(); });
+    cmdDelete.clicked.connect([this] { deleteTemplate(); });
+    cmdClose.clicked.connect([this] { unload(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void TemplateHolder::Form_Load() {
+    // Without templates the error is told and the form still loads: a first one can be added.
+    guarded([this] { populateTemplateBox(); });
+    if (lbxTemplates.count() > 0) lbxTemplates.setSelectedRow(0);
+}
+
+void TemplateHolder::populateTemplateBox() {
+    for (const std::string& name : listTemplateNames()) lbxTemplates.addRow(name);
+}
+
+std::string TemplateHolder::selectedName() const {
+    if (lbxTemplates.selectedRow() < 0) throw Error(error_number::objectNotSet, "No template is selected");
+    return lbxTemplates.rows()[static_cast<std::size_t>(lbxTemplates.selectedRow())];
+}
+
+void TemplateHolder::cmdOpen_Click() {
+    const std::string path = templateFile(selectedName());
+    if (!fileOpen(path, true)) return reportOpenError(path);
+    enableMenuItems();
+    mainForm().increaseUntitledCount();
+    unload();
+}
+
+void TemplateHolder::cmdEdit_Click() {
+    const std::string path = templateFile(selectedName());
+    if (!fileOpen(path, false)) return reportOpenError(path);
+    updateOpenFileCollection();
+    enableMenuItems();
+    unload();
+}
+
+void TemplateHolder::deleteTemplate() {
+    const std::string name = selectedName();
+    if (isDefaultTemplate(name)) return refuseDeletion();
+    if (!confirmDeletion(name)) return;
+    removeFile(templateFile(name));
+    lbxTemplates.removeRow(lbxTemplates.selectedRow());
+}
+
+void TemplateHolder::lbxTemplates_AfterLabelEdit(const std::string& text, bool& cancel) {
+    if (validTemplateName(text)) {
+        renameFile(templateFile(templatePath_), templateFile(text));
+    } else {
+        cancel = true;
+    }
+}
+
+void TemplateHolder::addTpl(const std::string& name) {
+    const std::string path = templateFile(name);
+    if (fileExists(path)) {
+        beepAndShow({.text = "You already have a template file on disk with the filename required by this new "
+                             "template.\r\n\r\nPlease modify the template name slightly to allow the addition of the "
+                             "new template to occur.",
+                     .title = "Template file already exists.",
+                     .icon = MessageIcon::question});
+        mnuTools_CreateTemplate_Click();
+        return;
+    }
+    saveFileInPlace(path, mainForm().activeForm().Text1.text() + "\r\n");
+    beepAndShow({.text = "Template add complete!", .title = "Template added", .icon = MessageIcon::information});
+}
+
+std::vector<std::string> listTemplateNames() {
+    std::vector<std::string> names = filesMatching(templateDirectory(), "*" + std::string(extension));
+    if (names.empty()) throw Error(error_number::invalidProcedureCall, "Invalid procedure call or argument");
+    for (std::string& name : names) name.resize(name.size() - extension.size());
+    return names;
+}
+
+std::string templateFile(const std::string& name) {
+    return joinPath(templateDirectory(), name + std::string(extension));
+}
+
+void mnuTools_CreateTemplate_Click() {
+    const std::string name = platform().dialogs.input(
+        {.prompt = "Enter a descriptive name for the template.\r\n\r\nNote: This name must also be a valid filename.",
+         .title = "Create Template."});
+    if (name.empty() || !validFileName(name)) return;
+    TemplateHolder& holder = templateHolder();
+    holder.load();
+    holder.addTpl(name);
+    mainForm().activeForm().Text1.SetFocus();
+}
+
+}  // namespace kelvor

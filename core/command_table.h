@@ -1,0 +1,8 @@
+#pragma once
+
+namespace kelvor {
+
+/// Joins every control of the frame to its procedure. Once, after the frame has been made.
+void connectCommands();
+
+}  // namespace kelvor

@@ -1,0 +1,99 @@
+#include "core/file_open.h"
+
+#include "authoring/common.h"
+#include "core/document_manager.h"
+#include "core/enablement.h"
+#include "core/file_filter.h"
+#include "core/recent_files.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Tells that a file to be opened is not there.
+void reportNoSuchFile(const std::string& path) {
+    beepAndShow({.text = "The file " + path + " does not exist.",
+                 .title = "File Open Error",
+                 .icon = MessageIcon::exclamation});
+}
+
+std::shared_ptr<CDocument> newDocument() {
+    MDIForm1& frame = mainForm();
+    auto document = std::make_shared<CDocument>();
+    document->setDocumentManager(*documentManager());
+    document->setDocTabStrip(frame.TabStrip1);
+    document->setUniqueDocID(frame.fileCount);
+    document->setUntitledCount(frame.untitledCount);
+    document->setVDirManagerRef(*vdirManager());
+    return document;
+}
+
+/// A failed open beside one other document leaves the frame in its empty state.
+void giveUp(CDocument& document) {
+    document.CloseDoc();
+    if (!hasManyMdiChildren()) disableMenuItems();
+}
+
+void openOne(const std::string& path) {
+    if (fileOpen(path, false)) {
+        updateOpenFileCollection();
+    } else {
+        reportOpenError(path);
+    }
+}
+
+}  // namespace
+
+bool fileOpen(const std::string& path, bool isUntitled) {
+    const DisabledFrame disabled;
+    if (!fileExists(path)) {
+        reportNoSuchFile(path);
+        return false;
+    }
+    const EventScope scope;
+    const auto document = newDocument();
+    if (!document->OpenDoc(path, isUntitled)) {
+        giveUp(*document);
+        retire(document);
+        return false;
+    }
+    mainForm().StatusBar1.setPanelText(panel::saved, "File Saved: Yes");
+    return true;
+}
+
+void mnuFile_Open_Click() {
+    using namespace dialog_flag;
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.initDir = lastDir;
+    dialog.dialogTitle = "Open HTML file (multiple selections allowed)";
+    dialog.filter = fileFilter;
+    dialog.filterIndex = preferredFilterIndex();
+    dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
+    dialog.fileName.clear();
+    try {
+        dialog.ShowOpen();
+    } catch (const Error& error) {
+        if (error.number() == error_number::dialogCancelled) return;
+        throw;
+    }
+    lastDir = directoryPart(dialog.fileName);
+    const auto paths = dialog.fileNames;
+    for (const std::string& path : paths) openOne(path);
+    if (!hasMdiChild()) return;
+    enableMenuItems();
+    mainForm().activeForm().Text1.SetFocus();
+}
+
+void mnuFile_RecentFiles_Click(int index) {
+    const std::string path = mainForm().menu("mnuFile_RecentFiles_" + std::to_string(index)).caption();
+    if (!fileExists(path)) return reportNoSuchFile(path);
+    if (fileOpen(path, false)) {
+        enableMenuItems();
+    } else {
+        reportOpenError(path);
+    }
+}
+
+}  // namespace kelvor

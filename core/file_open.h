@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace kelvor {
+
+/// The one road by which a document comes to be. The frame takes no commands meanwhile.
+/// @param isUntitled  the file's text only, as a new document with the next untitled name
+/// @return false when there is no such file (the user has been told) or it cannot be read (the caller tells)
+bool fileOpen(const std::string& path, bool isUntitled);
+
+/// Asks for files and opens each; the directory becomes `lastDir`.
+void mnuFile_Open_Click();
+
+/// Opens the recent file at a row of the File menu, from 0.
+void mnuFile_RecentFiles_Click(int index);
+
+}  // namespace kelvor

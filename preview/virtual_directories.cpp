@@ -1,0 +1,134 @@
+#include "preview/virtual_directories.h"
+
+#include <string_view>
+
+#include "authoring/common.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "platform/text_encoding.h"
+#include "platform/text_search.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+/// The parts of `line` between the "|". A part beyond the second is of no use and stays unread.
+std::pair<std::string, std::string> splitMapping(std::string_view line) {
+    const auto bar = line.find('|');
+    if (bar == std::string_view::npos) throw Error(error_number::subscriptOutOfRange, "Subscript out of range");
+    const std::string_view rest = line.substr(bar + 1);
+    return {std::string(line.substr(0, bar)), std::string(rest.substr(0, rest.find('|')))};
+}
+
+void addLines(std::string_view text, VirtualDirectories& directories) {
+    while (!text.empty()) {
+        const auto end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        const auto [path, url] = splitMapping(line);
+        directories.Add(path, url, path);
+    }
+}
+
+std::string replaceAll(std::string_view text, std::string_view pattern, std::string_view replacement) {
+    const TextSearch search(pattern, 0);
+    std::string result;
+    std::size_t position = 0;
+    while (const auto match = search.find(text, position)) {
+        result.append(text.substr(position, match->position - position)).append(replacement);
+        position = match->position + match->length;
+    }
+    return result.append(text.substr(position));
+}
+
+}  // namespace
+
+std::shared_ptr<CVDir> VirtualDirectories::Add(const std::string& fileSystemPath, const std::string& url,
+                                               const std::string& key) {
+    auto mapping = std::make_shared<CVDir>();
+    mapping->setFileSystemPath(fileSystemPath);
+    mapping->setURL(url);
+    mappings_.Add(mapping, key);
+    return mapping;
+}
+
+void CVirtualDirManager::setVirtualDirectories(kelvor::VirtualDirectories directories) {
+    directories_ = std::make_unique<kelvor::VirtualDirectories>(std::move(directories));
+}
+
+bool CVirtualDirManager::ReadVDirs() {
+    if (filePath_.empty()) return true;
+    try {
+        if (!listingFinds(filePath_)) saveFileInPlace(filePath_, "");
+        addLines(decode(readFile(filePath_)).text, *directories_);
+    } catch (const Error&) {
+        return false;
+    }
+    return true;
+}
+
+std::string CVirtualDirManager::GetVDirForPath(const std::string& path) const {
+    for (const auto& mapping : directories_->items()) {
+        std::string result = replaceAll(path, mapping->FileSystemPath(), mapping->URL());
+        if (result != path) return result;
+    }
+    return path;
+}
+
+bool CVirtualDirManager::WriteVDirs() const {
+    if (filePath_.empty()) return true;
+    std::string text;
+    for (const auto& mapping : directories_->items())
+        text.append(mapping->FileSystemPath()).append("|").append(mapping->URL()).append("\n");
+    try {
+        const bool exists = listingFinds(filePath_);
+        if (text.empty()) {
+            if (exists) removeFile(filePath_);
+            return true;
+        }
+        const Encoding encoding = exists ? decode(readFile(filePath_)).encoding : Encoding::utf8;
+        saveFileInPlace(filePath_, encode(text, encoding).value_or(text));
+    } catch (const Error&) {
+        return false;
+    }
+    return true;
+}
+
+bool CVirtualDirManager::ReSyncVDirs() {
+    if (!files_) return true;
+    for (MappedFile* file : files_()) file->setURLForDocument(GetVDirForPath(file->LongFileName()));
+    return true;
+}
+
+void CVirtualDirManager::ReadVDirsFailed() const {
+    beepAndShow({.text = "Unable to read VDirs.txt.  Please consult the online help.",
+                 .title = "File read failed",
+                 .icon = MessageIcon::critical});
+}
+
+void CVirtualDirManager::WriteVDirsFailed() const {
+    beepAndShow({.text = "Unable to write to VDirs.txt.  Please consult the online help.",
+                 .title = "File write failed",
+                 .icon = MessageIcon::critical});
+}
+
+std::unique_ptr<CVirtualDirManager>& vdirManager() {
+    static std::unique_ptr<CVirtualDirManager> manager;
+    return manager;
+}
+
+void initVDirs() {
+    vdirManager() = std::make_unique<CVirtualDirManager>();
+    vdirManager()->setVDirFilePath(joinPath(programDirectory(), "VDirs.txt"));
+    if (!vdirManager()->ReadVDirs()) vdirManager()->ReadVDirsFailed();
+}
+
+void setEnforceVDirs(bool enforce) {
+    SaveSetting(application, "User", "EnforceVDirs", enforce ? "1" : "0");
+    vdirManager()->setEnforceVDirs(enforce);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,55 @@
+#include "tests/kelvor_fixture.h"
+
+#include <cstdlib>
+
+#include "authoring/common.h"
+#include "core/enablement.h"
+#include "core/file_open.h"
+#include "core/startup.h"
+#include "platform/text_buffer.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+KelvorTest::KelvorTest() {
+    // The lock of the one running copy is each test's own.
+    setenv("XDG_RUNTIME_DIR", files.path("settings").c_str(), 1);
+}
+
+KelvorTest::~KelvorTest() {
+    platform.verifyNothingOutstanding();
+    platform.answerAllMessages(Answer::no);
+    if (mainForm().isLoaded()) mainForm().unload();
+    releaseMainForm();
+    closeSettings();
+    lastDir.clear();
+    fontList.clear();
+    userStrings.clear();
+    editorBackColor = editorForeColor = -1;
+}
+
+void KelvorTest::start() {
+    SaveSetting(application, "User", "LCase", "False");
+    ASSERT_TRUE(startKelvor());
+    // From here on an error of a handler is a failure of the test, not a message box.
+    setErrorSink([](const Error& error) { ADD_FAILURE() << error.number() << ": " << error.description(); });
+}
+
+CDocument& KelvorTest::open(const std::string& name, const std::string& bytes) {
+    EXPECT_TRUE(fileOpen(files.write(name, bytes), false));
+    enableMenuItems();
+    return documentManager()->currentDocument();
+}
+
+void KelvorTest::type(const std::string& text) {
+    dynamic_cast<TextBuffer&>(mainForm().activeForm().Text1).type(text);
+}
+
+Message KelvorTest::saveQuestion(const std::string& name) {
+    return {.text = "The text in [" + name + "] has changed.\r\nDo you want to save the changes?",
+            .title = "Kelvor",
+            .icon = MessageIcon::question,
+            .buttons = MessageButtons::yesNoCancel};
+}
+
+}  // namespace kelvor
