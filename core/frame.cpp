@@ -25,7 +25,8 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
         auto item = std::make_unique<MenuItem>(*this, std::string(row.name), parent);
         item->setCaption(std::string(row.caption));
         item->setShortcut(std::string(row.shortcut));
-        item->setVisible((row.flags & (menu_flag::hidden | menu_flag::popup)) == 0);
+        item->setVisible((row.flags & menu_flag::hidden) == 0);
+        if ((row.flags & menu_flag::popup) != 0) item->makePopup();
         item->setEnabled((row.flags & menu_flag::disabled) == 0);
         item->setChecked((row.flags & menu_flag::checked) != 0);
         if (!row.name.empty()) menusByName_.emplace(row.name, item.get());

@@ -6,11 +6,8 @@ MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent) : Control(for
 }
 
 bool MenuItem::reachable() const {
-    // A popup's own top row is never seen in the bar and has no say in what its rows may do.
-    for (const MenuItem* item = this; item; item = item->parent()) {
-        const bool popupTop = item != this && !item->parent();
-        if (!item->enabled() || (!item->visible() && !popupTop)) return false;
-    }
+    for (const MenuItem* item = this; item; item = item->parent())
+        if (!item->enabled() || (!item->visible() && !item->popup_)) return false;
     return true;
 }
 

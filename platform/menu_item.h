@@ -23,6 +23,12 @@ public:
     const std::string& shortcut() const { return shortcut_; }
     void setShortcut(const std::string& shortcut) { shortcut_ = shortcut; }
 
+    /// Makes it the top of a popup menu: hidden in the bar, while its rows are reached all the same.
+    void makePopup() {
+        popup_ = true;
+        setVisible(false);
+    }
+
     bool checked() const { return checked_; }
     void setChecked(bool checked) { change(checked_, checked, Aspect::value); }
 
@@ -41,6 +47,7 @@ private:
     std::string caption_;
     std::string shortcut_;
     bool checked_ = false;
+    bool popup_ = false;
 };
 
 }  // namespace kelvor
