@@ -11,7 +11,20 @@ namespace kelvor {
 class Form;
 
 /// What of a control has changed, told to the widget that follows it.
-enum class Aspect { caption, enabled, visible, focus, text, value, list, selection, order, toolTip };
+enum class Aspect {
+    caption,
+    enabled,
+    visible,
+    focus,
+    text,
+    textSelection,
+    value,
+    list,
+    selection,
+    order,
+    toolTip,
+    color
+};
 
 /// A control's own state, without a toolkit. A widget of the same name follows it: it is told each change
 /// of the state and gives the user's acts back as calls. A write that changes nothing is told to nobody.

@@ -35,7 +35,8 @@ public:
     using Control::Control;
 
     /// The whole text. A write replaces it, sets the caret to the start, and always raises `changed`;
-    /// it can be undone. Bytes that are not UTF-8 are written as U+FFFD.
+    /// it can be undone. Bytes that are not UTF-8 are written as U+FFFD. What is written, here and in setSelText,
+    /// must not be a view of the control's own text. Throws Error 7 when memory does not suffice.
     std::string text() const { return std::string(textView()); }
     void setText(std::string_view text);
     /// The text without a copy; good until the next change.
@@ -93,7 +94,8 @@ public:
     void cut();
     void copy();
     void paste();
-    virtual void undo() = 0;
+    /// Takes the last step back; the caret goes to where that was. Nothing inside a Batch.
+    void undo();
     void selectAll();
 
     /// Puts the control on top of its pane.
@@ -128,6 +130,8 @@ protected:
     virtual void scrollToSelection() = 0;
     /// The whole text anew, with no undo step left.
     virtual void loadText(std::string_view text) = 0;
+    /// Takes the last step back and moves the caret there; false when there is none.
+    virtual bool undoStep() = 0;
     virtual void showColors() = 0;
     virtual void beginBatch() = 0;
     virtual void endBatch() = 0;
@@ -141,9 +145,19 @@ protected:
     void raiseSelectionChanged();
 
 private:
+    template <typename Act>
+    void perform(Act act);
+    const TextSearch& searchFor(std::string_view text, int options);
     void enterBatch();
     void leaveBatch();
 
+    /// The search of the last Find; a run of equal ones makes it ready once.
+    struct Search {
+        std::string text;
+        int options;
+        TextSearch search;
+    };
+    std::optional<Search> search_;
     int selColor_ = -1;
     int backColor_ = -1;
     Encoding encoding_ = Encoding::utf8;

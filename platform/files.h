@@ -18,21 +18,30 @@ std::string readFile(const std::string& path);
 /// A file whose mode has no write bit is refused, for root as well.
 void saveFileInPlace(const std::string& path, std::string_view bytes);
 
-/// Appends one line in one write, never following a link, never waiting; false when it could not.
+/// Whether a save over the file would be refused: its mode has no write bit (root too), or the user or the disk
+/// does not let it be written. False when there is no such file.
+bool isReadOnly(const std::string& path);
+
+/// Appends `line`, which brings its own line end, in one write, never following a link, never waiting; false when it
+/// could not. A missing file is made.
 bool appendToFile(const std::string& path, std::string_view line);
 
 /// Whether a directory listing of `path` names something: a plain path, or one whose last part holds
-/// "*" or "?". Directories themselves do not count. Patterns ignore case, and "*.*" is every file.
+/// "*" or "?". Directories themselves and links that lead nowhere do not count. Patterns ignore case, and "*.*" is
+/// every file.
 bool listingFinds(const std::string& path);
 
-/// The names (no directory) of the files in `directory` that match `pattern`, sorted as a person reads them.
+/// The names (no directory) of the files in `directory` that match `pattern`, sorted as a person reads them. Names are
+/// bytes as the disk holds them, also when they are not UTF-8. None when the directory cannot be read.
 std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern);
 
 /// Whether a file name matches a pattern of "*" and "?", case ignored; "*.*" matches every name.
 bool nameMatches(std::string_view name, std::string_view pattern);
 
 bool isDirectory(const std::string& path);
+/// Throws Error when the file is not there or does not go.
 void removeFile(const std::string& path);
+/// Renames in one step, over a file of the new name. Throws Error, also when the two are on different disks.
 void renameFile(const std::string& from, const std::string& to);
 
 }  // namespace kelvor

@@ -13,7 +13,7 @@ std::size_t TabStrip::indexOf(const std::string& key) const {
 void TabStrip::add(const std::string& key, const std::string& caption) {
     if (std::any_of(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; }))
         throw Error(error_number::duplicateKey, "There is a tab " + key + " already");
-    tabs_.push_back({.key = key, .caption = caption, .tag = {}});
+    tabs_.push_back({.key = key, .caption = caption, .tag = {}, .toolTip = {}});
     if (!selected_) selected_ = 0;
     tell(Aspect::list);
 }
@@ -35,6 +35,10 @@ void TabStrip::setCaption(const std::string& key, const std::string& caption) {
 
 void TabStrip::setTag(const std::string& key, const std::string& tag) {
     tabs_[indexOf(key)].tag = tag;
+}
+
+void TabStrip::setTabToolTip(const std::string& key, const std::string& text) {
+    change(tabs_[indexOf(key)].toolTip, text, Aspect::list);
 }
 
 const TabStrip::Tab& TabStrip::selectedItem() const {

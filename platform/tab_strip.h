@@ -15,6 +15,7 @@ public:
         std::string key;
         std::string caption;
         std::string tag;
+        std::string toolTip;
     };
 
     using Control::Control;
@@ -31,6 +32,8 @@ public:
 
     void setCaption(const std::string& key, const std::string& caption);
     void setTag(const std::string& key, const std::string& tag);
+    /// What the tab tells of itself while the pointer rests on it.
+    void setTabToolTip(const std::string& key, const std::string& text);
 
     /// The selected tab. With no tabs an error 91.
     const Tab& selectedItem() const;

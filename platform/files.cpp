@@ -1,0 +1,135 @@
+#include "platform/files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#include "platform/code_points.h"
+#include "platform/file_error.h"
+#include "platform/paths.h"
+#include "platform/regular_file.h"
+#include "platform/system_calls.h"
+#include "platform/text.h"
+
+namespace kelvor {
+
+namespace {
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { closedir(directory); }
+};
+
+/// Whether an entry of a listing is a file and no directory; a link is what it leads to.
+bool isFileEntry(int directory, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type != DT_DIR;
+    struct stat status {};
+    return fstatat(directory, entry.d_name, &status, 0) == 0 && !S_ISDIR(status.st_mode);
+}
+
+/// Calls `visit` with the name of each file in the directory until it answers false.
+template <typename Visit>
+void visitFiles(const std::string& directory, const Visit& visit) {
+    const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
+    if (!stream) return;
+    while (const auto* entry = readdir(stream.get())) {
+        if (isFileEntry(dirfd(stream.get()), *entry) && !visit(std::string(entry->d_name))) return;
+    }
+}
+
+}  // namespace
+
+std::string readFile(const std::string& path) {
+    auto regular = openRegularFile(path, O_RDONLY);
+    if (!regular) throw fileError(ENOENT, path);
+    return readToEnd(regular->file.descriptor(), regular->status.st_size, path);
+}
+
+bool isReadOnly(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return false;
+    return !hasWriteBit(status) || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+bool appendToFile(const std::string& path, std::string_view line) {
+    constexpr mode_t readAndWrite = 0666;
+    const int flags = O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    const OpenFile file(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, readAndWrite); }));
+    struct stat status {};
+    if (file.descriptor() < 0 || fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+    const auto written = uninterrupted([&] { return write(file.descriptor(), line.data(), line.size()); });
+    return written == static_cast<ssize_t>(line.size());
+}
+
+bool listingFinds(const std::string& path) {
+    const auto pattern = fileNamePart(path);
+    if (pattern.find_first_of("*?") == std::string::npos) {
+        struct stat status {};
+        return stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+    }
+    const auto directory = directoryPart(path);
+    bool found = false;
+    visitFiles(directory.empty() ? "." : directory, [&](const std::string& name) {
+        found = nameMatches(name, pattern);
+        return !found;
+    });
+    return found;
+}
+
+std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern) {
+    std::vector<std::string> names;
+    visitFiles(directory, [&](std::string name) {
+        if (nameMatches(name, pattern)) names.push_back(std::move(name));
+        return true;
+    });
+    std::sort(names.begin(), names.end(),
+              [](const auto& left, const auto& right) { return compareText(left, right) < 0; });
+    return names;
+}
+
+bool nameMatches(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*") return true;
+    // Only the last star needs to be tried again: what the earlier ones took may stay as short as it is.
+    std::size_t atName = 0;
+    std::size_t atPattern = 0;
+    std::size_t starName = 0;
+    std::size_t behindStar = std::string_view::npos;
+    while (atName < name.size()) {
+        const auto character = codePointAt(name, atName);
+        const auto wanted = atPattern < pattern.size() ? codePointAt(pattern, atPattern) : CodePoint{};
+        if (wanted.length > 0 && wanted.value == '*') {
+            behindStar = ++atPattern;
+            starName = atName;
+        } else if (wanted.length > 0 &&
+                   (wanted.value == '?' || foldedCodePoint(wanted.value) == foldedCodePoint(character.value))) {
+            atName += character.length;
+            atPattern += wanted.length;
+        } else if (behindStar != std::string_view::npos) {
+            starName += codePointAt(name, starName).length;
+            atName = starName;
+            atPattern = behindStar;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', atPattern) == std::string_view::npos;
+}
+
+bool isDirectory(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+void removeFile(const std::string& path) {
+    if (unlink(path.c_str()) != 0) throw fileError(errno, path);
+}
+
+void renameFile(const std::string& from, const std::string& to) {
+    if (rename(from.c_str(), to.c_str()) != 0) throw fileError(errno, from);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,41 @@
+#include "platform/system_calls.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace kelvor {
+
+SystemCalls kernelCalls() {
+    SystemCalls calls;
+    calls.open = [](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); };
+    calls.stat = ::stat;
+    calls.fstat = ::fstat;
+    calls.pread = ::pread;
+    calls.pwrite = ::pwrite;
+    calls.fallocate = ::fallocate;
+    calls.ftruncate = ::ftruncate;
+    calls.fsync = ::fsync;
+    calls.close = ::close;
+    calls.unlink = ::unlink;
+    return calls;
+}
+
+SystemCalls& systemCalls() {
+    static SystemCalls calls = kernelCalls();
+    return calls;
+}
+
+ScopedSystemCalls::ScopedSystemCalls(SystemCalls calls) : previous_(std::exchange(systemCalls(), std::move(calls))) {
+}
+
+ScopedSystemCalls::~ScopedSystemCalls() {
+    systemCalls() = std::move(previous_);
+}
+
+bool OpenFile::close() {
+    const int descriptor = std::exchange(descriptor_, -1);
+    // An interrupted close has closed all the same.
+    return descriptor < 0 || systemCalls().close(descriptor) == 0 || errno == EINTR;
+}
+
+}  // namespace kelvor

@@ -1,0 +1,121 @@
+#include "platform/text.h"
+
+#include <unicode/casemap.h>
+#include <unicode/coll.h>
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+
+#include "platform/code_points.h"
+#include "platform/error.h"
+
+namespace kelvor {
+
+namespace {
+
+/// ICU counts bytes in 32 bits and a case mapping may triple them, so long texts are mapped in pieces.
+constexpr std::size_t largestPiece = std::size_t{256} << 20;
+
+/// Where a piece that begins at `start` ends: behind a line, or at least behind a whole character.
+std::size_t pieceEnd(std::string_view text, std::size_t start) {
+    if (text.size() - start <= largestPiece) return text.size();
+    const auto limit = start + largestPiece;
+    const auto lineEnd = text.substr(start, largestPiece).rfind('\n');
+    if (lineEnd != std::string_view::npos) return start + lineEnd + 1;
+    auto end = limit;
+    while (limit - end < 3 && isContinuationByte(text[end])) --end;
+    return end;
+}
+
+using CaseMapping = void (*)(const char*, uint32_t, icu::StringPiece, icu::ByteSink&, icu::Edits*, UErrorCode&);
+
+std::string mapped(std::string_view text, CaseMapping mapping) {
+    std::string result;
+    result.reserve(text.size());
+    icu::StringByteSink<std::string> sink(&result);
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = pieceEnd(text, start);
+        const icu::StringPiece piece(text.data() + start, static_cast<int32_t>(end - start));
+        UErrorCode status = U_ZERO_ERROR;
+        mapping("", 0, piece, sink, nullptr, status);
+        if (U_FAILURE(status)) throw Error(error_number::invalidProcedureCall, u_errorName(status));
+        start = end;
+    }
+    return result;
+}
+
+/// The order of the root collation; null when ICU's data are not there.
+const icu::Collator* rootCollator() {
+    static const std::unique_ptr<icu::Collator> collator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(icu::Locale::getRoot(), status));
+        return U_SUCCESS(status) ? std::move(made) : nullptr;
+    }();
+    return collator.get();
+}
+
+icu::StringPiece pieceOf(std::string_view text) {
+    return {text.data(), static_cast<int32_t>(text.size())};
+}
+
+}  // namespace
+
+std::string toUpper(std::string_view text) {
+    return mapped(text, icu::CaseMap::utf8ToUpper);
+}
+
+std::string toLower(std::string_view text) {
+    return mapped(text, icu::CaseMap::utf8ToLower);
+}
+
+std::string foldCase(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t position = 0; position < text.size();) {
+        const auto point = codePointAt(text, position);
+        appendCodePoint(result, foldedCodePoint(point.value));
+        position += point.length;
+    }
+    return result;
+}
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < left.size() && j < right.size()) {
+        const auto a = codePointAt(left, i);
+        const auto b = codePointAt(right, j);
+        if (a.value != b.value && foldedCodePoint(a.value) != foldedCodePoint(b.value)) return false;
+        i += a.length;
+        j += b.length;
+    }
+    return i == left.size() && j == right.size();
+}
+
+int compareText(std::string_view left, std::string_view right) {
+    if (const auto* collator = rootCollator()) {
+        UErrorCode status = U_ZERO_ERROR;
+        const auto order = collator->compareUTF8(pieceOf(left), pieceOf(right), status);
+        if (U_SUCCESS(status) && order != UCOL_EQUAL) return order;
+    }
+    // The collation takes some different texts for equal; a sorted list needs one order for them all the same.
+    return left.compare(right);
+}
+
+std::size_t characterCount(std::string_view text) {
+    // A character has one byte that is no continuation (10xxxxxx); eight bytes are looked at together.
+    constexpr uint64_t lowBits = 0x0101010101010101;
+    std::size_t continuations = 0;
+    std::size_t position = 0;
+    for (; position + sizeof(uint64_t) <= text.size(); position += sizeof(uint64_t)) {
+        uint64_t word = 0;
+        std::memcpy(&word, text.data() + position, sizeof word);
+        continuations += static_cast<std::size_t>(std::popcount((word >> 7) & (~word >> 6) & lowBits));
+    }
+    for (; position < text.size(); ++position) continuations += isContinuationByte(text[position]) ? 1 : 0;
+    return text.size() - continuations;
+}
+
+}  // namespace kelvor

@@ -1,0 +1,247 @@
+#include "platform/text_search.h"
+
+#include <unicode/uniset.h>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "platform/byte_filter.h"
+#include "platform/code_points.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Rare bytes are looked for among so many of a pattern's characters; more would not find rarer ones.
+constexpr std::size_t charactersWeighed = 256;
+
+/// One byte of the pattern as a text may spell it.
+struct PatternByte {
+    ByteClass bytes;
+    /// Bytes of the same run stand at fixed distances in every spelling of the pattern.
+    std::size_t run = 0;
+    /// The character boundary that lies behind the byte: how many bytes on, and after how many characters.
+    std::size_t toBoundary = 0;
+    std::size_t charactersToBoundary = 0;
+};
+
+/// Where in the pattern the first byte of the pair lies; see PatternByte.
+struct Anchor {
+    BytePair pair;
+    std::size_t toBoundary = 0;
+    std::size_t charactersToBoundary = 0;
+};
+
+/// All characters that fold to `folded`, each as its bytes: "k" is also "K" and the Kelvin sign of three bytes.
+std::vector<std::string> spellingsOf(UChar32 folded) {
+    std::vector<std::string> spellings(1);
+    appendCodePoint(spellings.front(), folded);
+    if (folded >= firstStrayByte) return spellings;
+    icu::UnicodeSet set(folded, folded);
+    set.closeOver(USET_CASE_INSENSITIVE);
+    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
+        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
+            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
+        }
+    }
+    return spellings;
+}
+
+std::vector<PatternByte> exactBytes(std::string_view pattern) {
+    std::vector<PatternByte> bytes;
+    for (const char byte : pattern.substr(0, charactersWeighed)) {
+        bytes.push_back({{0, static_cast<uint8_t>(byte)}, 0, 1, bytes.size() + 1});
+    }
+    return bytes;
+}
+
+std::vector<PatternByte> foldedBytes(const std::vector<UChar32>& pattern) {
+    std::vector<PatternByte> bytes;
+    std::size_t run = 0;
+    for (std::size_t i = 0; i < std::min(pattern.size(), charactersWeighed); ++i) {
+        const auto spellings = spellingsOf(pattern[i]);
+        const auto length = spellings.front().size();
+        const bool fixed = std::all_of(spellings.begin(), spellings.end(),
+                                       [&](const auto& spelling) { return spelling.size() == length; });
+        if (!fixed) ++run;
+        // Where the length differs only the last byte is at a fixed distance from what follows.
+        for (auto toBoundary = fixed ? length : 1; toBoundary > 0; --toBoundary) {
+            const auto byteOf = [&](const std::string& spelling) { return spelling[spelling.size() - toBoundary]; };
+            ByteClass spelled{0, static_cast<uint8_t>(byteOf(spellings.front()))};
+            for (const auto& spelling : spellings) spelled.add(byteOf(spelling));
+            bytes.push_back({spelled, run, toBoundary, i + 1});
+        }
+    }
+    return bytes;
+}
+
+/// The two rarest bytes of one run, of all runs the best two. A pattern has at least one byte.
+Anchor rarestPair(const std::vector<PatternByte>& bytes) {
+    const auto everything = static_cast<double>(frequencyOf({0xFF, 0xFF}));
+    double least = everything * everything;
+    Anchor best;
+    for (std::size_t start = 0; start < bytes.size();) {
+        std::size_t rarest = start;
+        std::size_t second = start;
+        double rarestFrequency = everything;
+        double secondFrequency = everything;
+        auto i = start;
+        for (; i < bytes.size() && bytes[i].run == bytes[start].run; ++i) {
+            const auto frequency = static_cast<double>(frequencyOf(bytes[i].bytes));
+            if (frequency < rarestFrequency) {
+                second = std::exchange(rarest, i);
+                secondFrequency = std::exchange(rarestFrequency, frequency);
+            } else if (frequency < secondFrequency) {
+                second = i;
+                secondFrequency = frequency;
+            }
+        }
+        if (secondFrequency == everything) second = rarest;
+        if (const auto score = rarestFrequency * secondFrequency; score < least) {
+            least = score;
+            const auto [first, last] = std::minmax(rarest, second);
+            best = {{bytes[first].bytes, bytes[last].bytes, last - first},
+                    bytes[first].toBoundary,
+                    bytes[first].charactersToBoundary};
+        }
+        start = i;
+    }
+    return best;
+}
+
+bool isWordCharacter(UChar32 value) {
+    return value == '_' || (value < firstStrayByte && u_isalnum(value));
+}
+
+bool standsAsWord(std::string_view text, const TextMatch& match) {
+    const auto end = match.position + match.length;
+    const bool joinedBefore = match.position > 0 && isWordCharacter(codePointAt(text, match.position).value) &&
+                              isWordCharacter(codePointBefore(text, match.position).value);
+    const bool joinedAfter = end < text.size() && isWordCharacter(codePointBefore(text, end).value) &&
+                             isWordCharacter(codePointAt(text, end).value);
+    return !joinedBefore && !joinedAfter;
+}
+
+/// For each begin of the pattern the length of its longest proper begin that is also its end.
+std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
+    std::vector<std::size_t> borders(pattern.size() + 1, 0);
+    for (std::size_t i = 1, matched = 0; i < pattern.size(); ++i) {
+        while (matched > 0 && pattern[i] != pattern[matched]) matched = borders[matched];
+        if (pattern[i] == pattern[matched]) ++matched;
+        borders[i + 1] = matched;
+    }
+    return borders;
+}
+
+}  // namespace
+
+struct TextSearch::Pattern {
+    Pattern(std::string_view pattern, int options)
+        : wholeWord((options & find_option::wholeWord) != 0), matchCase((options & find_option::matchCase) != 0) {
+        if (matchCase) exact = pattern;
+        for (std::size_t position = 0; position < pattern.size();) {
+            const auto point = codePointAt(pattern, position);
+            characters.push_back(compared(point));
+            position += point.length;
+        }
+        anchor = rarestPair(matchCase ? exactBytes(exact) : foldedBytes(characters));
+    }
+
+    bool empty() const { return characters.empty(); }
+    /// What of a character counts in a comparison.
+    UChar32 compared(CodePoint point) const { return matchCase ? point.value : foldedCodePoint(point.value); }
+    bool accepts(std::string_view text, const TextMatch& match) const {
+        return !wholeWord || standsAsWord(text, match);
+    }
+    std::optional<TextMatch> matchAt(std::string_view text, std::size_t from, std::size_t to, std::size_t place,
+                                     std::size_t& effort) const;
+    std::optional<TextMatch> findSteadily(std::string_view text, std::size_t from, std::size_t to) const;
+
+    bool wholeWord;
+    bool matchCase;
+    /// The pattern's bytes; empty when the case does not count.
+    std::string exact;
+    std::vector<UChar32> characters;
+    Anchor anchor;
+};
+
+/// The match in [from, to) whose anchor stands at `place`; adds to `effort` what it looked at.
+std::optional<TextMatch> TextSearch::Pattern::matchAt(std::string_view text, std::size_t from, std::size_t to,
+                                                      std::size_t place, std::size_t& effort) const {
+    const auto boundary = place + anchor.toBoundary;
+    if (matchCase) {
+        const auto before = anchor.charactersToBoundary;
+        if (boundary - from < before || to - boundary < exact.size() - before) return std::nullopt;
+        effort += exact.size() / 8;
+        if (std::memcmp(text.data() + (boundary - before), exact.data(), exact.size()) != 0) return std::nullopt;
+        return TextMatch{boundary - before, exact.size()};
+    }
+    const auto within = text.substr(0, to);
+    auto end = boundary;
+    for (auto i = anchor.charactersToBoundary; i < characters.size(); ++i, ++effort) {
+        if (end >= to) return std::nullopt;
+        const auto point = codePointAt(within, end);
+        if (foldedCodePoint(point.value) != characters[i]) return std::nullopt;
+        end += point.length;
+    }
+    auto start = boundary;
+    for (auto i = anchor.charactersToBoundary; i > 0; --i, ++effort) {
+        if (start <= from || start > to) return std::nullopt;
+        const auto point = codePointBefore(within, start);
+        if (foldedCodePoint(point.value) != characters[i - 1] || start - from < point.length) return std::nullopt;
+        start -= point.length;
+    }
+    return TextMatch{start, end - start};
+}
+
+/// For texts in which the rare bytes are common and the pattern nearly matches everywhere: looks at each
+/// character of the text once, whatever the pattern.
+std::optional<TextMatch> TextSearch::Pattern::findSteadily(std::string_view text, std::size_t from,
+                                                           std::size_t to) const {
+    const auto borders = bordersOf(characters);
+    // Where the last characters of the text began, as many as the pattern has: the oldest is a match's begin.
+    std::vector<std::size_t> begins(characters.size());
+    std::size_t oldest = 0;
+    std::size_t matched = 0;
+    for (auto position = from; position < to;) {
+        const auto point = codePointAt(text.substr(0, to), position);
+        const auto value = compared(point);
+        begins[oldest] = position;
+        oldest = oldest + 1 == begins.size() ? 0 : oldest + 1;
+        position += point.length;
+        while (matched > 0 && value != characters[matched]) matched = borders[matched];
+        if (value == characters[matched]) ++matched;
+        if (matched < characters.size()) continue;
+        const TextMatch match{begins[oldest], position - begins[oldest]};
+        if (accepts(text, match)) return match;
+        matched = borders[matched];
+    }
+    return std::nullopt;
+}
+
+TextSearch::TextSearch(std::string_view pattern, int options) : pattern_(std::make_unique<Pattern>(pattern, options)) {
+}
+
+TextSearch::~TextSearch() = default;
+TextSearch::TextSearch(TextSearch&&) noexcept = default;
+TextSearch& TextSearch::operator=(TextSearch&&) noexcept = default;
+
+std::optional<TextMatch> TextSearch::find(std::string_view text, std::size_t from, std::size_t to) const {
+    to = std::min(to, text.size());
+    if (pattern_->empty() || from >= to) return std::nullopt;
+    std::size_t effort = 0;
+    for (auto place = from;; ++place) {
+        place = findPair(text, place, to, pattern_->anchor.pair);
+        if (place == std::string_view::npos) return std::nullopt;
+        const auto match = pattern_->matchAt(text, from, to, place, effort);
+        if (match && pattern_->accepts(text, *match)) return match;
+        constexpr std::size_t patience = 4096;
+        if (effort > patience + 16 * (place - from)) {
+            return pattern_->findSteadily(text, from, to);
+        }
+    }
+}
+
+}  // namespace kelvor
