@@ -16,8 +16,9 @@ Error noSuchRow(long index) {
 
 void ComboBox::addItem(const std::string& item) {
     if (!sorted_) return insertItem(list_.size(), item);
-    const auto place = std::upper_bound(list_.begin(), list_.end(), item,
-                                        [](const auto& left, const auto& right) { return compareText(left, right) < 0; });
+    const auto place = std::upper_bound(list_.begin(), list_.end(), item, [](const auto& left, const auto& right) {
+        return compareText(left, right) < 0;
+    });
     insertItem(static_cast<std::size_t>(place - list_.begin()), item);
 }
 

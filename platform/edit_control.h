@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/control.h"
-#include "platform/form.h"
+#include "platform/mouse_press.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"
 

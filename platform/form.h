@@ -5,19 +5,11 @@
 #include <vector>
 
 #include "platform/control.h"
+#include "platform/mouse_press.h"
 
 namespace kelvor {
 
 class EditControl;
-
-/// A press of a mouse button: `button` 1 left, 2 right; `shift` the sum of 1 Shift, 2 Ctrl, 4 Alt;
-/// x and y in pixels of the thing pressed.
-struct MousePress {
-    int button = 1;
-    int shift = 0;
-    int x = 0;
-    int y = 0;
-};
 
 /// A window and its controls. A form is loaded once, shown any number of times and unloaded once, before it ends.
 class Form {

@@ -7,9 +7,14 @@ namespace kelvor {
 /// The one route of an unexpected error: pointer normal, frame enabled, a beep, a critical box, and a line in
 /// errorlog.txt once the box is closed. A log that cannot be written is passed over in silence.
 /// @param number  in decimal
-void reportError(const std::string& number, const std::string& description);
+/// @param title   of the box
+void reportError(const std::string& number, const std::string& description,
+                 const std::string& title = "Application Error");
 
 /// The log's path in the program directory.
 std::string errorLogPath();
+
+/// Sends what event handlers throw to reportError. Called once at start.
+void installErrorReporting();
 
 }  // namespace kelvor

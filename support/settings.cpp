@@ -1,0 +1,191 @@
+#include "support/settings.h"
+
+#include <charconv>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+#include "support/settings_database.h"
+
+namespace kelvor {
+
+namespace {
+
+/// The user's settings file; when that cannot be used, a store in memory that takes its place until the end.
+class SettingsStore {
+public:
+    SettingsStore() { open(); }
+
+    /// Runs `operation` on the file, or, when the file refuses it, on the store in memory.
+    template <typename Operation>
+    auto run(Operation operation) {
+        if (!inMemory_) {
+            try {
+                return operation(*database_);
+            } catch (const SettingsFileError& error) {
+                goOnInMemory(error.description());
+            }
+        }
+        return operation(*database_);
+    }
+
+    /// What the user is to be told; given once.
+    std::string takeNotice() { return std::exchange(notice_, {}); }
+
+private:
+    void open();
+    void openAnew(const std::string& damage);
+    std::string setAside() const;
+    void copyStoredValues(SettingsDatabase& memory);
+    void goOnInMemory(const std::string& reason);
+
+    std::string path_;
+    std::unique_ptr<SettingsDatabase> database_;
+    bool inMemory_ = false;
+    std::string notice_;
+};
+
+void SettingsStore::open() {
+    const std::string directory = settingsDirectory();
+    if (directory.empty()) return goOnInMemory("There is no directory for the settings.");
+    path_ = joinPath(directory, "settings.db");
+    try {
+        database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
+    } catch (const SettingsFileError& error) {
+        if (error.cause() == SettingsFileError::Cause::damaged) {
+            openAnew(error.description());
+        } else {
+            goOnInMemory(error.description());
+        }
+    }
+}
+
+/// Puts the damaged file out of the way and starts afresh.
+void SettingsStore::openAnew(const std::string& damage) {
+    try {
+        notice_ = "The settings file is damaged and has been set aside as\r\n\r\n" + setAside() +
+                  "\r\n\r\nKelvor starts with fresh settings.";
+        database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
+    } catch (const std::filesystem::filesystem_error& error) {
+        goOnInMemory("The file is damaged (" + damage + ") and cannot be set aside: " + error.code().message());
+    } catch (const SettingsFileError& error) {
+        goOnInMemory(error.description());
+    }
+}
+
+/// Renames the file and gives its new path. Its journal goes along: left behind, it would be played back
+/// into the fresh file.
+std::string SettingsStore::setAside() const {
+    char date[32];
+    const std::time_t now = std::time(nullptr);
+    std::strftime(date, sizeof date, "%Y%m%d-%H%M%S", std::localtime(&now));
+    const std::string wanted = path_ + ".bad-" + date;
+    std::string aside = wanted;
+    for (int attempt = 2; std::filesystem::exists(aside); ++attempt) aside = wanted + "-" + std::to_string(attempt);
+    for (const char* ending : {"-journal", "-wal", "-shm"})
+        if (std::filesystem::exists(path_ + ending)) std::filesystem::rename(path_ + ending, aside + ending);
+    std::filesystem::rename(path_, aside);
+    return aside;
+}
+
+/// Copies what can be read now: over the open connection, or, when that is locked out or there is none, past the
+/// locks. What cannot be read counts as not set; the file itself stays as it is.
+void SettingsStore::copyStoredValues(SettingsDatabase& memory) {
+    try {
+        if (database_) {
+            database_->stopWaiting();
+            return memory.copyFrom(*database_);
+        }
+    } catch (const SettingsFileError&) {
+    }
+    try {
+        if (!path_.empty()) memory.copyFrom(SettingsDatabase::openPastLocks(path_));
+    } catch (const SettingsFileError&) {
+    }
+}
+
+void SettingsStore::goOnInMemory(const std::string& reason) {
+    auto memory = std::make_unique<SettingsDatabase>(SettingsDatabase::inMemory());
+    copyStoredValues(*memory);
+    database_ = std::move(memory);
+    inMemory_ = true;
+    if (!notice_.empty()) notice_ += "\r\n\r\n";
+    notice_ += "Settings cannot be stored; changes last until Kelvor ends.\r\n\r\n";
+    if (!path_.empty()) notice_ += "File: " + path_ + "\r\n";
+    notice_ += "Reason: " + reason;
+}
+
+std::unique_ptr<SettingsStore>& store() {
+    static std::unique_ptr<SettingsStore> store;
+    return store;
+}
+
+/// Runs `operation` and then tells what is to be told: the store is in order by then, so that events which
+/// arrive while the box is open find it usable.
+template <typename Operation>
+auto withStore(Operation operation) {
+    if (!store()) store() = std::make_unique<SettingsStore>();
+    auto result = store()->run(operation);
+    if (const std::string notice = store()->takeNotice(); !notice.empty())
+        beepAndShow({.text = notice, .title = "Settings", .icon = MessageIcon::critical});
+    return result;
+}
+
+Error noNumber(const std::string& text) {
+    return {error_number::typeMismatch, "Type mismatch: \"" + text + "\""};
+}
+
+}  // namespace
+
+std::string GetSetting(std::string_view program, std::string_view section, std::string_view key,
+                       std::string_view standard) {
+    const SettingName name{program, section, key};
+    const auto value = withStore([&](SettingsDatabase& database) { return database.value(name); });
+    return value ? *value : std::string(standard);
+}
+
+void SaveSetting(std::string_view program, std::string_view section, std::string_view key, std::string_view value) {
+    const SettingName name{program, section, key};
+    withStore([&](SettingsDatabase& database) {
+        database.write(name, value);
+        return true;
+    });
+}
+
+void DeleteSetting(std::string_view program, std::string_view section, std::string_view key) {
+    const SettingName name{program, section, key};
+    if (!withStore([&](SettingsDatabase& database) { return database.remove(name); }))
+        throw Error(error_number::invalidProcedureCall, "There is no setting " + std::string(key));
+}
+
+std::optional<std::vector<Setting>> GetAllSettings(std::string_view program, std::string_view section) {
+    auto settings = withStore([&](SettingsDatabase& database) { return database.list(program, section); });
+    if (settings.empty()) return {};
+    return settings;
+}
+
+int settingNumber(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos) throw noNumber(text);
+    const std::string_view number(text.data() + first, text.find_last_not_of(' ') + 1 - first);
+    int value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error != std::errc() || end != number.data() + number.size()) throw noNumber(text);
+    return value;
+}
+
+bool settingBoolean(const std::string& text) {
+    if (equalIgnoringCase(text, "True")) return true;
+    if (equalIgnoringCase(text, "False")) return false;
+    return settingNumber(text) != 0;
+}
+
+void closeSettings() {
+    store().reset();
+}
+
+}  // namespace kelvor

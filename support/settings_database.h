@@ -1,0 +1,76 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/error.h"
+#include "support/setting.h"
+
+struct sqlite3;
+
+namespace kelvor {
+
+/// Why a settings file cannot be used.
+class SettingsFileError : public Error {
+public:
+    enum class Cause { damaged, unavailable };
+
+    SettingsFileError(Cause cause, const std::string& description)
+        : Error(error_number::deviceError, description), cause_(cause) {}
+
+    Cause cause() const { return cause_; }
+
+private:
+    Cause cause_;
+};
+
+/// Where one value is kept. All three names are matched without regard to case.
+struct SettingName {
+    std::string_view application;
+    std::string_view section;
+    std::string_view key;
+};
+
+/// Settings in one SQLite table. Every operation throws SettingsFileError when the file refuses it; the file
+/// then holds what it held before.
+class SettingsDatabase {
+public:
+    /// An empty store without a file.
+    static SettingsDatabase inMemory();
+    /// Opens a file and checks it whole, or makes it when there is none. Waits up to two seconds for another
+    /// program's lock.
+    static SettingsDatabase openFile(const std::string& path);
+    /// Opens a file for reading alone, past all locks; what another program is writing meanwhile may be missed.
+    static SettingsDatabase openPastLocks(const std::string& path);
+
+    std::optional<std::string> value(const SettingName& name) const;
+    /// Stores the value for good. A key that is there keeps its place and its spelling; one that holds the
+    /// value already costs no write.
+    void write(const SettingName& name, std::string_view value);
+    /// False when there was no such key.
+    bool remove(const SettingName& name);
+    /// The pairs of a section in the order of their creation.
+    std::vector<Setting> list(std::string_view application, std::string_view section) const;
+
+    /// Adds all values of `other` in their order; those read before a failure stay.
+    void copyFrom(const SettingsDatabase& other);
+    /// From now on a lock is an error at once.
+    void stopWaiting();
+
+private:
+    struct Close {
+        void operator()(sqlite3* connection) const;
+    };
+
+    SettingsDatabase(const std::string& name, int flags);
+    static void makeFile(const std::string& path);
+    void execute(const char* statements) const;
+    void check() const;
+
+    std::unique_ptr<sqlite3, Close> connection_;
+};
+
+}  // namespace kelvor

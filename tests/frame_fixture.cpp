@@ -1,0 +1,57 @@
+#include "tests/frame_fixture.h"
+
+#include "authoring/common.h"
+#include "core/frame.h"
+#include "support/report_error.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+void resetShared() {
+    closeSettings();
+    setDeliveryTarget({}, nullptr);
+    activeFormName = "editWindow";
+    formLoadFailed = false;
+    colorsChanging = false;
+    lastDir.clear();
+    editorBackColor = -1;
+    editorForeColor = -1;
+    fontList.clear();
+    userStrings.clear();
+}
+
+}  // namespace
+
+FrameFixture::FrameFixture() {
+    resetShared();
+    installErrorReporting();
+    installLoadErrorReporting();
+    mainForm().load();
+}
+
+FrameFixture::~FrameFixture() {
+    releaseMainForm();
+    windows_.clear();
+    setLoadErrorSink({});
+    resetShared();
+}
+
+EditWindow& FrameFixture::openText(const std::string& name, const std::string& text) {
+    EditWindow& window = *windows_.emplace_back(std::make_unique<EditWindow>());
+    window.setCaption(name);
+    window.load();
+    mainForm().mdi.show(window);
+    window.Text1.setText(text);
+    return window;
+}
+
+void FrameFixture::expectError(int number, const std::string& description) {
+    platform.expectMessage({.text = "An application error has occurred:\r\n\r\nError number: " +
+                                    std::to_string(number) + "\r\nError description: " + description,
+                            .title = "Application Error",
+                            .icon = MessageIcon::critical});
+}
+
+}  // namespace kelvor
