@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QApplication>
+#include <functional>
+
+class QSessionManager;
+
+namespace kelvor::qt {
+
+/// The application object: lets no exception of a handler end the program, and hears of the wish to end
+/// it from outside.
+class Application : public QApplication {
+public:
+    /// The arguments beyond the first are not looked at.
+    Application(int& argumentCount, char** arguments);
+    ~Application() override;
+
+    /// Asks to end the program, as its Exit does; false when the user refused. Runs between two events of
+    /// the main loop: a signal that comes while a dialog is open waits for its end.
+    std::function<bool()> onExitWanted;
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    void listenToSignals();
+    void exitWhenIdle();
+    void endSession(QSessionManager& manager);
+
+    bool exitWanted_ = false;
+};
+
+/// Whether there is a display to open windows on, as far as the environment tells.
+bool hasDisplay();
+
+/// Lets a display that cannot be opened end the program with a message and exit code 1, and no crash,
+/// while it lives.
+class StartFailureGuard {
+public:
+    StartFailureGuard();
+    ~StartFailureGuard();
+    StartFailureGuard(const StartFailureGuard&) = delete;
+    StartFailureGuard& operator=(const StartFailureGuard&) = delete;
+
+private:
+    QtMessageHandler before_;
+};
+
+}  // namespace kelvor::qt

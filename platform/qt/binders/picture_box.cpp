@@ -1,0 +1,13 @@
+#include "platform/picture_box.h"
+
+#include <QWidget>
+
+#include "platform/qt/binders/binders.h"
+
+namespace kelvor::qt {
+
+void bindPictureBox(PictureBox& box, QWidget& widget, FormLink& link) {
+    link.follow(box, widget, [](Aspect) {});
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,76 @@
+#include "platform/tab_strip.h"
+
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <algorithm>
+
+#include "platform/qt/binders/binders.h"
+#include "platform/qt/convert.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+using Tab = TabStrip::Tab;
+
+QString keyAt(const QTabBar& widget, int index) {
+    return widget.tabData(index).toString();
+}
+
+void removeGoneTabs(const TabStrip& strip, QTabBar& widget) {
+    for (int i = widget.count() - 1; i >= 0; --i) {
+        const std::string key = fromQt(keyAt(widget, i));
+        const auto& tabs = strip.tabs();
+        if (std::none_of(tabs.begin(), tabs.end(), [&](const Tab& tab) { return tab.key == key; })) widget.removeTab(i);
+    }
+}
+
+/// Brings the tabs up to date, touching only those that differ.
+void showTabs(const TabStrip& strip, QTabBar& widget) {
+    removeGoneTabs(strip, widget);
+    int index = 0;
+    for (const Tab& tab : strip.tabs()) {
+        const QString key = toQt(tab.key);
+        if (index == widget.count() || keyAt(widget, index) != key) {
+            widget.insertTab(index, QString());
+            widget.setTabData(index, key);
+        }
+        const QString text = menuText(toQt(tab.caption));
+        if (widget.tabText(index) != text) widget.setTabText(index, text);
+        const QString tip = toolTipText(tab.toolTip);
+        if (widget.tabToolTip(index) != tip) widget.setTabToolTip(index, tip);
+        ++index;
+    }
+}
+
+void showSelection(const TabStrip& strip, QTabBar& widget) {
+    if (!strip.hasSelection()) return;
+    const QString key = toQt(strip.selectedItem().key);
+    for (int i = 0; i < widget.count(); ++i)
+        if (keyAt(widget, i) == key) widget.setCurrentIndex(i);
+}
+
+}  // namespace
+
+void bindTabStrip(TabStrip& strip, QTabBar& widget, FormLink& link) {
+    widget.setExpanding(false);
+    widget.setDocumentMode(true);
+    widget.setUsesScrollButtons(true);
+    widget.setElideMode(Qt::ElideMiddle);
+    link.follow(strip, widget, [&strip, &widget](Aspect) {
+        const QSignalBlocker blocker(widget);
+        showTabs(strip, widget);
+        showSelection(strip, widget);
+    });
+    const auto click = [&strip, &widget](int index) {
+        const std::string key = fromQt(keyAt(widget, index));
+        guarded([&] { strip.click(key); });
+    };
+    QObject::connect(&widget, &QTabBar::currentChanged, &link, click);
+    // A press on the tab in front changes nothing in the bar, and is a click all the same.
+    QObject::connect(&widget, &QTabBar::tabBarClicked, &link, [&widget, click](int index) {
+        if (index >= 0 && index == widget.currentIndex()) click(index);
+    });
+}
+
+}  // namespace kelvor::qt

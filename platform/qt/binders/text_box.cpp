@@ -1,0 +1,21 @@
+#include "platform/text_box.h"
+
+#include <QLineEdit>
+
+#include "platform/qt/binders/binders.h"
+#include "platform/qt/binders/text_field.h"
+#include "platform/qt/convert.h"
+
+namespace kelvor::qt {
+
+void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link) {
+    link.follow(box, widget, [&box, &widget](Aspect aspect) {
+        showField(box, widget, aspect);
+        showBackColor(widget, QPalette::Base, box.backColor());
+    });
+    QObject::connect(&widget, &QLineEdit::textEdited, &link,
+                     [&box](const QString& text) { guarded([&] { box.type(fromQt(text)); }); });
+    followSelection(box, widget, link);
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+class QLineEdit;
+class QWidget;
+
+namespace kelvor {
+class TextField;
+enum class Aspect;
+}  // namespace kelvor
+
+namespace kelvor::qt {
+
+class FormLink;
+
+/// Brings the widget's text and its selection up to date after a change of `aspect`, without raising its signals.
+void showField(const TextField& field, QLineEdit& widget, Aspect aspect);
+
+/// Lets the control know what the user selects.
+void followSelection(TextField& field, QLineEdit& widget, FormLink& link);
+
+/// A background of one colour, red in the low byte; -1 is the desktop's own.
+void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
+
+}  // namespace kelvor::qt

@@ -1,0 +1,141 @@
+#include "platform/qt/binding.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTextEdit>
+#include <set>
+
+#include "platform/button.h"
+#include "platform/combo_box.h"
+#include "platform/edit_control.h"
+#include "platform/form.h"
+#include "platform/label.h"
+#include "platform/list_view.h"
+#include "platform/menu_item.h"
+#include "platform/picture_box.h"
+#include "platform/qt/binders/binders.h"
+#include "platform/qt/convert.h"
+#include "platform/status_bar.h"
+#include "platform/tab_strip.h"
+#include "platform/text_box.h"
+#include "platform/web_browser.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+/// What a binder makes of a control and the widget of its name, which may be missing (nullptr).
+struct Outcome {
+    bool ofThisKind = false;
+    /// The widget's class that the control asks for, when it is not given.
+    const char* wanted = nullptr;
+};
+
+template <typename Model, typename Widget, void (*bind)(Model&, Widget&, FormLink&)>
+Outcome tryBind(Control& control, QWidget* found, FormLink& link) {
+    auto* model = dynamic_cast<Model*>(&control);
+    if (!model) return {};
+    auto* widget = qobject_cast<Widget*>(found);
+    if (!widget) return {.ofThisKind = true, .wanted = Widget::staticMetaObject.className()};
+    bind(*model, *widget, link);
+    return {.ofThisKind = true};
+}
+
+using Binder = Outcome (*)(Control&, QWidget*, FormLink&);
+
+/// One row for each kind of control.
+constexpr Binder binders[] = {
+    tryBind<Button, QPushButton, bindButton>,       tryBind<ComboBox, QComboBox, bindComboBox>,
+    tryBind<EditControl, QWidget, bindEditControl>, tryBind<Label, QLabel, bindLabel>,
+    tryBind<ListView, QListView, bindListView>,     tryBind<PictureBox, QWidget, bindPictureBox>,
+    tryBind<StatusBar, QStatusBar, bindStatusBar>,  tryBind<TabStrip, QTabBar, bindTabStrip>,
+    tryBind<TextBox, QLineEdit, bindTextBox>,       tryBind<WebBrowser, QWidget, bindWebBrowser>,
+};
+
+std::string classOf(const QWidget& widget) {
+    return widget.metaObject()->className();
+}
+
+/// Binds a control by the row of its kind.
+/// @return the problem, or ""
+std::string bindControl(Control& control, QWidget* widget, FormLink& link) {
+    const std::string where = link.form().name() + ": " + control.name();
+    for (const Binder binder : binders) {
+        const Outcome outcome = binder(control, widget, link);
+        if (!outcome.ofThisKind) continue;
+        if (!outcome.wanted) return {};
+        if (!widget) return where + " is missing in the layout; wanted is a " + outcome.wanted;
+        return where + " should be a " + outcome.wanted + " and is a " + classOf(*widget);
+    }
+    return where + " is of a kind that no widget follows";
+}
+
+template <typename... Classes>
+bool isOneOf(const QWidget& widget) {
+    return (qobject_cast<const Classes*>(&widget) || ...);
+}
+
+/// Whether the user can do something with the widget.
+bool takesInput(const QWidget& widget) {
+    return isOneOf<QAbstractButton, QAbstractItemView, QAbstractSlider, QAbstractSpinBox, QComboBox, QDialogButtonBox,
+                   QLineEdit, QPlainTextEdit, QTabBar, QTextEdit>(widget);
+}
+
+/// Whether the widgets inside it are its own business.
+bool isClosed(const QWidget& widget) {
+    const bool scrolls = isOneOf<QAbstractScrollArea>(widget) && !isOneOf<QScrollArea>(widget);
+    return scrolls || takesInput(widget) || isOneOf<QMenuBar, QStatusBar>(widget);
+}
+
+/// Finds the input widgets whose names are not among `names`. Parts that the library makes itself have
+/// no names, or such as begin with "qt_".
+void findLeftovers(const QWidget& parent, const std::string& form, const std::set<std::string>& names,
+                   std::vector<std::string>& problems) {
+    for (const QObject* child : parent.children()) {
+        const auto* widget = qobject_cast<const QWidget*>(child);
+        if (!widget || widget->isWindow()) continue;
+        const std::string name = fromQt(widget->objectName());
+        const bool known = name.empty() || name.starts_with("qt_") || names.contains(name);
+        if (!known && takesInput(*widget))
+            problems.push_back(form + ": " + name + ", a " + classOf(*widget) + ", belongs to no control");
+        if (!isClosed(*widget)) findLeftovers(*widget, form, names, problems);
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> bindForm(Form& form, QWidget& window) {
+    auto& link = *new FormLink(form, window);
+    std::vector<std::string> problems;
+    std::set<std::string> names;
+    for (Control* control : form.controls()) {
+        if (dynamic_cast<MenuItem*>(control)) continue;
+        names.insert(control->name());
+        const std::string problem = bindControl(*control, window.findChild<QWidget*>(toQt(control->name())), link);
+        if (!problem.empty()) problems.push_back(problem);
+    }
+    findLeftovers(window, form.name(), names, problems);
+    bindMenus(link);
+    return problems;
+}
+
+void unbindForm(Form& form, QWidget& window) {
+    form.follow({});
+    for (Control* control : form.controls()) control->follow({});
+    delete FormLink::of(window);
+}
+
+}  // namespace kelvor::qt

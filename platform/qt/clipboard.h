@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/services.h"
+
+namespace kelvor::qt {
+
+class QtClipboard : public Clipboard {
+public:
+    std::string text() override;
+    void setText(const std::string& text) override;
+};
+
+}  // namespace kelvor::qt

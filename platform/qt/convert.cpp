@@ -1,0 +1,42 @@
+#include "platform/qt/convert.h"
+
+#include <QTextDocument>
+
+namespace kelvor::qt {
+
+namespace {
+
+/// In characters; a path of this length still leaves the title bar its buttons.
+constexpr int longestTitle = 100;
+
+}  // namespace
+
+QString plainLines(std::string_view text) {
+    QString lines = toQt(text);
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return lines;
+}
+
+QString elidedInTheMiddle(const QString& text, int limit) {
+    if (text.size() <= limit) return text;
+    // The end of a path tells more than its start.
+    const int head = limit / 3;
+    return text.left(head) + QChar(0x2026) + text.right(limit - head - 1);
+}
+
+QString windowTitle(std::string_view caption) {
+    QString title = elidedInTheMiddle(toQt(caption), longestTitle);
+    return title.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+}
+
+QString menuText(const QString& text) {
+    return QString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString toolTipText(std::string_view text) {
+    const QString plain = plainLines(text);
+    return Qt::mightBeRichText(plain) ? Qt::convertFromPlainText(plain) : plain;
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,174 @@
+#include "platform/qt/dialogs.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/file_filter.h"
+#include "platform/qt/screen.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+/// In pixels; long paths in a question are broken at this width and not at the screen's.
+constexpr int widestPrompt = 480;
+
+QMessageBox::Icon iconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::critical:
+            return QMessageBox::Critical;
+        case MessageIcon::question:
+            return QMessageBox::Question;
+        case MessageIcon::exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::information:
+            return QMessageBox::Information;
+        case MessageIcon::none:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::yesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case MessageButtons::yesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case MessageButtons::ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+/// The button that Escape and the close box press.
+QMessageBox::StandardButton escapeOf(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::yesNo:
+            return QMessageBox::No;
+        case MessageButtons::yesNoCancel:
+            return QMessageBox::Cancel;
+        case MessageButtons::ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+constexpr std::pair<Answer, QMessageBox::StandardButton> answers[] = {
+    {Answer::ok, QMessageBox::Ok},
+    {Answer::yes, QMessageBox::Yes},
+    {Answer::no, QMessageBox::No},
+    {Answer::cancel, QMessageBox::Cancel},
+};
+
+QMessageBox::StandardButton buttonOf(Answer answer) {
+    return std::find_if(std::begin(answers), std::end(answers), [&](const auto& row) { return row.first == answer; })
+        ->second;
+}
+
+/// The library's own dialogs and not the desktop's: only these ignore case in the patterns everywhere.
+void prepare(QFileDialog& dialog, const std::string& title, const std::string& directory) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    if (!title.empty()) dialog.setWindowTitle(windowTitle(title));
+    const QString start = toQt(directory);
+    dialog.setDirectory(QFileInfo(start).isDir() ? start : QDir::homePath());
+}
+
+/// The chosen paths, native; none when the dialog was cancelled.
+std::vector<std::string> chosen(QFileDialog& dialog) {
+    const PlainPointer pointer;
+    std::vector<std::string> paths;
+    if (dialog.exec() != QDialog::Accepted) return paths;
+    for (const QString& path : dialog.selectedFiles()) paths.push_back(fromQt(path));
+    return paths;
+}
+
+void prepareForFiles(QFileDialog& dialog, const FileRequest& request) {
+    prepare(dialog, request.title, request.directory);
+    const QStringList filters = nameFilters(request.filter);
+    // The names tell their patterns already.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(filters);
+    const auto row = std::clamp<qsizetype>(request.filterIndex, 1, filters.size()) - 1;
+    dialog.selectNameFilter(filters[row]);
+}
+
+}  // namespace
+
+Answer QtDialogs::message(const Message& message) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setIcon(iconOf(message.icon));
+    box.setWindowTitle(windowTitle(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(plainLines(message.text));
+    box.setStandardButtons(buttonsOf(message.buttons));
+    box.setEscapeButton(escapeOf(message.buttons));
+    const QMessageBox::StandardButton standard = buttonOf(message.standard);
+    box.setDefaultButton(box.standardButtons().testFlag(standard) ? standard : QMessageBox::Yes);
+    const PlainPointer pointer;
+    const int pressed = box.exec();
+    const auto row = std::find_if(std::begin(answers), std::end(answers),
+                                  [&](const auto& answer) { return answer.second == pressed; });
+    return row == std::end(answers) ? Answer::cancel : row->first;
+}
+
+std::string QtDialogs::input(const InputRequest& request) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(windowTitle(request.title));
+    dialog.setLabelText(plainLines(request.prompt));
+    dialog.setTextValue(toQt(request.standard));
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->setMinimumWidth(std::min(label->sizeHint().width(), widestPrompt));
+    }
+    dialog.resize(widestPrompt, dialog.sizeHint().height());
+    const PlainPointer pointer;
+    return dialog.exec() == QDialog::Accepted ? fromQt(dialog.textValue()) : std::string();
+}
+
+std::vector<std::string> QtDialogs::openFiles(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow());
+    prepareForFiles(dialog, request);
+    dialog.setFileMode(request.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    return chosen(dialog);
+}
+
+std::optional<std::string> QtDialogs::saveFile(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow());
+    prepareForFiles(dialog, request);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
+    const auto paths = chosen(dialog);
+    if (paths.empty()) return std::nullopt;
+    return paths.front();
+}
+
+std::optional<int> QtDialogs::color() {
+    QColorDialog dialog(QApplication::activeWindow());
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(QStringLiteral("Color"));
+    const PlainPointer pointer;
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const QColor color = dialog.currentColor();
+    return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
+std::optional<std::string> QtDialogs::folder(const std::string& title, const std::string& start) {
+    QFileDialog dialog(QApplication::activeWindow());
+    prepare(dialog, title, start);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    const auto paths = chosen(dialog);
+    if (paths.empty()) return std::nullopt;
+    return paths.front();
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,133 @@
+#include "platform/qt/form_link.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QStackedWidget>
+
+#include "platform/form.h"
+#include "platform/qt/convert.h"
+#include "platform/qt/input_lock.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+const QString linkName = QStringLiteral("formLink");
+
+/// Brings a widget to the top of the stack that it stands in, itself or with the page around it.
+void bringToTop(QWidget& widget) {
+    for (QWidget* page = &widget; page->parentWidget(); page = page->parentWidget()) {
+        if (auto* stack = qobject_cast<QStackedWidget*>(page->parentWidget())) {
+            stack->setCurrentWidget(page);
+            return;
+        }
+    }
+    widget.raise();
+}
+
+}  // namespace
+
+FormLink::FormLink(Form& form, QWidget& window) : QObject(&window), form_(form), window_(window) {
+    setObjectName(linkName);
+    window.installEventFilter(this);
+    form.follow([this](Aspect aspect) { followForm(aspect); });
+    followForm(Aspect::caption);
+    followForm(Aspect::enabled);
+}
+
+FormLink::~FormLink() = default;
+
+FormLink* FormLink::of(const QWidget& window) {
+    return static_cast<FormLink*>(window.findChild<QObject*>(linkName, Qt::FindDirectChildrenOnly));
+}
+
+void FormLink::followForm(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::caption:
+            window_.setWindowTitle(windowTitle(form_.caption()));
+            break;
+        case Aspect::enabled:
+            lock_ = form_.enabled() ? nullptr : std::make_unique<InputLock>(window_);
+            break;
+        case Aspect::focus:
+            window_.raise();
+            window_.activateWindow();
+            break;
+        default:
+            break;
+    }
+}
+
+void FormLink::follow(Control& control, QWidget& widget, std::function<void(Aspect)> show) {
+    controls_.insert(&widget, &control);
+    widget.installEventFilter(this);
+    const auto follower = [&control, &widget, show = std::move(show)](Aspect aspect) {
+        switch (aspect) {
+            case Aspect::enabled:
+                widget.setEnabled(control.enabled());
+                break;
+            case Aspect::visible:
+                widget.setVisible(control.visible());
+                break;
+            case Aspect::toolTip:
+                widget.setToolTip(toolTipText(control.toolTip()));
+                break;
+            case Aspect::focus:
+                widget.setFocus();
+                break;
+            case Aspect::order:
+                bringToTop(widget);
+                break;
+            default:
+                show(aspect);
+                break;
+        }
+    };
+    if (!control.enabled()) follower(Aspect::enabled);
+    if (control.visible() == widget.isHidden()) follower(Aspect::visible);
+    if (!control.toolTip().empty()) follower(Aspect::toolTip);
+    follower(Aspect::caption);
+    control.follow(follower);
+}
+
+bool FormLink::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &window_) return filterWindow(*event);
+    switch (event->type()) {
+        case QEvent::FocusIn:
+            if (Control* control = controls_.value(watched)) control->gotFocus.raise();
+            return false;
+        case QEvent::Wheel:
+            // A turn over a list passes it by on the way through the window; it would choose rows.
+            if (!qobject_cast<QComboBox*>(watched) || static_cast<QWidget*>(watched)->hasFocus()) return false;
+            event->ignore();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool FormLink::filterWindow(QEvent& event) {
+    Form& form = form_;
+    switch (event.type()) {
+        case QEvent::Close:
+            event.ignore();
+            if (form.enabled()) guarded([&form] { form.unload(); });
+            return true;
+        case QEvent::KeyPress:
+            if (!qobject_cast<QDialog*>(&window_) || !static_cast<QKeyEvent&>(event).matches(QKeySequence::Cancel))
+                return false;
+            guarded([&form] { form.unload(); });
+            return true;
+        case QEvent::Resize:
+            form.resized.raise();
+            return false;
+        case QEvent::WindowActivate:
+            if (form.kind() != Form::Kind::child) form.activated.raise();
+            return false;
+        default:
+            return false;
+    }
+}
+
+}  // namespace kelvor::qt

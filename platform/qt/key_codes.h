@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QKeyEvent>
+
+namespace kelvor::qt {
+
+/// The key code of a key event: letters and digits by their own code, digits of the upper row in any shift state;
+/// 0 for a key that has none.
+int keyCodeOf(const QKeyEvent& event);
+
+/// The sum of 1 Shift, 2 Ctrl, 4 Alt.
+int shiftBits(Qt::KeyboardModifiers modifiers);
+
+}  // namespace kelvor::qt

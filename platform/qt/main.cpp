@@ -1,0 +1,28 @@
+#include <cstdio>
+#include <optional>
+
+#include "core/frame.h"
+#include "core/startup.h"
+#include "platform/qt/application.h"
+#include "platform/qt/qt_platform.h"
+
+int main(int argumentCount, char** arguments) {
+    using namespace kelvor;
+    if (!qt::hasDisplay()) {
+        std::fputs("Kelvor: no display. Set DISPLAY or WAYLAND_DISPLAY.\n", stderr);
+        return 1;
+    }
+    // The preview's browser, which may be loaded later, needs this from the start.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    std::optional<qt::StartFailureGuard> starting(std::in_place);
+    qt::Application application(argumentCount, arguments);
+    starting.reset();
+
+    qt::QtPlatform platform;
+    application.onExitWanted = [] { return mainForm().unload(); };
+    platform.windows().onFrameGone = [] { QCoreApplication::quit(); };
+    int result = 0;
+    if (startKelvor()) result = QApplication::exec();
+    releaseMainForm();
+    return result;
+}

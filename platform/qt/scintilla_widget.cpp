@@ -1,0 +1,247 @@
+#include "platform/qt/scintilla_widget.h"
+
+#include <QAccessibleWidget>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QMimeData>
+#include <QPalette>
+#include <utility>
+
+#include "platform/qt/key_codes.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+int colorOf(const QColor& color) {
+    return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
+/// Scintilla's number for a key: its own code and modifiers in one.
+unsigned long chord(int key, int modifiers) {
+    return static_cast<unsigned long>(key | modifiers << 16);
+}
+
+int lineEndMode(const std::string& lineEnd) {
+    if (lineEnd == "\n") return QsciScintillaBase::SC_EOL_LF;
+    return lineEnd == "\r" ? QsciScintillaBase::SC_EOL_CR : QsciScintillaBase::SC_EOL_CRLF;
+}
+
+/// Scintilla's accessible interface counts the characters in front of the caret at each move and each change.
+/// While no screen reader listens, this one stands in for it.
+QAccessibleInterface* standIn(const QString&, QObject* object) {
+    auto* const widget = dynamic_cast<ScintillaWidget*>(object);
+    if (!widget || widget->isReadAloud()) return nullptr;
+    return new QAccessibleWidget(widget, QAccessible::EditableText);
+}
+
+}  // namespace
+
+ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner) : control_(&control), owner_(owner) {
+    setUpText();
+    setUpKeys();
+    showFont();
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, [this](int start, int kind, const char*, int length) {
+        const bool insertion = (kind & SC_MOD_BEFOREINSERT) != 0;
+        if (control_ && (insertion || (kind & SC_MOD_BEFOREDELETE) != 0)) owner_.noteChange(insertion, start, length);
+    });
+    // What comes from a timer, such as the selection that a held mouse drags on, passes no event of the widget.
+    connect(
+        this, &QsciScintillaBase::SCN_UPDATEUI, this, [this] { handled([] { return true; }); }, Qt::QueuedConnection);
+    QAccessible::installFactory(standIn);
+    QAccessible::installActivationObserver(this);
+    accessibilityActiveChanged(QAccessible::isActive());
+}
+
+ScintillaWidget::~ScintillaWidget() {
+    QAccessible::removeActivationObserver(this);
+    if (control_) owner_.widgetEnded();
+}
+
+void ScintillaWidget::release() {
+    control_ = nullptr;
+    if (handling_ > 0) {
+        deleteLater();
+    } else {
+        delete this;
+    }
+}
+
+/// Drops the accessible interface, so that the next to ask gets the right one, and sets which notices come: for
+/// the control those from before a change, for a screen reader also those from after it, which cost more.
+void ScintillaWidget::accessibilityActiveChanged(bool active) {
+    readAloud_ = active;
+    if (auto* const interface = QAccessible::queryAccessibleInterface(this)) {
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(interface));
+    }
+    const int own = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE;
+    const int reader = active ? SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT : 0;
+    send(SCI_SETMODEVENTMASK, static_cast<unsigned long>(own | reader));
+}
+
+void ScintillaWidget::setUpText() {
+    openDocument(0);
+    send(SCI_SETPASTECONVERTENDINGS, 0);
+    send(SCI_SETWRAPMODE, SC_WRAP_NONE);
+    send(SCI_SETSCROLLWIDTH, 1);
+    send(SCI_SETSCROLLWIDTHTRACKING, 1);
+    send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);  // a long line is laid out once for all its paints
+    send(SCI_SETMARGINS, 0);
+    send(SCI_USEPOPUP, SC_POPUP_NEVER);
+}
+
+void ScintillaWidget::openDocument(std::size_t bytes) {
+    const long document = send(SCI_CREATEDOCUMENT, bytes, SC_DOCUMENTOPTION_STYLES_NONE);
+    send(SCI_SETDOCPOINTER, 0, document);
+    send(SCI_RELEASEDOCUMENT, 0, document);
+    send(SCI_SETCODEPAGE, SC_CP_UTF8);
+}
+
+void ScintillaWidget::setUpKeys() {
+    // Letters belong to the program's own commands.
+    for (int letter = 'A'; letter <= 'Z'; ++letter) {
+        for (const int modifiers : {int{SCMOD_CTRL}, SCMOD_CTRL | SCMOD_SHIFT})
+            send(SCI_CLEARCMDKEY, chord(letter, modifiers));
+    }
+    // There is one selection, of one piece.
+    for (const int key : {SCK_DOWN, SCK_UP, SCK_LEFT, SCK_RIGHT, SCK_HOME, SCK_END, SCK_PRIOR, SCK_NEXT}) {
+        send(SCI_CLEARCMDKEY, chord(key, SCMOD_ALT | SCMOD_SHIFT));
+    }
+    send(SCI_SETRECTANGULARSELECTIONMODIFIER, 0);
+}
+
+void ScintillaWidget::showFont() {
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    SendScintilla(SCI_STYLESETFONT, static_cast<uintptr_t>(STYLE_DEFAULT), font.family().toUtf8().constData());
+    const auto hundredths = static_cast<long>(QFontInfo(font).pointSizeF() * int{SC_FONT_SIZE_MULTIPLIER});
+    send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, hundredths);
+    showColors(textColor_, backColor_);
+}
+
+void ScintillaWidget::showColors(int textColor, int backColor) {
+    textColor_ = textColor;
+    backColor_ = backColor;
+    const QPalette colors = palette();
+    const int text = textColor >= 0 ? textColor : colorOf(colors.color(QPalette::Text));
+    send(SCI_STYLESETFORE, STYLE_DEFAULT, text);
+    send(SCI_STYLESETBACK, STYLE_DEFAULT, backColor >= 0 ? backColor : colorOf(colors.color(QPalette::Base)));
+    send(SCI_STYLECLEARALL);
+    send(SCI_SETCARETFORE, static_cast<unsigned long>(text));
+    send(SCI_SETSELFORE, 1, colorOf(colors.color(QPalette::HighlightedText)));
+    send(SCI_SETSELBACK, 1, colorOf(colors.color(QPalette::Highlight)));
+}
+
+/// Runs an event's handling. What the user has changed by it is told when it is over, and an error of it is told
+/// and not thrown through the toolkit.
+template <typename Handle>
+bool ScintillaWidget::handled(Handle handle) {
+    if (!control_) return handle();
+    bool result = false;
+    ++handling_;
+    {
+        const EventScope scope;
+        guarded([&] { result = handle(); });
+        guarded([&] {
+            if (control_) owner_.reportActs();
+        });
+    }
+    --handling_;
+    return result;
+}
+
+bool ScintillaWidget::event(QEvent* event) {
+    return handled([&] { return QsciScintillaBase::event(event); });
+}
+
+bool ScintillaWidget::viewportEvent(QEvent* event) {
+    // While a window is being painted no handler may run.
+    if (event->type() == QEvent::Paint) return QsciScintillaBase::viewportEvent(event);
+    return handled([&] { return QsciScintillaBase::viewportEvent(event); });
+}
+
+void ScintillaWidget::keyPressEvent(QKeyEvent* event) {
+    if (control_) {
+        KeyPress press{keyCodeOf(*event), shiftBits(event->modifiers())};
+        if (press.keyCode != 0) {
+            control_->keyDown.raise(press);
+            if (press.keyCode == 0 || !control_) return;
+        }
+        if (runClipboardKey(*event)) return;
+        send(SCI_SETEOLMODE, static_cast<unsigned long>(lineEndMode(control_->lineEnd())));
+    }
+    type(event);
+}
+
+bool ScintillaWidget::runClipboardKey(const QKeyEvent& event) {
+    static constexpr std::pair<QKeySequence::StandardKey, void (EditControl::*)()> commands[] = {
+        {QKeySequence::Cut, &EditControl::cut},
+        {QKeySequence::Copy, &EditControl::copy},
+        {QKeySequence::Paste, &EditControl::paste},
+        {QKeySequence::Undo, &EditControl::undo},
+        {QKeySequence::SelectAll, &EditControl::selectAll},
+    };
+    for (const auto& [key, command] : commands) {
+        if (!event.matches(key)) continue;
+        (control_->*command)();
+        return true;
+    }
+    return false;
+}
+
+void ScintillaWidget::type(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {
+        SendScintilla(SCI_REPLACESEL, "\t");
+        return;
+    }
+    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+    const bool alternate = event->modifiers().testFlag(Qt::AltModifier);
+    if (control == alternate) return QsciScintillaBase::keyPressEvent(event);
+    // A chord is never text; with no text Scintilla still finds its caret keys.
+    QKeyEvent chordEvent(event->type(), event->key(), event->modifiers(), QString(), event->isAutoRepeat());
+    QsciScintillaBase::keyPressEvent(&chordEvent);
+    event->setAccepted(chordEvent.isAccepted());
+}
+
+void ScintillaWidget::keyReleaseEvent(QKeyEvent* event) {
+    KeyPress release{keyCodeOf(*event), shiftBits(event->modifiers())};
+    if (control_ && release.keyCode != 0 && !event->isAutoRepeat()) control_->keyUp.raise(release);
+    QsciScintillaBase::keyReleaseEvent(event);
+}
+
+void ScintillaWidget::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    if (control_)
+        control_->mouseDown.raise({static_cast<int>(event->button()), shiftBits(event->modifiers()), at.x(), at.y()});
+    if (control_ && event->button() != Qt::RightButton) QsciScintillaBase::mousePressEvent(event);
+}
+
+void ScintillaWidget::mouseReleaseEvent(QMouseEvent* event) {
+    QsciScintillaBase::mouseReleaseEvent(event);
+    const bool inside = viewport()->rect().contains(event->position().toPoint());
+    if (control_ && inside && event->button() == Qt::LeftButton) control_->clicked.raise();
+}
+
+void ScintillaWidget::contextMenuEvent(QContextMenuEvent* event) {
+    // A press of the right button has come through already; the menu key acts as one.
+    if (control_ && event->reason() == QContextMenuEvent::Keyboard) {
+        control_->mouseDown.raise({Qt::RightButton, 0, event->x(), event->y()});
+    }
+    event->accept();
+}
+
+void ScintillaWidget::focusInEvent(QFocusEvent* event) {
+    QsciScintillaBase::focusInEvent(event);
+    if (control_) control_->gotFocus.raise();
+}
+
+void ScintillaWidget::changeEvent(QEvent* event) {
+    QsciScintillaBase::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) showColors(textColor_, backColor_);
+}
+
+QByteArray ScintillaWidget::fromMimeData(const QMimeData* source, bool& rectangular) const {
+    rectangular = false;
+    return source->text().toUtf8();
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/services.h"
+
+namespace kelvor::qt {
+
+class QtScreen : public Screen {
+public:
+    void beep() override;
+    void setMousePointer(MousePointer pointer) override;
+    std::vector<std::string> fonts() override;
+    void processEvents() override;
+};
+
+/// The ordinary pointer while it lives, also above a command that shows the hourglass: for dialogs.
+class PlainPointer {
+public:
+    PlainPointer();
+    ~PlainPointer();
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    bool hourglass_;
+};
+
+}  // namespace kelvor::qt
