@@ -1,0 +1,99 @@
+"""Each rule is given inputs that break it, and one that does not."""
+import json
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+import clang_tools
+import source_rules
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+
+
+def run():
+    suite = unittest.defaultTestLoader.loadTestsFromTestCase(RulesCanFail)
+    return 0 if unittest.TextTestRunner().run(suite).wasSuccessful() else 1
+
+
+class RulesCanFail(unittest.TestCase):
+    def expect(self, findings, *wanted):
+        self.assertEqual(len(findings), len(wanted), findings)
+        for finding, words in zip(findings, wanted):
+            self.assertIn(words, finding)
+
+    def test_sound_sources_pass(self):
+        self.expect(source_rules.check({
+            "platform/a.h": "#include <queue>\n",
+            "support/settings.h": '#include "platform/a.h"\n',
+            "support/settings.cpp": '#include "support/settings.h"\n',
+            "platform/qt/b.cpp": '#include <QWidget>\n#include "ui_b.h"\n#include "b.moc"\n#include "support/settings.h"\n',
+            "tests/qt/b_test.cpp": "#include <Qsci/qsciscintillabase.h>\n",
+        }))
+
+    def test_toolkit(self):
+        for header in ("<QString>", "<QtWidgets/QWidget>", "<Qsci/qsciscintilla.h>", "<qglobal.h>", '"ui_find.h"'):
+            self.expect(source_rules.check({"core/a.cpp": f"// text\n#include {header}\n"}), "core/a.cpp:2: ")
+        self.expect(source_rules.check({"tests/core/a_test.cpp": "#  include <QString>\n"}), "belongs to the toolkit")
+
+    def test_include_paths(self):
+        self.expect(source_rules.check({"core/a.cpp": '#include "a.h"\n', "core/a.h": ""}), '"a.h" is no path')
+
+    def test_floors(self):
+        for path, header in (("platform/a.h", "support/settings.h"), ("authoring/common.h", "core/document.h"),
+                             ("core/frame.h", "core/document.h"), ("preview/a.cpp", "batch/find.h"),
+                             ("support/preferences.h", "core/startup.h"), ("core/startup.cpp", "platform/qt/a.h"),
+                             ("platform/qt/main.cpp", "tests/fake_platform.h")):
+            self.expect(source_rules.check({path: f'#include "{header}"\n', header: ""}), f"{path}:1: floor")
+        self.expect(source_rules.check({"platform/a.h": '#include "KVFileSystem/b.h"\n', "KVFileSystem/b.h": ""}),
+                    "includes nothing else")
+        with self.assertRaisesRegex(ValueError, "no floor"):
+            source_rules.floor_of("elsewhere/a.h")
+
+    def test_circles(self):
+        self.expect(source_rules.check({
+            "core/a.h": "", "core/a.cpp": '#include "core/a.h"\n#include "core/b.h"\n',
+            "core/b.h": '#include "core/c.h"\n', "core/c.h": "", "core/c.cpp": '#include "core/a.h"\n',
+        }), "core/a -> core/b -> core/c -> core/a")
+
+    def test_file_length(self):
+        self.expect(source_rules.check({"core/a.cpp": "\n" * 500}))
+        self.expect(source_rules.check({"core/a.cpp": "\n" * 501}), "501 lines")
+        self.expect(source_rules.check({"core/menu_table.cpp": "\n" * 501}))
+
+    def lint(self, text):
+        """The findings of both clang tools for a header in a project of its own."""
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder).resolve()
+            for configuration in (".clang-format", ".clang-tidy"):
+                shutil.copy(ROOT / configuration, root)
+            (root / "core").mkdir()
+            files = {"core/a.h": text, "core/use.cpp": '#include "core/a.h"\n'}
+            for path, content in files.items():
+                (root / path).write_text(content, encoding="utf-8")
+            source = str(root / "core/use.cpp")
+            (root / "compile_commands.json").write_text(json.dumps(
+                [{"directory": folder, "file": source, "command": f"c++ -std=c++20 -I{root} -c {source}"}]))
+            first = clang_tools.check_tidy(root, files, root)
+            self.assertEqual(first, clang_tools.check_tidy(root, files, root))
+            return clang_tools.check_format(root, files) + first
+
+    def test_clang_tools(self):
+        good = "namespace kelvor {\n\nint OpenDoc(int number) {\n    return number + 1;\n}\n\n}  // namespace kelvor\n"
+        long = "int grow(int number) {\n" + "    number += 2;\n" * 60 + "    return number;\n}\n"
+        for text, *wanted in (
+                (good,),
+                ("int  two();\n", "not in the project's style"),
+                (long, "readability-function-size"),
+                ("class bad_type {};\n", "readability-identifier-naming"),
+                ("class Bad {\n    int count = 0;\n};\n", "readability-identifier-naming"),
+                ("namespace Bad {}\n", "readability-identifier-naming"),
+                ("char* none = 0;\n", "modernize-use-nullptr"),
+                ("int f(bool a) {\n    return a ? 1 : 1;\n}\n", "bugprone-branch-clone"),
+                ("int f( {\n", "clang-diagnostic-error")):
+            with self.subTest(text=text[:40]):
+                found = self.lint(text)
+                for words in wanted:
+                    self.assertTrue(any(words in finding for finding in found), found)
+                if not wanted:
+                    self.assertEqual(found, [])
