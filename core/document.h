@@ -26,11 +26,6 @@ public:
     virtual std::size_t count() const = 0;
 };
 
-namespace view_mode {
-constexpr int source = 1;
-constexpr int preview = 2;
-}  // namespace view_mode
-
 /// One open file: its window, its names and whether it is saved.
 class CDocument : public MappedFile, public std::enable_shared_from_this<CDocument> {
 public:

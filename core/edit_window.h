@@ -7,6 +7,12 @@
 
 namespace kelvor {
 
+/// What a document's window shows.
+namespace view_mode {
+constexpr int source = 1;
+constexpr int preview = 2;
+}  // namespace view_mode
+
 /// The child window of one open file: its source, and its preview in the same place.
 class EditWindow : public Form {
 public:

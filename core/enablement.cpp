@@ -1,6 +1,5 @@
 #include "core/enablement.h"
 
-#include "core/document.h"
 #include "core/frame.h"
 
 namespace kelvor {

@@ -15,9 +15,8 @@ namespace {
 /// Errors that reached the sink, as "number description".
 std::vector<std::string> recordErrors(const std::function<void()>& steps) {
     std::vector<std::string> errors;
-    setErrorSink([&](const Error& error) {
-        errors.push_back(std::to_string(error.number()) + " " + error.description());
-    });
+    setErrorSink(
+        [&](const Error& error) { errors.push_back(std::to_string(error.number()) + " " + error.description()); });
     steps();
     setErrorSink({});
     return errors;
@@ -219,8 +218,11 @@ TEST_F(Forms, AMenuRowIsReachedOnlyThroughOpenDoors) {
         bool rowEnabled;
         int clicks;
     };
-    for (const Case& row : {Case{true, true, true, true, 1}, {false, true, true, true, 0}, {true, false, true, true, 0},
-                            {true, true, false, true, 0}, {true, true, true, false, 0}}) {
+    for (const Case& row : {Case{true, true, true, true, 1},
+                            {false, true, true, true, 0},
+                            {true, false, true, true, 0},
+                            {true, true, false, true, 0},
+                            {true, true, true, false, 0}}) {
         Form form("form", "");
         MenuItem top(form, "top", nullptr);
         MenuItem bar(form, "bar", &top);
