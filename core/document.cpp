@@ -16,7 +16,6 @@ namespace {
 /// Key codes of the chords that go through the Edit commands, and their actions there.
 constexpr std::pair<int, int> editChords[] = {{'V', 0}, {'C', 2}, {'X', 1}, {'Z', 4}, {'A', 3}};
 constexpr int ctrlAlone = 2;
-constexpr int rightButton = 2;
 
 Answer askSaveAsUtf8(const std::string& name) {
     return beepAndShow({.text = "The text in [" + name + "] has characters that its file's encoding lacks.\r\n" +
@@ -47,7 +46,7 @@ void CDocument::connectWindow() {
     text.keyUp.connect([this](KeyPress&) { documentManager_->UpdateLineStats(*this); });
     text.keyDown.connect([this](KeyPress& key) { Text1_KeyDown(key); });
     text.mouseDown.connect([](const MousePress& press) {
-        if (press.button == rightButton) rightPressed().raise();
+        if (press.button == MousePress::right) rightPressed().raise();
     });
 }
 

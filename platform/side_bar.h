@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/control.h"
+
+namespace kelvor {
+
+/// A bar that is docked at a side of the frame.
+class SideBar : public Control {
+public:
+    static constexpr int left = 3;
+    static constexpr int right = 4;
+
+    using Control::Control;
+
+    int align() const { return align_; }
+    void setAlign(int align) { change(align_, align, Aspect::order); }
+
+private:
+    int align_ = left;
+};
+
+}  // namespace kelvor
