@@ -109,6 +109,7 @@ void CDocument::applyFileName(const std::string& name) {
     urlForDocument_ = vdirManager_->GetVDirForPath(name);
     shortFileName_ = fileNamePart(name);
     docTabStrip_->setCaption(strUniqueID_, shortFileName_);
+    docTabStrip_->setTabToolTip(strUniqueID_, longFileName_);
     window_->setCaption(longFileName_);
 }
 

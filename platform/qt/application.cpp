@@ -71,6 +71,11 @@ Application::~Application() {
     for (int& end : signalPipe) close(std::exchange(end, -1));
 }
 
+int Application::run() {
+    running_ = true;
+    return exec();
+}
+
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
@@ -98,7 +103,7 @@ void Application::listenToSignals() {
 
 void Application::exitWhenIdle() {
     // Inside a dialog, or a command that lets events run: its caller is not ready to lose its window.
-    if (QThread::currentThread()->loopLevel() > 1) return;
+    if (!running_ || QThread::currentThread()->loopLevel() > 1) return;
     disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
     const auto ask = [this] {
         exitWanted_ = false;
@@ -108,7 +113,7 @@ void Application::exitWhenIdle() {
 }
 
 void Application::endSession(QSessionManager& manager) {
-    if (!onExitWanted || !manager.allowsInteraction()) return;
+    if (!running_ || !onExitWanted || !manager.allowsInteraction()) return;
     const bool ready = onExitWanted();
     manager.release();
     if (!ready) manager.cancel();

@@ -16,8 +16,12 @@ public:
     ~Application() override;
 
     /// Asks to end the program, as its Exit does; false when the user refused. Runs between two events of
-    /// the main loop: a signal that comes while a dialog is open waits for its end.
+    /// the main loop: a signal that comes during the start or while a dialog is open waits for its end.
     std::function<bool()> onExitWanted;
+
+    /// Runs the main loop until the program is to end.
+    /// @return the program's exit code
+    int run();
 
     bool notify(QObject* receiver, QEvent* event) override;
 
@@ -26,6 +30,7 @@ private:
     void exitWhenIdle();
     void endSession(QSessionManager& manager);
 
+    bool running_ = false;
     bool exitWanted_ = false;
 };
 

@@ -22,7 +22,7 @@ int main(int argumentCount, char** arguments) {
     application.onExitWanted = [] { return mainForm().unload(); };
     platform.windows().onFrameGone = [] { QCoreApplication::quit(); };
     int result = 0;
-    if (startKelvor()) result = QApplication::exec();
+    if (startKelvor()) result = application.run();
     releaseMainForm();
     return result;
 }

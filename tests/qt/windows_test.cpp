@@ -9,7 +9,9 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
+#include <QToolBar>
 
 #include "assistants/template_holder.h"
 #include "core/frame.h"
@@ -237,6 +239,26 @@ TEST_F(Frame, AModalFormReturnsWhenHiddenOrUnloaded) {
     QTimer::singleShot(0, [&] { form.unload(); });
     platform_.windows().showModal(form);
     EXPECT_FALSE(form.isLoaded());
+}
+
+TEST_F(Frame, HelpCanBeReadBesideAModalForm) {
+    TemplateHolder form;
+    form.onLoad = {};
+    form.load();
+    QTimer::singleShot(0, [&] {
+        kelvor::platform().help.show("/no/help.chm::/1.html");
+        HelpWindow& help = *platform_.help().window();
+        QWidget* home = help.findChild<QToolBar*>()->widgetForAction(help.findChild<QToolBar*>()->actions()[2]);
+        letEventsRun();
+        QTest::mouseClick(help.windowHandle(), Qt::LeftButton, {}, home->mapTo(&help, home->rect().center()));
+        EXPECT_TRUE(help.browser().toPlainText().contains("index.html"));
+        platform_.windows().hide(form);
+    });
+    platform_.windows().showModal(form);
+    form.unload();
+    // It outlives the form that it stood above.
+    letEventsRun();
+    EXPECT_TRUE(platform_.help().window()->isVisible());
 }
 
 TEST_F(Frame, EscapeUnloadsAToolForm) {

@@ -33,13 +33,14 @@ public:
     }
 };
 
+/// A lock key's panel is dim while the lock is off; the insert panel names the mode that is on.
 void showKey(PanelLabel& label, const Panel& panel) {
     const KeyStates& states = keyStates();
     const bool overtype = panel.kind == Kind::insert && states.overtype();
     label.show(overtype ? QStringLiteral("OVR") : toQt(panel.text));
     const bool lit = panel.kind == Kind::capsLock  ? states.capsLock()
                      : panel.kind == Kind::numLock ? states.numLock()
-                                                   : overtype;
+                                                   : true;
     label.setEnabled(lit);
 }
 
