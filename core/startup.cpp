@@ -63,7 +63,7 @@ void readUserSettings() {
 /// The start in its order. An error ends it there, and what was done stays.
 constexpr void (*steps[])() = {removePlaceholderTab,    createDocumentManager, loadFontList, resetCounters,
                                getRegistered_OpenFiles, loadComboBoxes,        startVDirs,   grabReg,
-                               setUpUStrings,           checkNewFile};
+                               setUpUStrings,           setUpBrowsers,         checkNewFile, initQuickView};
 
 /// The frame's end: the managers go, and then every form that is still loaded.
 void MDIForm1_Unload() {
