@@ -207,6 +207,7 @@ void connectArrays(MDIForm1& frame) {
 
 void connectQuickFile(MDIForm1& frame) {
     constexpr int enter = 13;
+    frame.CoolBar1.closeClicked.connect(mnuView_QuickFile_Click);
     frame.Drive1.changed.connect(Drive1_Change);
     frame.Dir1.changed.connect(Dir1_Change);
     frame.Combo5.changed.connect(Combo5_Change);
@@ -248,6 +249,7 @@ void connectCommands() {
     connectArrays(frame);
     connectToolbars();
     connectQuickFile(frame);
+    frame.CoolBar2.closeClicked.connect(mnuView_DocumentAssistant_Click);
     connectLists(frame);
     connectDocuments();
 }

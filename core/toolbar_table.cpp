@@ -77,11 +77,11 @@ std::vector<ToolBar::Button> formButtons() {
 
 std::vector<ToolBar::Button> viewModeButtons() {
     return {
-        {"Source", "Source", toggle},
-        {"Preview", "Preview", toggle},
+        {.key = "Source", .toolTip = "Source", .kind = toggle},
+        {.key = "Preview", .toolTip = "Preview", .kind = toggle},
         separatorButton,
-        {"NoVDir", "Disable Virtual Directory Mappings", toggle},
-        {"VDir", "Enable Virtual Directory Mappings", toggle},
+        {.key = "NoVDir", .toolTip = "Disable Virtual Directory Mappings", .kind = toggle, .caption = "Unmapped"},
+        {.key = "VDir", .toolTip = "Enable Virtual Directory Mappings", .kind = toggle, .caption = "Mapped"},
     };
 }
 

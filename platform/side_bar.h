@@ -13,7 +13,10 @@ public:
     using Control::Control;
 
     int align() const { return align_; }
-    void setAlign(int align) { change(align_, align, Aspect::order); }
+    void setAlign(int align) { change(align_, align, Aspect::value); }
+
+    /// The user wants the bar away; who hears it decides.
+    Event<> closeClicked;
 
 private:
     int align_ = left;

@@ -24,6 +24,7 @@ public:
         std::vector<Entry> entries = {};  ///< of a drop-down button
         bool enabled = true;
         bool pressed = false;
+        std::string_view caption = {};  ///< on bars that show texts; the tool tip when there is none
     };
 
     ToolBar(Form& form, std::string name, std::vector<Button> buttons)

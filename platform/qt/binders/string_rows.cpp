@@ -1,6 +1,9 @@
 #include "platform/qt/binders/string_rows.h"
 
+#include <QAbstractItemView>
+
 #include "platform/qt/convert.h"
+#include "platform/qt/form_link.h"
 
 namespace kelvor::qt {
 
@@ -47,6 +50,11 @@ Qt::ItemFlags StringRows::flags(const QModelIndex& index) const {
 
 bool StringRows::setData(const QModelIndex& index, const QVariant& value, int role) {
     return editor_ && role == Qt::EditRole && editor_(index.row(), fromQt(value.toString()));
+}
+
+void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link) {
+    view.setModel(&rows);
+    QObject::connect(&link, &QObject::destroyed, &view, [&view] { view.setModel(nullptr); });
 }
 
 }  // namespace kelvor::qt
