@@ -8,6 +8,7 @@
 #include "core/tool_forms.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "support/report_error.h"
 
 namespace kelvor {
 
@@ -95,10 +96,12 @@ bool CDocument::OpenDoc(const std::string& path, bool isUntitled) {
         }
         applyFileName(isUntitled ? longFileName_ : path);
         mainForm().mdi.show(*window_);
-        documentManager_->UpdateLineStats(*this);
         isSaved_ = true;
+        showSavedState();
         return true;
     } catch (const std::exception&) {
+        // The text that was loaded half way is nobody's change.
+        isSaved_ = true;
         return false;
     }
 }
@@ -124,8 +127,9 @@ bool CDocument::writeText(const std::string& path) {
     try {
         text.SaveFile(path);
         return true;
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         text.setEncoding(before);
+        logError(error);
         return false;
     }
 }
@@ -169,6 +173,7 @@ void CDocument::SetDocFocus() {
 
 void CDocument::editWindow_Activate() {
     docTabStrip_->setSelectedItem(strUniqueID_);
+    Text1_SelChange();
     SetDocFocus();
 }
 
@@ -212,6 +217,7 @@ bool CDocument::saveBeforeClosing() {
     if (isUntitled_) {
         using namespace dialog_flag;
         prepareSaveDialog(overwritePrompt | hideReadOnly | noReadOnlyReturn);
+        mainForm().CommonD1.fileName.clear();
         mainForm().CommonD1.ShowSave();
         longFileName_ = mainForm().CommonD1.fileName;
     }

@@ -14,10 +14,11 @@ namespace {
 
 using namespace dialog_flag;
 
-/// Shows the save dialog and takes its directory; the chosen path.
-std::string askForName(int flags) {
+/// Shows the save dialog, which offers a titled document's own name, and takes its directory; the chosen path.
+std::string askForName(const CDocument& document, int flags) {
     prepareSaveDialog(flags);
     CommonDialog& dialog = mainForm().CommonD1;
+    dialog.fileName = document.IsUntitled() ? "" : document.ShortFileName();
     dialog.ShowSave();
     lastDir = directoryPart(dialog.fileName);
     return dialog.fileName;
@@ -34,6 +35,12 @@ bool saveUntitled(CDocument& document, const std::string& path) {
     addOpenFile(path);
     recentFileMenu();
     return saved || document.saveDeclined();
+}
+
+/// Panel 1 tells of the document in front, whatever was saved beside it.
+void showSavedStateInFront() {
+    const bool saved = documentManager()->currentDocument().IsSaved();
+    mainForm().StatusBar1.setPanelText(panel::saved, saved ? "File Saved: Yes" : "File Saved: No");
 }
 
 void reportSomeNotSaved() {
@@ -70,8 +77,8 @@ void fileSaveAs(CDocument& document, const std::string& path) {
 
 void cmdSaveAs() {
     try {
-        const std::string path = askForName(overwritePrompt | hideReadOnly | noReadOnlyReturn);
-        fileSaveAs(documentManager()->currentDocument(), path);
+        CDocument& document = documentManager()->currentDocument();
+        fileSaveAs(document, askForName(document, overwritePrompt | hideReadOnly | noReadOnlyReturn));
     } catch (const Error& error) {
         if (error.number() == error_number::dialogCancelled) return;
         beepAndShow({.text = "An error occurred while saving the file, the file is not saved.",
@@ -100,7 +107,7 @@ void mnuFile_SaveAll_Click() {
     try {
         for (const auto& document : documentManager()->MyDocuments().items()) {
             if (document->IsUntitled()) {
-                path = askForName(overwritePrompt | hideReadOnly);
+                path = askForName(*document, overwritePrompt | hideReadOnly);
                 if (!saveUntitled(*document, path)) failed = true;
             } else if (!document->SaveDoc(path) && !document->saveDeclined()) {
                 failed = true;
@@ -108,8 +115,11 @@ void mnuFile_SaveAll_Click() {
         }
     } catch (const Error& error) {
         if (error.number() != error_number::dialogCancelled) failed = true;
+    } catch (const std::exception&) {
+        failed = true;
     }
     if (failed) reportSomeNotSaved();
+    showSavedStateInFront();
 }
 
 }  // namespace kelvor

@@ -27,6 +27,7 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
         item->setShortcut(std::string(row.shortcut));
         item->setVisible((row.flags & menu_flag::hidden) == 0);
         if ((row.flags & menu_flag::popup) != 0) item->makePopup();
+        item->setIsName((row.flags & menu_flag::name) != 0);
         item->setEnabled((row.flags & menu_flag::disabled) == 0);
         item->setChecked((row.flags & menu_flag::checked) != 0);
         if (!row.name.empty()) menusByName_.emplace(row.name, item.get());

@@ -10,6 +10,8 @@ namespace menu_flag {
 constexpr int hidden = 1;
 constexpr int disabled = 2;
 constexpr int checked = 4;
+/// The caption will be a name from outside, in which "&" marks nothing.
+constexpr int name = 16;
 /// The top of a popup menu: never in the bar.
 constexpr int popup = 8;
 }  // namespace menu_flag

@@ -36,8 +36,10 @@ void registerOpenFiles() {
 
 void getRegistered_OpenFiles() {
     try {
-        const auto stored = GetAllSettings(application, section);
+        auto stored = GetAllSettings(application, section);
         if (!stored) throw Error(error_number::typeMismatch, "Type mismatch");
+        // A longer section is somebody else's work; the list and its menu hold five.
+        if (stored->size() > capacity) stored->resize(capacity);
         for (const Setting& setting : *stored) mainForm().recentFiles.Add(setting.value, setting.value);
         recentFileMenu();
     } catch (const Error&) {

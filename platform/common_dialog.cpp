@@ -19,6 +19,7 @@ FileRequest CommonDialog::request() const {
             .directory = initDir,
             .filter = filter,
             .filterIndex = filterIndex,
+            .fileName = fileName,
             .multiple = (flags & dialog_flag::allowMultiple) != 0,
             .overwritePrompt = (flags & dialog_flag::overwritePrompt) != 0};
 }

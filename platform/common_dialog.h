@@ -26,7 +26,7 @@ public:
     std::string filter;
     int filterIndex = 1;
     int flags = 0;
-    /// The chosen file's full path; the first one of several.
+    /// Before a save: the name that is offered. After a choice: the file's full path, the first one of several.
     std::string fileName;
     /// All chosen files' full paths, in the dialog's order.
     std::vector<std::string> fileNames;

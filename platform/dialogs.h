@@ -34,6 +34,8 @@ struct FileRequest {
     std::string filter;
     /// The row of the filter shown first, from 1.
     int filterIndex = 1;
+    /// The name offered by a save dialog.
+    std::string fileName;
     bool multiple = false;
     bool overwritePrompt = false;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <new>
+#include <utility>
 
 #include "platform/files.h"
 #include "platform/platform.h"
@@ -129,14 +130,13 @@ void EditControl::setSelText(std::string_view text) {
 }
 
 void EditControl::setSelColor(int color) {
-    selColor_ = color;
-    showColors();
+    // Every key writes the colour; only another one is worth laying the text out anew.
+    if (std::exchange(selColor_, color) != color) showColors();
     raiseChanged();
 }
 
 void EditControl::setBackColor(int color) {
-    backColor_ = color;
-    showColors();
+    if (std::exchange(backColor_, color) != color) showColors();
 }
 
 const TextSearch& EditControl::searchFor(std::string_view text, int options) {

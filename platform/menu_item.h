@@ -19,6 +19,10 @@ public:
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
     bool isSeparator() const { return caption_ == "-"; }
 
+    /// Whether the caption is a name, such as a path, in which "&" marks nothing.
+    bool isName() const { return isName_; }
+    void setIsName(bool isName) { isName_ = isName; }
+
     /// A key chord such as "Ctrl+Shift+S", "F5"; empty for none. Fixed before the widget follows.
     const std::string& shortcut() const { return shortcut_; }
     void setShortcut(const std::string& shortcut) { shortcut_ = shortcut; }
@@ -48,6 +52,7 @@ private:
     std::string shortcut_;
     bool checked_ = false;
     bool popup_ = false;
+    bool isName_ = false;
 };
 
 }  // namespace kelvor

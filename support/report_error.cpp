@@ -35,7 +35,8 @@ std::string onOneLine(std::string_view text) {
     return line;
 }
 
-void appendToLog(const std::string& line) {
+void appendToLog(const std::string& number, const std::string& description) {
+    const std::string line = onOneLine(platform().clock.longDate() + " " + number + " " + description) + "\r\n";
     const std::string path = errorLogPath();
     std::error_code missing;
     const std::uintmax_t size = std::filesystem::file_size(path, missing);
@@ -58,7 +59,12 @@ void reportError(const std::string& number, const std::string& description, cons
                          "\r\nError description: " + description,
                  .title = title,
                  .icon = MessageIcon::critical});
-    appendToLog(onOneLine(platform().clock.longDate() + " " + number + " " + description) + "\r\n");
+    appendToLog(number, description);
+}
+
+void logError(const std::exception& error) {
+    const auto* numbered = dynamic_cast<const Error*>(&error);
+    appendToLog(std::to_string(numbered ? numbered->number() : error_number::outOfMemory), error.what());
 }
 
 void installErrorReporting() {

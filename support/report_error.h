@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <string>
 
 namespace kelvor {
@@ -10,6 +11,9 @@ namespace kelvor {
 /// @param title   of the box
 void reportError(const std::string& number, const std::string& description,
                  const std::string& title = "Application Error");
+
+/// Writes an error into the log alone: the cause of a failure of which the user is told in other words.
+void logError(const std::exception& error);
 
 /// The log's path in the program directory.
 std::string errorLogPath();

@@ -1,5 +1,7 @@
 #include "support/settings.h"
 
+#include <sys/stat.h>
+
 #include <charconv>
 #include <ctime>
 #include <filesystem>
@@ -14,6 +16,18 @@
 namespace kelvor {
 
 namespace {
+
+std::string timeText(const char* format, std::time_t time) {
+    char text[32];
+    const std::tm* local = std::localtime(&time);
+    return {text, local ? std::strftime(text, sizeof text, format, local) : 0};
+}
+
+/// When the file was last written; before all times when there is none.
+std::filesystem::file_time_type lastWritten(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::last_write_time(path, error);
+}
 
 /// The user's settings file; when that cannot be used, a store in memory that takes its place until the end.
 class SettingsStore {
@@ -33,6 +47,10 @@ public:
         return operation(*database_);
     }
 
+    /// Renews the last good copy when values were written since. For the end: it waits for no lock, and when the
+    /// copy cannot be made, or the file is not sound, the one that is there stays.
+    void renewCopy();
+
     /// What the user is to be told; given once.
     std::string takeNotice() { return std::exchange(notice_, {}); }
 
@@ -40,10 +58,13 @@ private:
     void open();
     void openAnew(const std::string& damage);
     std::string setAside() const;
+    std::unique_ptr<SettingsDatabase> lastGoodValues() const;
+    std::string describeCopy() const;
     void copyStoredValues(SettingsDatabase& memory);
-    void goOnInMemory(const std::string& reason);
+    void goOnInMemory(const std::string& reason, std::unique_ptr<SettingsDatabase> values = {});
 
     std::string path_;
+    std::string copyPath_;
     std::unique_ptr<SettingsDatabase> database_;
     bool inMemory_ = false;
     std::string notice_;
@@ -53,6 +74,7 @@ void SettingsStore::open() {
     const std::string directory = settingsDirectory();
     if (directory.empty()) return goOnInMemory("There is no directory for the settings.");
     path_ = joinPath(directory, "settings.db");
+    copyPath_ = path_ + ".good";
     try {
         database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
     } catch (const SettingsFileError& error) {
@@ -64,31 +86,79 @@ void SettingsStore::open() {
     }
 }
 
-/// Puts the damaged file out of the way and starts afresh.
+/// Puts the damaged file out of the way; the last good values, or fresh settings, take its place. They are on
+/// the disk before: a full disk leaves the damaged file and the copy as they are.
 void SettingsStore::openAnew(const std::string& damage) {
+    auto values = lastGoodValues();
+    const std::string outcome =
+        values ? "Kelvor starts with " + describeCopy() : "There is no good copy; Kelvor starts with fresh settings.";
+    std::string reason;
     try {
-        notice_ = "The settings file is damaged and has been set aside as\r\n\r\n" + setAside() +
-                  "\r\n\r\nKelvor starts with fresh settings.";
+        const std::string unfinished = path_ + ".new";
+        const SettingsDatabase fresh = SettingsDatabase::inMemory();
+        (values ? *values : fresh).writeTo(unfinished);
+        const std::string aside = setAside();
+        std::filesystem::rename(unfinished, path_);
+        notice_ = "The settings file is damaged and has been set aside as\r\n\r\n" + aside + "\r\n\r\n" + outcome;
         database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
+        return;
     } catch (const std::filesystem::filesystem_error& error) {
-        goOnInMemory("The file is damaged (" + damage + ") and cannot be set aside: " + error.code().message());
+        reason = error.code().message();
     } catch (const SettingsFileError& error) {
-        goOnInMemory(error.description());
+        reason = error.description();
+    }
+    reason = "The file is damaged (" + damage + ") and cannot be replaced: " + reason;
+    if (values) reason += "\r\n\r\n" + outcome;
+    goOnInMemory(reason, std::move(values));
+}
+
+/// The values of the last good copy; nothing when it is missing or damaged as well.
+std::unique_ptr<SettingsDatabase> SettingsStore::lastGoodValues() const {
+    try {
+        const SettingsDatabase copy = SettingsDatabase::openPastLocks(copyPath_);
+        copy.check();
+        auto values = std::make_unique<SettingsDatabase>(SettingsDatabase::inMemory());
+        values->copyFrom(copy);
+        return values;
+    } catch (const SettingsFileError&) {
+        return {};
     }
 }
 
-/// Renames the file and gives its new path. Its journal goes along: left behind, it would be played back
-/// into the fresh file.
+std::string SettingsStore::describeCopy() const {
+    struct stat status {};
+    stat(copyPath_.c_str(), &status);
+    return "the last good copy of the settings, made on " + timeText("%Y-%m-%d at %H:%M", status.st_mtime) +
+           ". Later changes are lost.";
+}
+
+void SettingsStore::renewCopy() {
+    if (inMemory_ || (!database_->hasWritten() && lastWritten(copyPath_) >= lastWritten(path_))) return;
+    const std::string unfinished = copyPath_ + ".new";
+    try {
+        database_->stopWaiting();
+        database_->check();
+        database_->writeTo(unfinished);
+    } catch (const SettingsFileError&) {
+        return;
+    }
+    std::error_code error;
+    std::filesystem::rename(unfinished, copyPath_, error);
+    if (error) std::filesystem::remove(unfinished, error);
+}
+
+/// Gives the file another path, and where the file system has links, leaves the old one too until it is replaced: a
+/// start that is stopped in between finds the damage again. Its journal goes along: left behind, it would be played
+/// back into the fresh file.
 std::string SettingsStore::setAside() const {
-    char date[32];
-    const std::time_t now = std::time(nullptr);
-    std::strftime(date, sizeof date, "%Y%m%d-%H%M%S", std::localtime(&now));
-    const std::string wanted = path_ + ".bad-" + date;
+    const std::string wanted = path_ + ".bad-" + timeText("%Y%m%d-%H%M%S", std::time(nullptr));
     std::string aside = wanted;
     for (int attempt = 2; std::filesystem::exists(aside); ++attempt) aside = wanted + "-" + std::to_string(attempt);
     for (const char* ending : {"-journal", "-wal", "-shm"})
         if (std::filesystem::exists(path_ + ending)) std::filesystem::rename(path_ + ending, aside + ending);
-    std::filesystem::rename(path_, aside);
+    std::error_code noLinks;
+    std::filesystem::create_hard_link(path_, aside, noLinks);
+    if (noLinks) std::filesystem::rename(path_, aside);
     return aside;
 }
 
@@ -108,10 +178,13 @@ void SettingsStore::copyStoredValues(SettingsDatabase& memory) {
     }
 }
 
-void SettingsStore::goOnInMemory(const std::string& reason) {
-    auto memory = std::make_unique<SettingsDatabase>(SettingsDatabase::inMemory());
-    copyStoredValues(*memory);
-    database_ = std::move(memory);
+/// Goes on with `values`, or, when there are none, with what can be read of the file.
+void SettingsStore::goOnInMemory(const std::string& reason, std::unique_ptr<SettingsDatabase> values) {
+    if (!values) {
+        values = std::make_unique<SettingsDatabase>(SettingsDatabase::inMemory());
+        copyStoredValues(*values);
+    }
+    database_ = std::move(values);
     inMemory_ = true;
     if (!notice_.empty()) notice_ += "\r\n\r\n";
     notice_ += "Settings cannot be stored; changes last until Kelvor ends.\r\n\r\n";
@@ -185,6 +258,7 @@ bool settingBoolean(const std::string& text) {
 }
 
 void closeSettings() {
+    if (store()) store()->renewCopy();
     store().reset();
 }
 

@@ -27,7 +27,8 @@ int settingNumber(const std::string& text);
 /// The Boolean in a stored text: "True", "False" in any case, or a number (0 is false). Anything else: error 13.
 bool settingBoolean(const std::string& text);
 
-/// Closes the store; the next call opens it anew. For the end of the program and for tests.
+/// Closes the store, with a copy beside it to fall back on when the file gets damaged; the next call opens it
+/// anew. For the end of the program and for tests.
 void closeSettings();
 
 }  // namespace kelvor

@@ -1,10 +1,13 @@
 #include "support/settings_database.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 
 #include <filesystem>
 #include <new>
+#include <system_error>
 
+#include "platform/system_calls.h"
 #include "platform/text.h"
 
 namespace kelvor {
@@ -117,6 +120,18 @@ std::uintmax_t sizeOfRegularFile(const std::string& path) {
                             error ? error.message() : "There is no regular file at its place.");
 }
 
+void requireCall(int result) {
+    if (result < 0)
+        throw SettingsFileError(SettingsFileError::Cause::unavailable, std::generic_category().message(errno));
+}
+
+/// Removes a file and what a stopped writer has left of its journal.
+void removeWithJournal(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove(path + "-journal", error);
+    std::filesystem::remove(path, error);
+}
+
 /// A path as the middle of a "file:" address.
 std::string addressOf(const std::string& path) {
     static constexpr char digits[] = "0123456789ABCDEF";
@@ -171,18 +186,10 @@ SettingsDatabase SettingsDatabase::openPastLocks(const std::string& path) {
 /// Makes the file under another name first: whatever stops the program, there is no half-made file.
 void SettingsDatabase::makeFile(const std::string& path) {
     const std::string unfinished = path + ".new";
+    inMemory().writeTo(unfinished);
     std::error_code error;
-    std::filesystem::remove(unfinished + "-journal", error);
-    std::filesystem::remove(unfinished, error);
-    try {
-        SettingsDatabase(unfinished, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).execute(makeTable);
-        std::filesystem::rename(unfinished, path);
-    } catch (const std::filesystem::filesystem_error& failure) {
-        throw SettingsFileError(SettingsFileError::Cause::unavailable, failure.code().message());
-    } catch (const SettingsFileError&) {
-        std::filesystem::remove(unfinished, error);
-        throw;
-    }
+    std::filesystem::rename(unfinished, path, error);
+    if (error) throw SettingsFileError(SettingsFileError::Cause::unavailable, error.message());
 }
 
 void SettingsDatabase::execute(const char* statements) const {
@@ -190,7 +197,6 @@ void SettingsDatabase::execute(const char* statements) const {
     require(code == SQLITE_OK, code, connection_.get());
 }
 
-/// Throws unless the file is sound and has the table that the statements need.
 void SettingsDatabase::check() const {
     Statement quickCheck(connection_.get(), "PRAGMA quick_check(1)");
     const std::string finding = quickCheck.step() ? quickCheck.text(0) : std::string();
@@ -231,6 +237,10 @@ std::vector<Setting> SettingsDatabase::list(std::string_view application, std::s
     return settings;
 }
 
+bool SettingsDatabase::hasWritten() const {
+    return sqlite3_total_changes64(connection_.get()) > 0;
+}
+
 void SettingsDatabase::copyFrom(const SettingsDatabase& other) {
     Statement statement(other.connection_.get(), listAll);
     while (statement.step()) {
@@ -238,6 +248,20 @@ void SettingsDatabase::copyFrom(const SettingsDatabase& other) {
         const std::string section = statement.text(1);
         const std::string key = statement.text(2);
         write({application, section, key}, statement.text(3));
+    }
+}
+
+void SettingsDatabase::writeTo(const std::string& path) const {
+    removeWithJournal(path);
+    const OpenFile file(uninterrupted(
+        [&] { return systemCalls().open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR); }));
+    requireCall(file.descriptor());
+    try {
+        Statement(connection_.get(), "VACUUM INTO ?1").bind(path).step();
+        requireCall(uninterrupted([&] { return systemCalls().fsync(file.descriptor()); }));
+    } catch (const SettingsFileError&) {
+        removeWithJournal(path);
+        throw;
     }
 }
 

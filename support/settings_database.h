@@ -55,8 +55,15 @@ public:
     /// The pairs of a section in the order of their creation.
     std::vector<Setting> list(std::string_view application, std::string_view section) const;
 
+    /// Throws unless the file is sound and has the table that the operations need.
+    void check() const;
+    /// Whether this connection has changed a value.
+    bool hasWritten() const;
     /// Adds all values of `other` in their order; those read before a failure stay.
     void copyFrom(const SettingsDatabase& other);
+    /// Writes everything to a new file, on the disk when the call returns and readable by its owner alone. What
+    /// is at `path` goes first; after a failure there is nothing.
+    void writeTo(const std::string& path) const;
     /// From now on a lock is an error at once.
     void stopWaiting();
 
@@ -68,7 +75,6 @@ private:
     SettingsDatabase(const std::string& name, int flags);
     static void makeFile(const std::string& path);
     void execute(const char* statements) const;
-    void check() const;
 
     std::unique_ptr<sqlite3, Close> connection_;
 };

@@ -66,7 +66,7 @@ void FakePlatform::expectColor(std::optional<int> color) {
     steps_.push_back({.kind = "color", .color = color});
 }
 
-void FakePlatform::expectFolder(const std::string& title, std::optional<std::string> answer) {
+void FakePlatform::expectFolder(const std::string& title, const std::optional<std::string>& answer) {
     steps_.push_back({.kind = "folder", .title = title, .text = answer.value_or("")});
 }
 

@@ -37,7 +37,7 @@ public:
     void expectOpen(const std::vector<std::string>& paths, std::function<void(const FileRequest&)> look = {});
     void expectSave(const std::string& path, std::function<void(const FileRequest&)> look = {});
     void expectColor(std::optional<int> color);
-    void expectFolder(const std::string& title, std::optional<std::string> answer);
+    void expectFolder(const std::string& title, const std::optional<std::string>& answer);
     /// While the next modal form is shown, `steps` run; the form is then hidden when it is still there.
     void expectModal(std::function<void(Form&)> steps);
     /// While the next popup is open, `steps` run.

@@ -125,8 +125,11 @@ void findLeftovers(const QWidget& parent, const std::string& form, const std::se
         if (!widget || widget->isWindow()) continue;
         const std::string name = fromQt(widget->objectName());
         const bool known = name.empty() || name.starts_with("qt_") || names.contains(name);
-        if (!known && takesInput(*widget))
-            problems.push_back(form + ": " + name + ", a " + classOf(*widget) + ", belongs to no control");
+        if (!known && takesInput(*widget)) {
+            std::string problem = form;
+            problem.append(": ").append(name).append(", a ").append(classOf(*widget));
+            problems.push_back(problem.append(", belongs to no control"));
+        }
         if (!isClosed(*widget)) findLeftovers(*widget, form, names, problems);
     }
 }

@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <algorithm>
 
+#include "platform/paths.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/file_filter.h"
 #include "platform/qt/screen.h"
@@ -18,6 +21,10 @@ namespace {
 
 /// In pixels; long paths in a question are broken at this width and not at the screen's.
 constexpr int widestPrompt = 480;
+/// In pixels; wide enough for the columns of the list.
+constexpr QSize fileDialogSize(820, 520);
+/// In pixels; what a title bar needs beside its text for icon and buttons.
+constexpr int titleBarMargin = 130;
 
 QMessageBox::Icon iconOf(MessageIcon icon) {
     switch (icon) {
@@ -76,6 +83,7 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
 void prepare(QFileDialog& dialog, const std::string& title, const std::string& directory) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     if (!title.empty()) dialog.setWindowTitle(windowTitle(title));
+    dialog.resize(fileDialogSize);
     const QString start = toQt(directory);
     dialog.setDirectory(QFileInfo(start).isDir() ? start : QDir::homePath());
 }
@@ -99,6 +107,14 @@ void prepareForFiles(QFileDialog& dialog, const FileRequest& request) {
     dialog.selectNameFilter(filters[row]);
 }
 
+/// Makes a box at least as wide as its title, which the window manager would cut otherwise.
+void makeRoomForTitle(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid) return;
+    const int width = QFontMetrics(QApplication::font()).horizontalAdvance(box.windowTitle()) + titleBarMargin;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 Answer QtDialogs::message(const Message& message) {
@@ -111,6 +127,7 @@ Answer QtDialogs::message(const Message& message) {
     box.setEscapeButton(escapeOf(message.buttons));
     const QMessageBox::StandardButton standard = buttonOf(message.standard);
     box.setDefaultButton(box.standardButtons().testFlag(standard) ? standard : QMessageBox::Yes);
+    makeRoomForTitle(box);
     const PlainPointer pointer;
     const int pressed = box.exec();
     const auto row = std::find_if(std::begin(answers), std::end(answers),
@@ -146,6 +163,7 @@ std::optional<std::string> QtDialogs::saveFile(const FileRequest& request) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
+    if (!request.fileName.empty()) dialog.selectFile(toQt(fileNamePart(request.fileName)));
     const auto paths = chosen(dialog);
     if (paths.empty()) return std::nullopt;
     return paths.front();

@@ -63,6 +63,10 @@ HelpWindow::HelpWindow() : browser_(new HelpBrowser(this)) {
     layout->setSpacing(0);
     layout->addWidget(bar);
     layout->addWidget(browser_);
+    auto* close = new QAction(this);
+    close->setShortcut(Qt::Key_Escape);
+    connect(close, &QAction::triggered, this, &QWidget::close);
+    addAction(close);
     resize(helpSize);
     browser_->setFocus();
 }

@@ -12,8 +12,6 @@ int main(int argumentCount, char** arguments) {
         std::fputs("Kelvor: no display. Set DISPLAY or WAYLAND_DISPLAY.\n", stderr);
         return 1;
     }
-    // The preview's browser, which may be loaded later, needs this from the start.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     std::optional<qt::StartFailureGuard> starting(std::in_place);
     qt::Application application(argumentCount, arguments);
     starting.reset();

@@ -87,6 +87,8 @@ void MdiView::follow(MdiArea::Change change, Form* child) {
             remove(*child);
             break;
         case MdiArea::Change::activated:
+            // A window that the user has just turned into an icon is in front too, and stays one.
+            if (!before) restore(child);
             activate(child);
             break;
         case MdiArea::Change::arranged:
@@ -102,16 +104,11 @@ void MdiView::show(Form& child) {
     auto* window = new ChildWindow(child);
     window->setWidget(widget);
     widget->show();
-    const QMdiSubWindow* current = windows_.value(model_.activeForm());
     windows_.insert(&child, window);
     area_.addSubWindow(window);
     // The size that it takes when it is no longer maximised.
     window->resize(area_.viewport()->size() * 3 / 4);
-    if (!current || current->isMaximized()) {
-        window->showMaximized();
-    } else {
-        window->show();
-    }
+    window->showMaximized();
 }
 
 void MdiView::remove(Form& child) {
@@ -129,6 +126,11 @@ void MdiView::remove(Form& child) {
     window->hide();
     window->deleteLater();
     if (QMdiSubWindow* next = windows_.value(model_.activeForm()); next && maximised) next->showMaximized();
+}
+
+void MdiView::restore(Form* child) {
+    QMdiSubWindow* window = windows_.value(child);
+    if (window && window->isMinimized()) window->showNormal();
 }
 
 void MdiView::activate(Form* child) {

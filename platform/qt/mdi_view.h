@@ -33,6 +33,7 @@ private:
     void follow(MdiArea::Change change, Form* child);
     void show(Form& child);
     void remove(Form& child);
+    void restore(Form* child);
     void activate(Form* child);
     void arrange();
     void fillList(QMenu& menu);

@@ -88,6 +88,7 @@ void ScintillaWidget::setUpText() {
     send(SCI_SETSCROLLWIDTHTRACKING, 1);
     send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);  // a long line is laid out once for all its paints
     send(SCI_SETMARGINS, 0);
+    send(SCI_SETMARGINLEFT, 0, 4);
     send(SCI_USEPOPUP, SC_POPUP_NEVER);
 }
 

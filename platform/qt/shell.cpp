@@ -28,7 +28,7 @@ QString blockedProgram(const QString& name) {
 QString programPath(const std::string& word) {
     const QString name = toQt(word);
     if (!name.contains(QLatin1Char('/'))) {
-        const QString found = QStandardPaths::findExecutable(name);
+        QString found = QStandardPaths::findExecutable(name);
         if (!found.isEmpty()) return found;
         if (!blockedProgram(name).isEmpty()) throw Error(error_number::pathAccess, "Path/File access error: " + word);
         throw Error(error_number::fileNotFound, "File not found: " + word);

@@ -48,6 +48,32 @@ TEST_F(Document, ASelectionLeavesTheCaretPanelAlone) {
     EXPECT_EQ(panelText(panel::position), "10/1");
 }
 
+TEST_F(Document, PanelsTellOfTheDocumentInFront) {
+    const std::string first = open("a.htm", "one").StrUniqueID();
+    open("b.htm", "twelve bytes");
+    type("x");
+    mainForm().TabStrip1.click(first);
+    EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
+    EXPECT_EQ(panelText(panel::position), "1/1");
+    EXPECT_EQ(panelText(panel::characters), "Characters: 3 ");
+    menu("mnuWindow_NextWindow").click();
+    EXPECT_EQ(panelText(panel::saved), "File Saved: No");
+    EXPECT_EQ(panelText(panel::position), "2/1");
+    menu("mnuFile_SaveAll").click();
+    EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
+}
+
+TEST_F(Document, TheCauseOfAFailedSaveIsInTheLog) {
+    const std::string path = open("a.htm", "x").LongFileName();
+    type("y");
+    chmod(path.c_str(), 0444);
+    platform.expectMessage({.text = "An error occured while saving the file [" + path + "].",
+                            .title = "File Save Error",
+                            .icon = MessageIcon::critical});
+    mnuFile_Save_Click();
+    EXPECT_NE(files.read("program/errorlog.txt").find(" 70 "), std::string::npos);
+}
+
 TEST_F(Document, TypingMarksItChangedAndSavingClean) {
     CDocument& document = open("a.htm", "<P>\r\n");
     EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");

@@ -125,6 +125,21 @@ TEST_F(FileCommands, AStoredListWithADoubleEntryLeavesTheListHidden) {
     EXPECT_TRUE(recentMenu().empty());
 }
 
+TEST_F(FileCommands, ALongerStoredListIsCutToTheMenu) {
+    for (int index = 1; index <= 7; ++index)
+        SaveSetting(application, "Recent_Files", "file " + std::to_string(index), "/" + std::to_string(index));
+    getRegistered_OpenFiles();
+    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"5", "4", "3", "2", "1"}));
+    openByDialog({"a.htm", "b.htm"});
+    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"b.htm", "a.htm", "5", "4", "3"}));
+}
+
+TEST_F(FileCommands, SaveAsOffersTheNameOfATitledDocument) {
+    open("a.htm", "x");
+    platform.expectSave("", [](const FileRequest& request) { EXPECT_EQ(request.fileName, "a.htm"); });
+    menu("mnuFile_SaveAs").click();
+}
+
 TEST_F(FileCommands, ARecentFileThatIsGoneIsToldAndStaysListed) {
     openByDialog({"a.htm"});
     mnuFile_Close_Click();

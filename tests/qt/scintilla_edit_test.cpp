@@ -78,11 +78,11 @@ TEST_F(ScintillaEditTest, ATabReplacesSelectedLines) {
 }
 
 struct KeyCodeRow {
-    int key;
+    int key = 0;
     Qt::KeyboardModifiers modifiers;
-    quint32 scanCode;
-    int code;
-    int shift;
+    quint32 scanCode = 0;
+    int code = 0;
+    int shift = 0;
 };
 
 TEST_F(ScintillaEditTest, HandlersGetKeyCodes) {

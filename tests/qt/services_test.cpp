@@ -33,7 +33,7 @@ void onDialog(std::function<void(Dialog&)> steps) {
 
 TEST(NameFilters, AreRowsOfANameAndItsPatterns) {
     struct Case {
-        const char* filter;
+        const char* filter = "";
         QStringList rows;
     };
     const Case cases[] = {

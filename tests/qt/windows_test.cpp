@@ -160,6 +160,10 @@ TEST_F(Frame, ArrangesItsChildren) {
     frame_.mdi.arrange(Arrangement::tileHorizontally);
     EXPECT_TRUE(subWindow(*children_[0]).isMinimized());
     EXPECT_FALSE(subWindow(*children_[0]).geometry().intersects(subWindow(*children_[2]).geometry()));
+
+    frame_.mdi.activate(*children_[2]);
+    frame_.mdi.activate(*children_[0]);
+    EXPECT_FALSE(subWindow(*children_[0]).isMinimized()) << "its tab brings an icon back";
 }
 
 TEST_F(Frame, TheWindowMenuListsTheChildren) {

@@ -17,12 +17,20 @@ namespace kelvor::qt {
 
 namespace {
 
+/// In characters; what of a path a row shows.
+constexpr int longestName = 70;
+
+QString captionOf(const MenuItem& item) {
+    const QString caption = toQt(item.caption());
+    return item.isName() ? menuText(elidedInTheMiddle(caption, longestName)) : caption;
+}
+
 void follow(MenuItem& item, QAction& action) {
     const auto follower = [&item, &action](Aspect aspect) {
         switch (aspect) {
             case Aspect::caption:
                 action.setSeparator(item.isSeparator());
-                action.setText(item.isSeparator() ? QString() : toQt(item.caption()));
+                action.setText(item.isSeparator() ? QString() : captionOf(item));
                 break;
             case Aspect::enabled:
                 action.setEnabled(item.enabled());

@@ -13,6 +13,9 @@ namespace {
 
 using Tab = TabStrip::Tab;
 
+/// In characters; what of a caption a tab shows.
+constexpr int longestTab = 32;
+
 QString keyAt(const QTabBar& widget, int index) {
     return widget.tabData(index).toString();
 }
@@ -35,7 +38,7 @@ void showTabs(const TabStrip& strip, QTabBar& widget) {
             widget.insertTab(index, QString());
             widget.setTabData(index, key);
         }
-        const QString text = menuText(toQt(tab.caption));
+        const QString text = menuText(elidedInTheMiddle(toQt(tab.caption), longestTab));
         if (widget.tabText(index) != text) widget.setTabText(index, text);
         const QString tip = toolTipText(tab.toolTip);
         if (widget.tabToolTip(index) != tip) widget.setTabToolTip(index, tip);
@@ -56,7 +59,7 @@ void bindTabStrip(TabStrip& strip, QTabBar& widget, FormLink& link) {
     widget.setExpanding(false);
     widget.setDocumentMode(true);
     widget.setUsesScrollButtons(true);
-    widget.setElideMode(Qt::ElideMiddle);
+    widget.setElideMode(Qt::ElideNone);
     link.follow(strip, widget, [&strip, &widget](Aspect) {
         const QSignalBlocker blocker(widget);
         showTabs(strip, widget);
