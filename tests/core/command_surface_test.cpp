@@ -108,6 +108,13 @@ TEST_F(CommandSurface, ADocumentTurnsEverythingOnOnce) {
     EXPECT_FALSE(mainForm().Toolbar3.visible());
 }
 
+TEST_F(CommandSurface, SeveralFilesOpenedAtOnceTurnEverythingOnToo) {
+    platform.expectOpen({files.write("a.htm", "1"), files.write("b.htm", "2"), files.write("c.htm", "3")});
+    menu("mnuFile_Open").click();
+    EXPECT_EQ(disabledMenus(), Names{"mnuFile_Print"});
+    EXPECT_EQ(enabledButtons(mainForm().Toolbar4), (Names{"Source", "Preview", "NoVDir", "VDir"}));
+}
+
 TEST_F(CommandSurface, PreviewTurnsOffWhatNeedsTheSource) {
     CDocument& first = open("a.htm", "x");
     const std::string second = open("b.htm", "y").StrUniqueID();

@@ -6,8 +6,6 @@
 int main(int argumentCount, char** arguments) {
     testing::InitGoogleTest(&argumentCount, arguments);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    // As the program does, for the web engine.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     const QApplication application(argumentCount, arguments);
     Q_INIT_RESOURCE(icons);
     return RUN_ALL_TESTS();

@@ -1,9 +1,16 @@
 #include "platform/qt/browser/browser_module.h"
 
+#include <QCoreApplication>
 #include <QObject>
+#include <QOpenGLContext>
 #include <QWebEngineProfile>
 
 #include "platform/qt/browser/browser_view.h"
+
+QT_BEGIN_NAMESPACE
+/// Exported by the toolkit for those who come late, and declared in none of its headers.
+Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
+QT_END_NAMESPACE
 
 namespace kelvor::qt {
 
@@ -16,6 +23,16 @@ constexpr const char* flagsVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr const char* closedWays =
     " --force-webrtc-ip-handling-policy=disable_non_proxied_udp"
     " --disable-blink-features=WebTransport";
+
+/// Makes the context with which the engine's processes share their pictures. The toolkit would make it at the start
+/// of the program, if asked before; but then every start pays for it, with 60 MB where the graphics are software.
+void shareContexts() {
+    if (QOpenGLContext::globalShareContext()) return;
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    auto* context = new QOpenGLContext(QCoreApplication::instance());
+    context->create();
+    qt_gl_set_global_share_context(context);
+}
 
 /// Starts the engine with the user's own flags and ours. The environment is as before afterwards, since programs
 /// that are started later inherit it.
@@ -38,11 +55,14 @@ class WebEngineModule : public QObject, public BrowserModule {
     Q_INTERFACES(kelvor::qt::BrowserModule)
 
 public:
-    WebEngineModule() { startEngine(); }
+    WebEngineModule() {
+        shareContexts();
+        startEngine();
+    }
 
     Browser& createBrowser(QWidget& pane) override { return *new BrowserView(pane); }
 };
 
 }  // namespace kelvor::qt
 
-#include "browser_module.moc"
+#include "web_engine_module.moc"
