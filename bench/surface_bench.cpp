@@ -59,11 +59,15 @@ void SwitchTabs(benchmark::State& state) {
     const std::string first = frame.TabStrip1.tabs().front().key;
     const std::string last = frame.TabStrip1.tabs().back().key;
     bool atFirst = false;
-    for (auto step : state) {
+    const auto switchOnce = [&] {
         atFirst = !atFirst;
         frame.TabStrip1.click(atFirst ? first : last);
         QApplication::processEvents();
-    }
+    };
+    // What opening the files has left to paint is not the switch's.
+    switchOnce();
+    switchOnce();
+    for (auto step : state) switchOnce();
 }
 BENCHMARK(SwitchTabs)->Arg(2)->Arg(20)->Arg(200)->Unit(benchmark::kMillisecond);
 

@@ -23,8 +23,8 @@ PageAddress web(const std::string& scheme, const std::string& host) {
 
 struct Row {
     PageAddress target;
-    ResourceKind kind;
-    bool allowed;
+    ResourceKind kind = page;
+    bool allowed = false;
 };
 
 void expectRows(const PageAddress& document, std::initializer_list<Row> rows) {
