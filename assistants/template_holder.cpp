@@ -22,10 +22,6 @@ FormInstance<TemplateHolder>& instance() {
     return holder;
 }
 
-std::string templateDirectory() {
-    return joinPath(programDirectory(), "Templates");
-}
-
 bool isDefaultTemplate(const std::string& name) {
     return TextSearch("Default Template", 0).find(name).has_value();
 }
@@ -144,6 +140,10 @@ std::vector<std::string> listTemplateNames() {
     if (names.empty()) throw Error(error_number::invalidProcedureCall, "Invalid procedure call or argument");
     for (std::string& name : names) name.resize(name.size() - extension.size());
     return names;
+}
+
+std::string templateDirectory() {
+    return joinPath(programDirectory(), "Templates");
 }
 
 std::string templateFile(const std::string& name) {

@@ -43,6 +43,9 @@ TemplateHolder& templateHolder();
 /// The stems of all templates, in the order in which a person reads them. Without any an error 5.
 std::vector<std::string> listTemplateNames();
 
+/// Where the templates are; the directory may be missing.
+std::string templateDirectory();
+
 /// The path of the template of that name.
 std::string templateFile(const std::string& name);
 

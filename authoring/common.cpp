@@ -231,12 +231,7 @@ std::string extractBetween(std::string_view startToken, std::string_view endToke
 }
 
 bool fileExists(const std::string& path) {
-    try {
-        return listingFinds(path);
-    } catch (const Error& error) {
-        reportError(std::to_string(error.number()), error.description());
-        return false;
-    }
+    return listingFinds(path);
 }
 
 bool validFileName(std::string_view name) {
@@ -271,7 +266,7 @@ void openInDefaultBrowser(const std::string& target) {
         if (platform().shell.open(target)) return;
         reportError(std::to_string(error_number::fileNotFound), "This desktop has no program that opens " + target);
     } catch (const Error& error) {
-        reportError(std::to_string(error.number()), error.description());
+        reportError(error);
     }
 }
 
@@ -290,7 +285,7 @@ void runProgram(const std::string& program, const std::optional<std::string>& ar
             showCritical("File not found", "The executable file required can not be found.\r\n\r\nFile: " + program +
                                                (argument ? " " + *argument : ""));
         } else {
-            reportError(std::to_string(error.number()), error.description());
+            reportError(error);
         }
     }
 }

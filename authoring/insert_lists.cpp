@@ -30,9 +30,7 @@ void loadComboBoxes() {
     for (const char* entry : {"Head", "H1", "H2", "H3", "H4", "H5", "H6"}) frame.Combo1.addItem(entry);
     frame.Combo1.setListIndex(0);
     fillFontCombo(frame.Combo2, false);
-    frame.Combo2.setListIndex(0);
     fillSizeCombo(frame.Combo3, false);
-    frame.Combo3.setListIndex(sizeHeading);
     frame.Combo4.addItem("(User Strings)");
     frame.Combo4.setListIndex(0);
 }

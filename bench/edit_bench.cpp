@@ -4,6 +4,7 @@
 
 #include <Qsci/qsciscintillabase.h>
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QKeyEvent>

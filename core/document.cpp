@@ -100,6 +100,7 @@ bool CDocument::OpenDoc(const std::string& path, bool isUntitled) {
         showSavedState();
         return true;
     } catch (const std::exception&) {
+        logError(currentError());
         // The text that was loaded half way is nobody's change.
         isSaved_ = true;
         return false;
@@ -127,9 +128,9 @@ bool CDocument::writeText(const std::string& path) {
     try {
         text.SaveFile(path);
         return true;
-    } catch (const std::exception& error) {
+    } catch (const std::exception&) {
+        logError(currentError());
         text.setEncoding(before);
-        logError(error);
         return false;
     }
 }
@@ -146,7 +147,7 @@ bool CDocument::SaveDoc(const std::string& path) {
 bool CDocument::SaveDocAs(const std::string& path) {
     if (!SaveDoc(path)) return false;
     isUntitled_ = false;
-    mainForm().StatusBar1.setPanelText(panel::saved, "File Saved: Yes");
+    showSavedState();
     return true;
 }
 
@@ -256,11 +257,8 @@ void CDocument::editWindow_Unload() {
         unloadFixedForms();
     }
     tracker_.reset();
-    try {
-        docTabStrip_->remove(strUniqueID_);
-    } catch (const Error&) {
-        // A document that failed half way through opening has no tab.
-    }
+    // A document that failed half way through opening has no tab.
+    if (docTabStrip_->contains(strUniqueID_)) docTabStrip_->remove(strUniqueID_);
     documentManager_->remove(strUniqueID_);
     frame.mdi.remove(*window_);
 }

@@ -54,6 +54,8 @@ public:
     bool SaveDocAs(const std::string& path);
     /// Whether the last SaveDoc failed by the user's own No: there is nothing more to tell then.
     bool saveDeclined() const { return saveDeclined_; }
+    /// Tells in the frame's status bar whether the document is saved.
+    void showSavedState() const;
     /// Unloads the window, which asks first when the text is not saved.
     bool CloseDoc();
     /// Brings source or preview to the top; preview only of a saved file.
@@ -98,7 +100,6 @@ private:
     void applyFileName(const std::string& name);
     bool saveBeforeClosing();
     bool writeText(const std::string& path);
-    void showSavedState() const;
 
     DocumentOwner* documentManager_ = nullptr;
     TabStrip* docTabStrip_ = nullptr;

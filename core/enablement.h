@@ -2,8 +2,8 @@
 
 namespace kelvor {
 
-/// The three states of the command surface: no document, a document in source, a document in preview. Each
-/// procedure sets a whole state from fixed lists.
+/// The three states of the command surface: no document, a document in source, a document in preview. Each of the
+/// first three procedures sets its state from fixed lists.
 
 /// No document is open.
 void disableMenuItems();

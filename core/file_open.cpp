@@ -59,7 +59,6 @@ bool fileOpen(const std::string& path, bool isUntitled) {
         retire(document);
         return false;
     }
-    mainForm().StatusBar1.setPanelText(panel::saved, "File Saved: Yes");
     return true;
 }
 

@@ -12,8 +12,6 @@ namespace kelvor {
 
 namespace {
 
-using namespace dialog_flag;
-
 /// Shows the save dialog, which offers a titled document's own name, and takes its directory; the chosen path.
 std::string askForName(const CDocument& document, int flags) {
     prepareSaveDialog(flags);
@@ -24,23 +22,18 @@ std::string askForName(const CDocument& document, int flags) {
     return dialog.fileName;
 }
 
+/// Tells that the last save failed, unless the user declined it.
 void tellFailure(const CDocument& document, const std::string& path) {
     if (!document.saveDeclined()) reportSaveError(path);
 }
 
-/// Asks for a name and saves an untitled document under it.
+/// Saves an untitled document under `path`, which joins the recent files however the save ends.
 /// @return false when the save failed and the user has not said No to it
 bool saveUntitled(CDocument& document, const std::string& path) {
     const bool saved = document.SaveDocAs(path);
     addOpenFile(path);
     recentFileMenu();
     return saved || document.saveDeclined();
-}
-
-/// Panel 1 tells of the document in front, whatever was saved beside it.
-void showSavedStateInFront() {
-    const bool saved = documentManager()->currentDocument().IsSaved();
-    mainForm().StatusBar1.setPanelText(panel::saved, saved ? "File Saved: Yes" : "File Saved: No");
 }
 
 void reportSomeNotSaved() {
@@ -63,7 +56,7 @@ void fileSave(CDocument& document) {
     if (document.IsUntitled()) {
         cmdSaveAs();
     } else {
-        saveFile(documentManager()->currentDocument());
+        saveFile(document);
     }
 }
 
@@ -76,11 +69,13 @@ void fileSaveAs(CDocument& document, const std::string& path) {
 }
 
 void cmdSaveAs() {
+    using namespace dialog_flag;
     try {
         CDocument& document = documentManager()->currentDocument();
         fileSaveAs(document, askForName(document, overwritePrompt | hideReadOnly | noReadOnlyReturn));
     } catch (const Error& error) {
         if (error.number() == error_number::dialogCancelled) return;
+        logError(error);
         beepAndShow({.text = "An error occurred while saving the file, the file is not saved.",
                      .title = "File save error",
                      .icon = MessageIcon::critical});
@@ -92,7 +87,7 @@ void mnuFile_Save_Click() {
         fileSave(documentManager()->currentDocument());
         mainForm().activeForm().Text1.SetFocus();
     } catch (const Error& error) {
-        reportError(std::to_string(error.number()), error.description(), "File save error");
+        reportError(error, "File save error");
     }
 }
 
@@ -102,6 +97,7 @@ void mnuFile_SaveAs_Click() {
 }
 
 void mnuFile_SaveAll_Click() {
+    using namespace dialog_flag;
     bool failed = false;
     std::string path;
     try {
@@ -113,13 +109,16 @@ void mnuFile_SaveAll_Click() {
                 failed = true;
             }
         }
-    } catch (const Error& error) {
-        if (error.number() != error_number::dialogCancelled) failed = true;
     } catch (const std::exception&) {
-        failed = true;
+        const Error error = currentError();
+        if (error.number() != error_number::dialogCancelled) {
+            logError(error);
+            failed = true;
+        }
     }
     if (failed) reportSomeNotSaved();
-    showSavedStateInFront();
+    // Whatever was saved beside it, the panel tells of the document in front.
+    documentManager()->currentDocument().showSavedState();
 }
 
 }  // namespace kelvor

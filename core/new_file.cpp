@@ -9,8 +9,7 @@
 namespace kelvor {
 
 void mnuFile_New_Click() {
-    const std::string directory = joinPath(programDirectory(), "Templates");
-    if (!listingFinds(joinPath(directory, "*.tpl"))) {
+    if (!listingFinds(joinPath(templateDirectory(), "*.tpl"))) {
         beepAndShow({.text = "The template directory does not exist or is empty.\r\n\r\n"
                              "To correct this problem ensure that a subdirectory called Templates exists underneath "
                              "the Kelvor program directory.  Copy an html file into the new directory and rename it "

@@ -20,11 +20,7 @@ void updateOpenFileCollection() {
 void addOpenFile(const std::string& path) {
     auto& files = mainForm().recentFiles;
     if (files.Count() == capacity) files.Remove(std::size_t{0});
-    try {
-        files.Add(path, path);
-    } catch (const Error& error) {
-        if (error.number() != error_number::duplicateKey) return;
-    }
+    if (!files.contains(path)) files.Add(path, path);
     registerOpenFiles();
 }
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "assistants/template_holder.h"
 #include "authoring/common.h"
 #include "authoring/insert_lists.h"
 #include "core/command_table.h"
@@ -99,8 +100,7 @@ void grabReg() {
 
 void checkNewFile() {
     if (GetSetting(application, "User", "newFile", "False") != "True") return disableMenuItems();
-    const std::string standard = joinPath(joinPath(programDirectory(), "Templates"), "Default Template.tpl");
-    if (fileOpen(standard, true)) mainForm().increaseUntitledCount();
+    if (fileOpen(templateFile("Default Template"), true)) mainForm().increaseUntitledCount();
 }
 
 bool startKelvor() {

@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/code_points.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 
@@ -14,22 +15,14 @@ namespace {
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
-/// Bytes of the character that a byte begins, as far as that byte tells.
-std::size_t characterLength(char lead) {
-    const auto byte = static_cast<unsigned char>(lead);
-    if (byte < 0xC0) return 1;
-    return byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
-}
-
 /// `text` with U+FFFD for each byte that is part of no character.
 std::string repaired(std::string_view text) {
     std::string valid;
     valid.reserve(text.size() + replacementCharacter.size());
     while (!text.empty()) {
-        const auto character = text.substr(0, characterLength(text.front()));
-        const bool isWhole = isValidUtf8(character);
-        valid += isWhole ? character : replacementCharacter;
-        text.remove_prefix(isWhole ? character.size() : 1);
+        const CodePoint point = codePointAt(text, 0);
+        valid += point.value < firstStrayByte ? text.substr(0, point.length) : replacementCharacter;
+        text.remove_prefix(point.length);
     }
     return valid;
 }
@@ -63,12 +56,6 @@ void withMemoryErrors(Action action) {
     } catch (const std::bad_alloc&) {
         throw Error(error_number::outOfMemory, "Out of memory");
     }
-}
-
-std::size_t countOf(std::string_view text, char character) {
-    std::size_t count = 0;
-    for (auto at = text.find(character); at != text.npos; at = text.find(character, at + 1)) ++count;
-    return count;
 }
 
 }  // namespace
@@ -259,7 +246,7 @@ std::string commonLineEnd(std::string_view text) {
     for (auto at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1)) {
         ++(at > 0 && text[at - 1] == '\r' ? pairs : feeds);
     }
-    const std::size_t returns = countOf(text, '\r') - pairs;
+    const std::size_t returns = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r')) - pairs;
     if (feeds > pairs && feeds >= returns) return "\n";
     return returns > pairs ? "\r" : "\r\n";
 }

@@ -18,26 +18,30 @@ std::vector<std::shared_ptr<void>>& retired() {
     return objects;
 }
 
-void tell(const Error& error) {
-    if (errorSink()) errorSink()(error);
-}
-
 }  // namespace
 
 void setErrorSink(std::function<void(const Error&)> sink) {
     errorSink() = std::move(sink);
 }
 
+Error currentError() {
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return {error_number::outOfMemory, "Out of memory"};
+    } catch (const std::exception& error) {
+        return {error_number::invalidProcedureCall, error.what()};
+    }
+}
+
 void guarded(const std::function<void()>& action) {
     const EventScope scope;
     try {
         action();
-    } catch (const Error& error) {
-        tell(error);
-    } catch (const std::bad_alloc&) {
-        tell(Error(error_number::outOfMemory, "Out of memory"));
-    } catch (const std::exception& error) {
-        tell(Error(error_number::invalidProcedureCall, error.what()));
+    } catch (const std::exception&) {
+        if (errorSink()) errorSink()(currentError());
     }
 }
 

@@ -13,8 +13,10 @@ namespace kelvor {
 /// Receives what a guarded handler threw. Set once at start; tests set their own.
 void setErrorSink(std::function<void(const Error&)> sink);
 
-/// Runs `action`; whatever it throws goes to the error sink, and the caller goes on.
-/// Out of memory arrives there as error 7, any other standard exception as error 5.
+/// The standard exception that is being handled: an Error as it is, out of memory as error 7, any other as error 5.
+Error currentError();
+
+/// Runs `action`; the standard exception that it throws goes to the error sink as its Error, and the caller goes on.
 void guarded(const std::function<void()>& action);
 
 /// Lifetime of an event in progress. Objects that end inside their own handlers are kept by retire()

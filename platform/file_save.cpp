@@ -1,8 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <optional>
+#include <cerrno>
 
 #include "platform/file_error.h"
 #include "platform/files.h"

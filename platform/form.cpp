@@ -51,23 +51,18 @@ void Form::setEnabled(bool enabled) {
     tell(Aspect::enabled);
 }
 
-Control* Form::findControl(const std::string& name) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [&](const Control* control) { return control->name() == name; });
-    return found == controls_.end() ? nullptr : *found;
-}
-
 void Form::load() {
     if (loaded_) return;
     const EventScope scope;
+    // A window that cannot be made leaves nothing loaded.
+    platform().windows.create(*this);
     loaded_ = true;
     enter(*this);
-    platform().windows.create(*this);
     if (!onLoad) return;
     try {
         onLoad();
-    } catch (const Error& error) {
-        if (loadErrorSink()) loadErrorSink()(*this, error);
+    } catch (const std::exception&) {
+        if (loadErrorSink()) loadErrorSink()(*this, currentError());
     }
 }
 

@@ -31,18 +31,14 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
 
-    const std::string& tag() const { return tag_; }
-    void setTag(const std::string& tag) { tag_ = tag; }
-
     /// The controls in the order of their creation.
     const std::vector<Control*>& controls() const { return controls_; }
-    /// The control of that name, or nullptr.
-    Control* findControl(const std::string& name) const;
 
     bool isLoaded() const { return loaded_; }
 
     /// Makes the window and runs the load procedure; nothing when it is loaded already. An error of the
-    /// load procedure goes to the load-error sink and leaves the form loaded.
+    /// load procedure goes to the load-error sink and leaves the form loaded; one in making the window is thrown
+    /// and leaves it as it was.
     void load();
 
     /// Asks (queryUnload) and, when nobody refuses, runs the unload procedure and takes the window away.
@@ -59,7 +55,7 @@ public:
     Event<> unloaded;
     Event<MousePress> mouseDown;
 
-    /// What the window follows: caption, enabled, focus.
+    /// What the window follows: caption, enabled.
     void follow(Control::Follower follower) { follower_ = std::move(follower); }
 
 protected:
@@ -78,7 +74,6 @@ private:
     std::string name_;
     std::string caption_;
     Kind kind_;
-    std::string tag_;
     bool enabled_ = true;
     bool loaded_ = false;
     std::vector<Control*> controls_;
@@ -104,8 +99,6 @@ public:
         }
         return *instance_;
     }
-    bool exists() const { return instance_ != nullptr; }
-    void clear() { retire(std::exchange(instance_, nullptr)); }
 
 private:
     std::shared_ptr<T> instance_;

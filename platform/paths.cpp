@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "platform/error.h"
@@ -16,11 +16,6 @@ namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Directories {
-    std::string program;
-    std::string settings;
-};
 
 bool isDirectory(const fs::path& path) {
     std::error_code failure;
@@ -45,12 +40,6 @@ bool hasDrive(std::string_view path) {
 std::size_t lastSeparator(std::string_view path) {
     // A path with a drive may be spelled with either.
     return isForeignPath(path) ? path.find_last_of("\\/") : path.rfind('/');
-}
-
-/// An environment variable that holds a directory; "" when it is not set or does not tell from where.
-std::string directoryVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && value[0] == '/' ? value : "";
 }
 
 /// `variable`'s directory, else `fallback` in the home, and in it the program's own; "" when there is no home.
@@ -167,6 +156,11 @@ std::string joinPath(std::string_view directory, std::string_view name) {
     return path.append(name);
 }
 
+std::string directoryVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && value[0] == '/' ? value : "";
+}
+
 std::string programDirectory() {
     if (overriding()) return overriding()->program;
     static const auto directory = findProgramDirectory();
@@ -189,12 +183,12 @@ std::string temporaryDirectory() {
     return directory.path();
 }
 
-ScopedDirectories::ScopedDirectories(std::string program, std::string settings) {
-    overriding() = {std::move(program), std::move(settings)};
+ScopedDirectories::ScopedDirectories(std::string program, std::string settings)
+    : previous_(std::exchange(overriding(), Directories{std::move(program), std::move(settings)})) {
 }
 
 ScopedDirectories::~ScopedDirectories() {
-    overriding().reset();
+    overriding() = std::move(previous_);
 }
 
 }  // namespace kelvor

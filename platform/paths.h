@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,9 @@ std::string directoryPart(std::string_view path);
 /// `directory` and `name` with one separator between them.
 std::string joinPath(std::string_view directory, std::string_view name);
 
+/// The directory that an environment variable names; "" when it is not set or does not tell from the root.
+std::string directoryVariable(const char* name);
+
 /// Where tags.txt, VDirs.txt, Templates, Scripts, HTML Help and errorlog.txt are: the executable's directory
 /// when it holds Templates and can be written, otherwise $XDG_DATA_HOME/kelvor, filled from the installed data
 /// at first use and never overwritten after. No separator at the end.
@@ -27,13 +31,22 @@ std::string settingsDirectory();
 /// A directory of this process alone (mode 0700) for temporary files, removed at exit.
 std::string temporaryDirectory();
 
-/// Puts other directories in force until it ends; for tests.
+/// What stands in for the program's and the settings' directory.
+struct Directories {
+    std::string program;
+    std::string settings;
+};
+
+/// Puts other directories in force until it ends, and then those before it; for tests.
 class ScopedDirectories {
 public:
     ScopedDirectories(std::string program, std::string settings);
     ~ScopedDirectories();
     ScopedDirectories(const ScopedDirectories&) = delete;
     ScopedDirectories& operator=(const ScopedDirectories&) = delete;
+
+private:
+    std::optional<Directories> previous_;
 };
 
 }  // namespace kelvor

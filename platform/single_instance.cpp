@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 
 #include "platform/paths.h"
 #include "platform/system_calls.h"
@@ -35,8 +34,7 @@ int openLockFile(const std::string& directory) {
 }
 
 std::string environmentDirectory() {
-    const char* value = std::getenv("XDG_RUNTIME_DIR");
-    return value != nullptr && value[0] == '/' ? value : "";
+    return directoryVariable("XDG_RUNTIME_DIR");
 }
 
 std::string systemDirectory() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 namespace kelvor {
 
 /// The lock that one running copy per user holds. The kernel frees it when the process ends, however it ends.

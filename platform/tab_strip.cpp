@@ -4,15 +4,18 @@
 
 namespace kelvor {
 
+std::vector<TabStrip::Tab>::const_iterator TabStrip::find(const std::string& key) const {
+    return std::find_if(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; });
+}
+
 std::size_t TabStrip::indexOf(const std::string& key) const {
-    const auto found = std::find_if(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; });
+    const auto found = find(key);
     if (found == tabs_.end()) throw Error(error_number::elementNotFound, "There is no tab " + key);
     return static_cast<std::size_t>(found - tabs_.begin());
 }
 
 void TabStrip::add(const std::string& key, const std::string& caption) {
-    if (std::any_of(tabs_.begin(), tabs_.end(), [&](const Tab& tab) { return tab.key == key; }))
-        throw Error(error_number::duplicateKey, "There is a tab " + key + " already");
+    if (contains(key)) throw Error(error_number::duplicateKey, "There is a tab " + key + " already");
     tabs_.push_back({.key = key, .caption = caption, .tag = {}, .toolTip = {}});
     if (!selected_) selected_ = 0;
     tell(Aspect::list);

@@ -22,6 +22,7 @@ public:
 
     const std::vector<Tab>& tabs() const { return tabs_; }
     std::size_t count() const { return tabs_.size(); }
+    bool contains(const std::string& key) const { return find(key) != tabs_.end(); }
 
     /// Adds a tab at the end; the first one becomes the selected one, without a click.
     /// A key that is there already is an error 457.
@@ -49,6 +50,7 @@ public:
     Event<> clicked;
 
 private:
+    std::vector<Tab>::const_iterator find(const std::string& key) const;
     std::size_t indexOf(const std::string& key) const;
 
     std::vector<Tab> tabs_;

@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstring>
 
+#include "platform/code_points.h"
 #include "platform/text.h"
 
 namespace kelvor {
@@ -14,10 +15,6 @@ constexpr int smallestGap = 256;
 
 int charactersIn(std::string_view text) {
     return static_cast<int>(characterCount(text));
-}
-
-bool continuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
 }  // namespace
@@ -133,7 +130,7 @@ void TextBuffer::select(int start, int length) {
 int TextBuffer::characterStart(int position) const {
     if (position <= 0) return 0;
     if (position >= textLength()) return textLength();
-    while (position > 0 && continuesCharacter(at(position))) --position;
+    while (position > 0 && isContinuationByte(at(position))) --position;
     return position;
 }
 
@@ -221,7 +218,7 @@ void TextBuffer::removeAt(int position) {
         if (position < 0 || position >= textLength()) return;
         int start = characterStart(position);
         int end = start + 1;
-        while (end < textLength() && continuesCharacter(at(end))) ++end;
+        while (end < textLength() && isContinuationByte(at(end))) ++end;
         if (at(start) == '\n' && start > 0 && at(start - 1) == '\r') --start;
         if (at(start) == '\r' && end < textLength() && at(end) == '\n') ++end;
         select(start, end - start);

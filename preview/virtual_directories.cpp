@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"
+#include "support/report_error.h"
 #include "support/settings.h"
 
 namespace kelvor {
@@ -56,22 +57,23 @@ std::shared_ptr<CVDir> VirtualDirectories::Add(const std::string& fileSystemPath
 }
 
 void CVirtualDirManager::setVirtualDirectories(kelvor::VirtualDirectories directories) {
-    directories_ = std::make_unique<kelvor::VirtualDirectories>(std::move(directories));
+    directories_ = std::move(directories);
 }
 
 bool CVirtualDirManager::ReadVDirs() {
     if (filePath_.empty()) return true;
     try {
         if (!listingFinds(filePath_)) saveFileInPlace(filePath_, "");
-        addLines(decode(readFile(filePath_)).text, *directories_);
-    } catch (const Error&) {
+        addLines(decode(readFile(filePath_)).text, directories_);
+    } catch (const Error& error) {
+        logError(error);
         return false;
     }
     return true;
 }
 
 std::string CVirtualDirManager::GetVDirForPath(const std::string& path) const {
-    for (const auto& mapping : directories_->items()) {
+    for (const auto& mapping : directories_.items()) {
         std::string result = replaceAll(path, mapping->FileSystemPath(), mapping->URL());
         if (result != path) return result;
     }
@@ -81,7 +83,7 @@ std::string CVirtualDirManager::GetVDirForPath(const std::string& path) const {
 bool CVirtualDirManager::WriteVDirs() const {
     if (filePath_.empty()) return true;
     std::string text;
-    for (const auto& mapping : directories_->items())
+    for (const auto& mapping : directories_.items())
         text.append(mapping->FileSystemPath()).append("|").append(mapping->URL()).append("\n");
     try {
         const bool exists = listingFinds(filePath_);
@@ -91,7 +93,8 @@ bool CVirtualDirManager::WriteVDirs() const {
         }
         const Encoding encoding = exists ? decode(readFile(filePath_)).encoding : Encoding::utf8;
         saveFileInPlace(filePath_, encode(text, encoding).value_or(text));
-    } catch (const Error&) {
+    } catch (const Error& error) {
+        logError(error);
         return false;
     }
     return true;

@@ -52,7 +52,7 @@ class CVirtualDirManager {
 public:
     void setEnforceVDirs(bool enforce) { enforceVDirs_ = enforce; }
     bool EnforceVDirs() const { return enforceVDirs_; }
-    kelvor::VirtualDirectories& VirtualDirectories() { return *directories_; }
+    kelvor::VirtualDirectories& VirtualDirectories() { return directories_; }
     void setVirtualDirectories(kelvor::VirtualDirectories directories);
 
     /// Adds the file's mappings to the table. A missing file is made, empty.
@@ -77,7 +77,7 @@ public:
 
 private:
     bool enforceVDirs_ = false;
-    std::unique_ptr<kelvor::VirtualDirectories> directories_ = std::make_unique<kelvor::VirtualDirectories>();
+    kelvor::VirtualDirectories directories_;
     std::string filePath_;
     std::function<std::vector<MappedFile*>()> files_;
 };

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "core/frame.h"
+#include "platform/code_points.h"
 #include "platform/event.h"
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -22,15 +23,11 @@ std::string onOneLine(std::string_view text) {
     std::string line;
     line.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        const auto next = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
-        const std::string_view three = text.substr(at, 3);
-        std::size_t length = 0;
-        if (byte < 0x20 || byte == 0x7F) length = 1;
-        if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) length = 2;
-        if (three == "\u2028" || three == "\u2029") length = 3;
-        line += length > 0 ? ' ' : text[at];
-        at += length > 0 ? length : 1;
+        const auto [value, length] = codePointAt(text, at);
+        const bool isControl = value < 0x20 || (value >= 0x7F && value <= 0x9F);
+        const bool isSeparator = value == 0x2028 || value == 0x2029;
+        line += isControl || isSeparator ? " " : text.substr(at, length);
+        at += length;
     }
     return line;
 }
@@ -62,13 +59,16 @@ void reportError(const std::string& number, const std::string& description, cons
     appendToLog(number, description);
 }
 
-void logError(const std::exception& error) {
-    const auto* numbered = dynamic_cast<const Error*>(&error);
-    appendToLog(std::to_string(numbered ? numbered->number() : error_number::outOfMemory), error.what());
+void reportError(const Error& error, const std::string& title) {
+    reportError(std::to_string(error.number()), error.description(), title);
+}
+
+void logError(const Error& error) {
+    appendToLog(std::to_string(error.number()), error.description());
 }
 
 void installErrorReporting() {
-    setErrorSink([](const Error& error) { reportError(std::to_string(error.number()), error.description()); });
+    setErrorSink([](const Error& error) { reportError(error); });
 }
 
 }  // namespace kelvor

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <exception>
 #include <string>
+
+#include "platform/error.h"
 
 namespace kelvor {
 
@@ -12,8 +13,10 @@ namespace kelvor {
 void reportError(const std::string& number, const std::string& description,
                  const std::string& title = "Application Error");
 
+void reportError(const Error& error, const std::string& title = "Application Error");
+
 /// Writes an error into the log alone: the cause of a failure of which the user is told in other words.
-void logError(const std::exception& error);
+void logError(const Error& error);
 
 /// The log's path in the program directory.
 std::string errorLogPath();

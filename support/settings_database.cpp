@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <new>
 #include <system_error>

@@ -140,7 +140,6 @@ std::optional<std::string> FakePlatform::folder(const std::string& title, const 
 
 void FakePlatform::processEvents() {
     ++eventRounds;
-    if (onProcessEvents) onProcessEvents();
 }
 
 bool FakePlatform::open(const std::string& target) {

@@ -23,7 +23,7 @@ class FakePlatform : private Dialogs,
                      private HelpViewer,
                      private Windows {
 public:
-    /// Puts itself in force, with errors of handlers going to the test's failure unless `errors` is read.
+    /// Puts itself in force. An error of a handler fails the test, unless it sets an error sink of its own.
     FakePlatform();
     ~FakePlatform() override;
     FakePlatform(const FakePlatform&) = delete;
@@ -38,7 +38,7 @@ public:
     void expectSave(const std::string& path, std::function<void(const FileRequest&)> look = {});
     void expectColor(std::optional<int> color);
     void expectFolder(const std::string& title, const std::optional<std::string>& answer);
-    /// While the next modal form is shown, `steps` run; the form is then hidden when it is still there.
+    /// While the next modal form is shown, `steps` run.
     void expectModal(std::function<void(Form&)> steps);
     /// While the next popup is open, `steps` run.
     void expectPopup(std::function<void(MenuItem&)> steps);
@@ -61,8 +61,6 @@ public:
     MousePointer pointer = MousePointer::standard;
     int beeps = 0;
     int eventRounds = 0;
-    /// Runs in place of the waiting events.
-    std::function<void()> onProcessEvents;
 
 private:
     struct Step {

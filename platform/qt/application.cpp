@@ -8,6 +8,7 @@
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QThread>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>

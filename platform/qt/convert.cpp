@@ -1,6 +1,7 @@
 #include "platform/qt/convert.h"
 
 #include <QTextDocument>
+#include <QWidget>
 
 namespace kelvor::qt {
 
@@ -10,6 +11,16 @@ namespace {
 constexpr int longestTitle = 100;
 
 }  // namespace
+
+int fromQt(const QColor& color) {
+    return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
+void showBackColor(QWidget& widget, QPalette::ColorRole role, int color) {
+    QPalette palette;
+    if (color >= 0) palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
+    widget.setPalette(color >= 0 ? palette : QPalette());
+}
 
 QString plainLines(std::string_view text) {
     QString lines = toQt(text);

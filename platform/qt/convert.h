@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QColor>
+#include <QPalette>
 #include <QString>
 #include <string>
 #include <string_view>
+
+class QWidget;
 
 namespace kelvor::qt {
 
@@ -13,6 +17,12 @@ inline QString toQt(std::string_view text) {
 inline std::string fromQt(const QString& text) {
     return text.toStdString();
 }
+
+/// A colour as the logic counts it: red in the lowest byte, then green, then blue.
+int fromQt(const QColor& color);
+
+/// A background of one colour, counted so; -1 is the desktop's own.
+void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
 
 /// The text with CR LF and CR as LF, as labels and boxes break lines.
 QString plainLines(std::string_view text);

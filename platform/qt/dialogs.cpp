@@ -175,8 +175,7 @@ std::optional<int> QtDialogs::color() {
     dialog.setWindowTitle(QStringLiteral("Color"));
     const PlainPointer pointer;
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    const QColor color = dialog.currentColor();
-    return color.red() | color.green() << 8 | color.blue() << 16;
+    return fromQt(dialog.currentColor());
 }
 
 std::optional<std::string> QtDialogs::folder(const std::string& title, const std::string& start) {

@@ -1,16 +1,15 @@
 #include "platform/qt/help_window.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QStyle>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QVBoxLayout>
-#include <QWindow>
 
 #include "platform/paths.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/windows.h"
 
 namespace kelvor::qt {
 
@@ -81,7 +80,7 @@ void HelpWindow::showTitle() {
     setWindowTitle(title.isEmpty() ? QStringLiteral("Kelvor Help") : QStringLiteral("%1 - Kelvor Help").arg(title));
 }
 
-QUrl helpPage(const std::string& address) {
+QUrl helpAddress(const std::string& address) {
     const auto parting = address.find("::/");
     const std::string directory = directoryPart(address.substr(0, parting));
     const std::string page = parting == std::string::npos ? "" : fileNamePart(address.substr(parting + 3));
@@ -93,11 +92,8 @@ QtHelpViewer::~QtHelpViewer() = default;
 
 void QtHelpViewer::show(const std::string& address) {
     if (!window_) window_ = std::make_unique<HelpWindow>();
-    window_->showPage(helpPage(address));
-    // A modal dialog whose help this is lets only windows of its own be used beside it.
-    QWidget* modal = QApplication::activeModalWidget();
-    window_->winId();
-    window_->windowHandle()->setTransientParent(modal ? modal->windowHandle() : nullptr);
+    window_->showPage(helpAddress(address));
+    floatAboveModal(*window_);
     window_->show();
     window_->raise();
     window_->activateWindow();

@@ -26,7 +26,7 @@ private:
 
 /// The address of a help page's file. `address` is the help file, or the help file, "::/" and a page's
 /// name; pages lie beside the help file.
-QUrl helpPage(const std::string& address);
+QUrl helpAddress(const std::string& address);
 
 class QtHelpViewer : public HelpViewer {
 public:

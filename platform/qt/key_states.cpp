@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
-#include <optional>
 #include <utility>
 
 #include "platform/qt/lock_keys.h"

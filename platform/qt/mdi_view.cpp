@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyle>
-#include <algorithm>
 #include <utility>
 
 #include "platform/form.h"

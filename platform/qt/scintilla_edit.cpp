@@ -1,7 +1,7 @@
 #include "platform/qt/scintilla_edit.h"
 
 #include <algorithm>
-#include <memory>
+#include <new>
 #include <utility>
 
 #include "platform/text.h"
@@ -151,7 +151,8 @@ void ScintillaEdit::replaceRange(int start, int length, std::string_view text) {
     if (text.size() + static_cast<std::size_t>(length) > largeWrite) {
         // The undo step keeps a copy of both, the line index takes at most a word for each byte of what is new.
         widget_->send(Sci::SCI_ALLOCATE, static_cast<unsigned long>(textLength()) + text.size());
-        std::make_unique_for_overwrite<char[]>(text.size() + static_cast<std::size_t>(length) + text.size());
+        // The function and not the expression: memory that is never used may be left out of that one.
+        ::operator delete(::operator new(text.size() + static_cast<std::size_t>(length) + text.size()));
     }
     const bool pending = textChanged_;
     widget_->send(Sci::SCI_SETTARGETRANGE, toParameter(start), start + length);

@@ -7,15 +7,12 @@
 #include <QPalette>
 #include <utility>
 
+#include "platform/qt/convert.h"
 #include "platform/qt/key_codes.h"
 
 namespace kelvor::qt {
 
 namespace {
-
-int colorOf(const QColor& color) {
-    return color.red() | color.green() << 8 | color.blue() << 16;
-}
 
 /// Scintilla's number for a key: its own code and modifiers in one.
 unsigned long chord(int key, int modifiers) {
@@ -124,13 +121,13 @@ void ScintillaWidget::showColors(int textColor, int backColor) {
     textColor_ = textColor;
     backColor_ = backColor;
     const QPalette colors = palette();
-    const int text = textColor >= 0 ? textColor : colorOf(colors.color(QPalette::Text));
+    const int text = textColor >= 0 ? textColor : fromQt(colors.color(QPalette::Text));
     send(SCI_STYLESETFORE, STYLE_DEFAULT, text);
-    send(SCI_STYLESETBACK, STYLE_DEFAULT, backColor >= 0 ? backColor : colorOf(colors.color(QPalette::Base)));
+    send(SCI_STYLESETBACK, STYLE_DEFAULT, backColor >= 0 ? backColor : fromQt(colors.color(QPalette::Base)));
     send(SCI_STYLECLEARALL);
     send(SCI_SETCARETFORE, static_cast<unsigned long>(text));
-    send(SCI_SETSELFORE, 1, colorOf(colors.color(QPalette::HighlightedText)));
-    send(SCI_SETSELBACK, 1, colorOf(colors.color(QPalette::Highlight)));
+    send(SCI_SETSELFORE, 1, fromQt(colors.color(QPalette::HighlightedText)));
+    send(SCI_SETSELBACK, 1, fromQt(colors.color(QPalette::Highlight)));
 }
 
 /// Runs an event's handling. What the user has changed by it is told when it is over, and an error of it is told

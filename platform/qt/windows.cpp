@@ -33,15 +33,19 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-/// Lets `widget` float above the window that has the input, whichever that is; a modal one would block it otherwise.
-void floatAboveModal(QWidget& widget) {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (!modal || modal == &widget || !modal->windowHandle()) return;
-    widget.winId();
-    widget.windowHandle()->setTransientParent(modal->windowHandle());
-}
-
 }  // namespace
+
+void floatAboveModal(QWidget& window) {
+    QWidget* above = QApplication::activeModalWidget();
+    if (!above || above == &window) {
+        above = window.parentWidget();
+    } else {
+        window.winId();
+    }
+    // Without a window of the system's yet, it is put above its parent when it gets one.
+    if (!window.windowHandle()) return;
+    window.windowHandle()->setTransientParent(above ? above->window()->windowHandle() : nullptr);
+}
 
 QtWindows::~QtWindows() = default;
 

@@ -13,6 +13,10 @@ class QWidget;
 
 namespace kelvor::qt {
 
+/// Lets `window` float above the modal window that has the input, which would block it otherwise; without one, above
+/// its parent or above none.
+void floatAboveModal(QWidget& window);
+
 class QtWindows : public Windows {
 public:
     QtWindows() = default;

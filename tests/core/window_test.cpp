@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "core/enablement.h"
 #include "core/file_close.h"
 #include "tests/kelvor_fixture.h"
@@ -79,7 +81,9 @@ TEST_F(Windows, TheEmptyFrameOffersItsPopup) {
 
 TEST_F(Windows, MenuNamesAndAccessKeysAreUnique) {
     std::map<MenuItem*, std::string> keys;
+    std::set<std::string> names;
     for (const auto& item : mainForm().menus()) {
+        EXPECT_TRUE(item->name().empty() || names.insert(item->name()).second) << item->name();
         const auto mark = item->caption().find('&');
         if (mark == std::string::npos) continue;
         const char key = static_cast<char>(std::tolower(item->caption()[mark + 1]));

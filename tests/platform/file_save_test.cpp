@@ -179,7 +179,7 @@ bool saveWithFault(const Sizes& save, int at, int code, bool fromThenOn) {
     return !saboteur.firstHit.empty();
 }
 
-TEST(FileSave, neverLosesTheOldBytesSilentlyWhateverCallFails) {
+TEST(FileSave, NeverLosesTheOldBytesSilentlyWhateverCallFails) {
     int faults = 0;
     for (const auto& save : saves) {
         for (const int code : {ENOSPC, EDQUOT, EIO, EINTR, EROFS, EACCES, EFBIG}) {
@@ -197,7 +197,7 @@ TEST(FileSave, neverLosesTheOldBytesSilentlyWhateverCallFails) {
     EXPECT_GT(faults, 1000);
 }
 
-TEST(FileSave, leavesOldOrNewBytesAtEachPlaceWhenKilled) {
+TEST(FileSave, LeavesOldOrNewBytesAtEachPlaceWhenKilled) {
     for (const auto& save : saves) {
         bool ended = false;
         for (int at = 1; !ended; ++at) {
@@ -230,7 +230,7 @@ TEST(FileSave, leavesOldOrNewBytesAtEachPlaceWhenKilled) {
     }
 }
 
-TEST(FileSave, keepsTheOldBytesWhenAnotherFileTakesThePlace) {
+TEST(FileSave, KeepsTheOldBytesWhenAnotherFileTakesThePlace) {
     const ScratchDirectory directory;
     const auto path = directory.write("page.html", oldText(10));
     auto calls = kernelCalls();
@@ -244,7 +244,7 @@ TEST(FileSave, keepsTheOldBytesWhenAnotherFileTakesThePlace) {
     EXPECT_EQ(directory.read("page.html"), "theirs");
 }
 
-TEST(FileSave, givesOldBytesBackAtTheFileSizeLimit) {
+TEST(FileSave, GivesOldBytesBackAtTheFileSizeLimit) {
     const ScratchDirectory directory;
     const auto path = directory.write("page.html", oldText(3000));
     const auto previousHandler = std::signal(SIGXFSZ, SIG_IGN);
@@ -282,7 +282,7 @@ private:
     int failure_;
 };
 
-TEST(FileSave, leavesTheFileWholeOnAFullDisk) {
+TEST(FileSave, LeavesTheFileWholeOnAFullDisk) {
     const SmallDisk disk;
     if (!disk.mounted()) GTEST_SKIP() << "no disk can be mounted here: " << disk.failure();
     const auto& directory = disk.directory();
@@ -301,7 +301,7 @@ TEST(FileSave, leavesTheFileWholeOnAFullDisk) {
     EXPECT_EQ(runsOf(directory.read("page.html")), runsOf(newText(10)));
 }
 
-TEST(FileSave, savesOnADiskThatCanNeitherReserveNorFlush) {
+TEST(FileSave, SavesOnADiskThatCanNeitherReserveNorFlush) {
     const ScratchDirectory directory;
     const auto path = directory.write("page.html", oldText(30));
     for (const int code : {EOPNOTSUPP, ENOSYS, EINVAL}) {
@@ -320,7 +320,7 @@ TEST(FileSave, savesOnADiskThatCanNeitherReserveNorFlush) {
     EXPECT_EQ(runsOf(directory.read("page.html")), runsOf(newText(50)));
 }
 
-TEST(FileSave, followsLinksAndKeepsThem) {
+TEST(FileSave, FollowsLinksAndKeepsThem) {
     namespace fs = std::filesystem;
     const ScratchDirectory directory;
     directory.write("page.html", "old");
@@ -343,7 +343,7 @@ TEST(FileSave, followsLinksAndKeepsThem) {
     EXPECT_NE(outcomeOf(directory / "loop", "x").find("circle"), std::string::npos);
 }
 
-TEST(FileSave, refusesAReadOnlyFileForRootToo) {
+TEST(FileSave, RefusesAReadOnlyFileForRootToo) {
     const ScratchDirectory directory;
     const auto path = directory.write("page.html", "old");
     chmod(path.c_str(), 0444);
@@ -357,7 +357,7 @@ TEST(FileSave, refusesAReadOnlyFileForRootToo) {
     EXPECT_FALSE(isReadOnly(directory / "missing"));
 }
 
-TEST(FileSave, makesANewFileOnlyWhereAFolderIs) {
+TEST(FileSave, MakesANewFileOnlyWhereAFolderIs) {
     const ScratchDirectory directory;
     const auto mask = umask(027);
     saveFileInPlace(directory / "new.html", "new");

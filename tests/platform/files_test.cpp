@@ -28,7 +28,7 @@ int errorNumberOf(const Action& action) {
     }
 }
 
-TEST(ReadFile, givesAllBytes) {
+TEST(ReadFile, GivesAllBytes) {
     const ScratchDirectory directory;
     std::string all;
     for (int i = 0; i < 300000; ++i) all += static_cast<char>(i * 7 + i / 256);
@@ -44,7 +44,7 @@ TEST(ReadFile, givesAllBytes) {
     EXPECT_TRUE(readFile(directory / "file") == all);
 }
 
-TEST(ReadFile, readsWhatTheKernelWritesButNotWithoutEnd) {
+TEST(ReadFile, ReadsWhatTheKernelWritesButNotWithoutEnd) {
     EXPECT_NE(readFile("/proc/self/maps").find("[stack]"), std::string::npos);
 
     const ScratchDirectory directory;
@@ -55,7 +55,7 @@ TEST(ReadFile, readsWhatTheKernelWritesButNotWithoutEnd) {
     EXPECT_EQ(errorNumberOf([&] { readFile(path); }), error_number::pathAccess);
 }
 
-TEST(ReadFile, saysThatMemoryDoesNotSuffice) {
+TEST(ReadFile, SaysThatMemoryDoesNotSuffice) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the sanitizer ends the process at so large a request";
 #endif
@@ -71,7 +71,7 @@ TEST(ReadFile, saysThatMemoryDoesNotSuffice) {
     EXPECT_EQ(errorNumberOf([&] { readFile(path); }), error_number::outOfMemory);
 }
 
-TEST(Files, refuseAtOnceWhatIsNoFile) {
+TEST(Files, RefuseAtOnceWhatIsNoFile) {
     const ScratchDirectory directory;
     directory.write("file", "x");
     ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
@@ -126,7 +126,7 @@ private:
     bool root_ = geteuid() == 0;
 };
 
-TEST(Files, tellWhatTheUserMayNotDo) {
+TEST(Files, TellWhatTheUserMayNotDo) {
     const ScratchDirectory directory;
     chmod(directory.path().c_str(), 0755);
     const auto secret = directory.write("secret", "x");
@@ -140,7 +140,7 @@ TEST(Files, tellWhatTheUserMayNotDo) {
     EXPECT_EQ(readFile(shown), "x");
 }
 
-TEST(AppendToFile, addsLinesAndFollowsNoLink) {
+TEST(AppendToFile, AddsLinesAndFollowsNoLink) {
     const ScratchDirectory directory;
     EXPECT_TRUE(appendToFile(directory / "log", "one\n"));
     EXPECT_TRUE(appendToFile(directory / "log", "two\n"));
@@ -158,7 +158,7 @@ TEST(AppendToFile, addsLinesAndFollowsNoLink) {
     EXPECT_EQ(directory.read("victim"), "x");
 }
 
-TEST(NameMatches, starsAndQuestionMarksWithoutRegardToCase) {
+TEST(NameMatches, StarsAndQuestionMarksWithoutRegardToCase) {
     const struct {
         const char* name;
         const char* pattern;
@@ -192,7 +192,7 @@ TEST(NameMatches, starsAndQuestionMarksWithoutRegardToCase) {
     EXPECT_FALSE(nameMatches(std::string(250, 'a'), stars + "b"));
 }
 
-TEST(Listing, countsFilesOfAnyNameAndNoDirectories) {
+TEST(Listing, CountsFilesOfAnyNameAndNoDirectories) {
     const ScratchDirectory directory;
     for (const char* name : {"b.htm", "Ä.HTM", "a.htm", "bad\xFF\xE9.htm", "note.txt", ".hidden", "README"}) {
         directory.write(name, "");
@@ -223,7 +223,7 @@ TEST(Listing, countsFilesOfAnyNameAndNoDirectories) {
     EXPECT_FALSE(listingFinds("C:\\web\\*.htm"));
 }
 
-TEST(Files, renameOverTheTargetAndRemove) {
+TEST(Files, RenameOverTheTargetAndRemove) {
     const ScratchDirectory directory;
     directory.write("new", "n");
     directory.write("old", "o");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
+
 #include "platform/button.h"
 #include "platform/combo_box.h"
 #include "platform/mdi_area.h"
@@ -110,12 +113,23 @@ TEST_F(Forms, ALoadFailureReachesItsOwnSink) {
         EXPECT_EQ(&form, &dialog);
         told = error.number();
     });
-    dialog.onLoad = [] { throw Error(53, "File not found"); };
-    dialog.load();
+    struct Case {
+        std::function<void()> onLoad;
+        int number;
+    };
+    const Case cases[] = {
+        {[] { throw Error(53, "File not found"); }, 53},
+        {[] { throw std::bad_alloc(); }, error_number::outOfMemory},
+        {[] { throw std::length_error("too long"); }, error_number::invalidProcedureCall},
+    };
+    for (const auto& [onLoad, number] : cases) {
+        dialog.onLoad = onLoad;
+        dialog.load();
+        EXPECT_EQ(told, number);
+        EXPECT_TRUE(dialog.isLoaded());
+        dialog.unload();
+    }
     setLoadErrorSink({});
-    EXPECT_EQ(told, 53);
-    EXPECT_TRUE(dialog.isLoaded());
-    dialog.unload();
 }
 
 TEST_F(Forms, TheFrameAsksAllItsChildrenBeforeTheFirstGoes) {

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(Paths, areTakenApartByTheirOwnRules) {
+TEST(Paths, AreTakenApartByTheirOwnRules) {
     const struct {
         const char* path;
         bool foreign;
@@ -46,7 +46,7 @@ TEST(Paths, areTakenApartByTheirOwnRules) {
     }
 }
 
-TEST(Paths, areJoinedWithOneSeparator) {
+TEST(Paths, AreJoinedWithOneSeparator) {
     const struct {
         const char* directory;
         const char* name;
@@ -103,7 +103,7 @@ std::vector<std::string> runPrinter(const std::string& directory, const std::str
     return lines;
 }
 
-TEST(Directories, areTheExecutablesOwnWhenItHoldsTemplates) {
+TEST(Directories, AreTheExecutablesOwnWhenItHoldsTemplates) {
     const ScratchDirectory root;
     fs::create_directories(root / "portable/Templates");
     const auto lines = runPrinter(root / "portable", root / "output", {{"HOME", root / "home"}});
@@ -113,7 +113,7 @@ TEST(Directories, areTheExecutablesOwnWhenItHoldsTemplates) {
     EXPECT_FALSE(fs::exists(root / "home/.local"));
 }
 
-TEST(Directories, areFilledOnceFromTheInstalledData) {
+TEST(Directories, AreFilledOnceFromTheInstalledData) {
     const ScratchDirectory root;
     fs::create_directories(root / "usr/share/kelvor/Templates");
     root.write("usr/share/kelvor/tags.txt", "tags");
@@ -140,7 +140,7 @@ TEST(Directories, areFilledOnceFromTheInstalledData) {
     EXPECT_EQ(root.read("data/kelvor/Templates/page.htm"), "page");
 }
 
-TEST(Directories, doWithoutAHome) {
+TEST(Directories, DoWithoutAHome) {
     const ScratchDirectory root;
     fs::create_directories(root / "usr/share/kelvor/Templates");
     fs::create_directories(root / "tmp");
@@ -157,7 +157,7 @@ TEST(Directories, doWithoutAHome) {
     EXPECT_EQ(lines[1], "/proc/nowhere/.config/kelvor");
 }
 
-TEST(Directories, stayWhenAForkedCopyEnds) {
+TEST(Directories, StayWhenAForkedCopyEnds) {
     const auto directory = temporaryDirectory();
     ASSERT_TRUE(fs::is_directory(directory));
     const auto child = fork();
@@ -166,10 +166,15 @@ TEST(Directories, stayWhenAForkedCopyEnds) {
     EXPECT_TRUE(fs::is_directory(directory));
 }
 
-TEST(Directories, areOthersInATest) {
+TEST(Directories, AreOthersInATest) {
     const auto before = settingsDirectory();
     {
         const ScopedDirectories scope("/program", "/settings");
+        EXPECT_EQ(programDirectory(), "/program");
+        {
+            const ScopedDirectories inner("/inner", "/inner/settings");
+            EXPECT_EQ(programDirectory(), "/inner");
+        }
         EXPECT_EQ(programDirectory(), "/program");
         EXPECT_EQ(settingsDirectory(), "/settings");
     }

@@ -73,7 +73,7 @@ private:
     int answer_ = -1;
 };
 
-TEST_F(SingleInstanceTest, oneOfManyCopiesIsFirst) {
+TEST_F(SingleInstanceTest, OneOfManyCopiesIsFirst) {
     for (int round = 0; round < 5; ++round) {
         std::array<Copy, 20> copies;
         int first = 0;
@@ -82,7 +82,7 @@ TEST_F(SingleInstanceTest, oneOfManyCopiesIsFirst) {
     }
 }
 
-TEST_F(SingleInstanceTest, theLockEndsWithItsProcess) {
+TEST_F(SingleInstanceTest, TheLockEndsWithItsProcess) {
     Copy copy;
     ASSERT_TRUE(copy.isFirst());
     copy.stop();
@@ -92,14 +92,14 @@ TEST_F(SingleInstanceTest, theLockEndsWithItsProcess) {
     EXPECT_TRUE(SingleInstance().isFirst());
 }
 
-TEST_F(SingleInstanceTest, theLockFileIsTheUsersAlone) {
+TEST_F(SingleInstanceTest, TheLockFileIsTheUsersAlone) {
     const SingleInstance instance;
     struct stat status {};
     ASSERT_EQ(stat((runtime_ / "kelvor.lock").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
-TEST_F(SingleInstanceTest, aPlantedLinkIsNotFollowed) {
+TEST_F(SingleInstanceTest, APlantedLinkIsNotFollowed) {
     const ScratchDirectory settings;
     const ScopedDirectories scope("", settings.path());
     const auto victim = runtime_.write("victim", "x");
@@ -110,7 +110,7 @@ TEST_F(SingleInstanceTest, aPlantedLinkIsNotFollowed) {
     EXPECT_EQ(runtime_.read("victim"), "x");
 }
 
-TEST_F(SingleInstanceTest, withoutARunTimeDirectoryTheSettingsServe) {
+TEST_F(SingleInstanceTest, WithoutARunTimeDirectoryTheSettingsServe) {
     if (std::filesystem::exists("/run/user/" + std::to_string(geteuid()))) {
         GTEST_SKIP() << "this user has a run-time directory of the system";
     }
@@ -125,7 +125,7 @@ TEST_F(SingleInstanceTest, withoutARunTimeDirectoryTheSettingsServe) {
     EXPECT_TRUE(SingleInstance().isFirst()) << "nothing to refuse by";
 }
 
-TEST_F(SingleInstanceTest, aDirectoryOfAnotherUserDoesNotCount) {
+TEST_F(SingleInstanceTest, ADirectoryOfAnotherUserDoesNotCount) {
     if (geteuid() != 0) GTEST_SKIP() << "only root can give a directory away";
     ASSERT_EQ(chown(runtime_.path().c_str(), 65534, 65534), 0);
     const ScratchDirectory settings;

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(TextEncoding, recognisesHowBytesHoldTheirText) {
+TEST(TextEncoding, RecognisesHowBytesHoldTheirText) {
     const struct {
         std::string bytes;
         Encoding encoding;
@@ -56,7 +56,7 @@ TEST(TextEncoding, recognisesHowBytesHoldTheirText) {
     }
 }
 
-TEST(TextEncoding, refusesCharactersThatTheEncodingLacks) {
+TEST(TextEncoding, RefusesCharactersThatTheEncodingLacks) {
     const struct {
         const char* text;
         Encoding encoding;
@@ -70,7 +70,7 @@ TEST(TextEncoding, refusesCharactersThatTheEncodingLacks) {
     for (const auto& row : rows) EXPECT_EQ(encode(row.text, row.encoding).has_value(), row.possible) << row.text;
 }
 
-TEST(TextEncoding, tellsWellFormedUtf8) {
+TEST(TextEncoding, TellsWellFormedUtf8) {
     const struct {
         const char* bytes;
         bool valid;
@@ -114,7 +114,7 @@ std::string randomBytes(std::mt19937& random) {
     return bytes;
 }
 
-TEST(TextEncoding, givesAnyBytesBack) {
+TEST(TextEncoding, GivesAnyBytesBack) {
     std::mt19937 random(20240229);
     std::string all;
     for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
@@ -133,7 +133,7 @@ TEST(TextEncoding, givesAnyBytesBack) {
     for (const int count : seen) EXPECT_GT(count, 100);
 }
 
-TEST(TextEncoding, takesPlainBytesOverWithoutACopy) {
+TEST(TextEncoding, TakesPlainBytesOverWithoutACopy) {
     std::string bytes(100000, 'x');
     const auto* place = bytes.data();
     EXPECT_EQ(decode(std::move(bytes)).text.data(), place);

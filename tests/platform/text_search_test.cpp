@@ -26,7 +26,7 @@ std::string matchesOf(std::string_view text, std::string_view pattern, int optio
     return all;
 }
 
-TEST(TextSearch, findsAllMatches) {
+TEST(TextSearch, FindsAllMatches) {
     const struct {
         const char* text;
         const char* pattern;
@@ -65,7 +65,7 @@ TEST(TextSearch, findsAllMatches) {
     }
 }
 
-TEST(TextSearch, keepsToItsRangeAndLooksAroundItForWords) {
+TEST(TextSearch, KeepsToItsRangeAndLooksAroundItForWords) {
     const std::string text = "cats cat concat \u212Aat";
     const struct {
         const char* pattern;
@@ -86,7 +86,7 @@ TEST(TextSearch, keepsToItsRangeAndLooksAroundItForWords) {
     }
 }
 
-TEST(TextSearch, findsEveryCharacterByItsFoldedForm) {
+TEST(TextSearch, FindsEveryCharacterByItsFoldedForm) {
     for (UChar32 value = 1; value <= 0x10FFFF; ++value) {
         const auto folded = foldedCodePoint(value);
         if (U_IS_SURROGATE(value) || folded == value) continue;
@@ -137,7 +137,7 @@ std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pat
     return std::nullopt;
 }
 
-TEST(TextSearch, agreesWithThePlainSearch) {
+TEST(TextSearch, AgreesWithThePlainSearch) {
     const std::vector<std::string> alphabets[] = {
         {"a", "b", "A", " "},
         {"s", "S", "ſ", "k", "\u212A", "_", "x"},
@@ -175,7 +175,7 @@ TEST(TextSearch, agreesWithThePlainSearch) {
     EXPECT_GT(found, 5000);
 }
 
-TEST(TextSearch, staysLinearWhereThePatternNearlyMatchesEverywhere) {
+TEST(TextSearch, StaysLinearWhereThePatternNearlyMatchesEverywhere) {
     // At a million places a thousand characters match: 10^9 comparisons when each is tried on its own.
     std::string text;
     for (int i = 0; i < 1000; ++i) text.append(999, 'a').append("b");

@@ -11,7 +11,7 @@
 namespace kelvor {
 namespace {
 
-TEST(TextCase, mapsLettersOfAllScripts) {
+TEST(TextCase, MapsLettersOfAllScripts) {
     const struct {
         const char* text;
         const char* upper;
@@ -35,7 +35,7 @@ TEST(TextCase, mapsLettersOfAllScripts) {
     }
 }
 
-TEST(TextCase, foldingKeepsTheNumberOfCharactersAndBytesThatAreNoText) {
+TEST(TextCase, FoldingKeepsTheNumberOfCharactersAndBytesThatAreNoText) {
     std::string all;
     for (UChar32 value = 1; value <= 0x10FFFF; ++value) {
         if (!U_IS_SURROGATE(value)) appendCodePoint(all, value);
@@ -47,7 +47,7 @@ TEST(TextCase, foldingKeepsTheNumberOfCharactersAndBytesThatAreNoText) {
     EXPECT_EQ(foldCase("A\xFF\xE9 \xC3"), "a\xFF\xE9 \xC3");
 }
 
-TEST(TextCase, equalIgnoringCaseComparesWholeTexts) {
+TEST(TextCase, EqualIgnoringCaseComparesWholeTexts) {
     const struct {
         const char* left;
         const char* right;
@@ -64,7 +64,7 @@ TEST(TextCase, equalIgnoringCaseComparesWholeTexts) {
     }
 }
 
-TEST(TextOrder, sortsNamesAsAPersonDoes) {
+TEST(TextOrder, SortsNamesAsAPersonDoes) {
     const std::vector<std::string> sorted = {"_old.htm", "a.htm", "A.htm", "Ä.htm", "B.htm",
                                              "éa",       "eb",    "Z.htm", "Ω",     "я"};
     auto names = sorted;
@@ -73,14 +73,14 @@ TEST(TextOrder, sortsNamesAsAPersonDoes) {
     EXPECT_EQ(names, sorted);
 }
 
-TEST(TextOrder, putsDifferentNamesNeverInOnePlace) {
+TEST(TextOrder, PutsDifferentNamesNeverInOnePlace) {
     EXPECT_EQ(compareText("same", "same"), 0);
     EXPECT_NE(compareText("a\xFF", "a\xFE"), 0);
     EXPECT_NE(compareText("e\u0301", "é"), 0);
     EXPECT_EQ(compareText("e\u0301", "é") < 0, compareText("é", "e\u0301") > 0);
 }
 
-TEST(TextCount, countsCodePoints) {
+TEST(TextCount, CountsCodePoints) {
     const struct {
         const char* text;
         std::size_t count;

@@ -236,9 +236,9 @@ TEST_F(Services, HelpShowsAPageOrSaysWhichIsMissing) {
 }
 
 TEST(HelpPage, StandsBesideTheHelpFileAndNowhereElse) {
-    EXPECT_EQ(helpPage("/a b/h.chm::/33.html"), QUrl::fromLocalFile("/a b/33.html"));
-    EXPECT_EQ(helpPage("/a b/h.chm"), QUrl::fromLocalFile("/a b/index.html"));
-    EXPECT_EQ(helpPage("/a/h.chm::/../../etc/passwd"), QUrl::fromLocalFile("/a/passwd"));
+    EXPECT_EQ(helpAddress("/a b/h.chm::/33.html"), QUrl::fromLocalFile("/a b/33.html"));
+    EXPECT_EQ(helpAddress("/a b/h.chm"), QUrl::fromLocalFile("/a b/index.html"));
+    EXPECT_EQ(helpAddress("/a/h.chm::/../../etc/passwd"), QUrl::fromLocalFile("/a/passwd"));
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <QLabel>
 
 #include "platform/qt/binders/binders.h"
-#include "platform/qt/binders/text_field.h"
 #include "platform/qt/convert.h"
 
 namespace kelvor::qt {

@@ -2,7 +2,6 @@
 
 #include <QSignalBlocker>
 #include <QTabBar>
-#include <algorithm>
 
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/convert.h"
@@ -20,21 +19,14 @@ QString keyAt(const QTabBar& widget, int index) {
     return widget.tabData(index).toString();
 }
 
-void removeGoneTabs(const TabStrip& strip, QTabBar& widget) {
-    for (int i = widget.count() - 1; i >= 0; --i) {
-        const std::string key = fromQt(keyAt(widget, i));
-        const auto& tabs = strip.tabs();
-        if (std::none_of(tabs.begin(), tabs.end(), [&](const Tab& tab) { return tab.key == key; })) widget.removeTab(i);
-    }
-}
-
-/// Brings the tabs up to date, touching only those that differ.
+/// Brings the tabs up to date, touching only those that differ. New tabs come at the end, and the rest keep their
+/// order, so both rows are walked in step.
 void showTabs(const TabStrip& strip, QTabBar& widget) {
-    removeGoneTabs(strip, widget);
     int index = 0;
     for (const Tab& tab : strip.tabs()) {
         const QString key = toQt(tab.key);
-        if (index == widget.count() || keyAt(widget, index) != key) {
+        while (index < widget.count() && keyAt(widget, index) != key) widget.removeTab(index);
+        if (index == widget.count()) {
             widget.insertTab(index, QString());
             widget.setTabData(index, key);
         }
@@ -44,6 +36,7 @@ void showTabs(const TabStrip& strip, QTabBar& widget) {
         if (widget.tabToolTip(index) != tip) widget.setTabToolTip(index, tip);
         ++index;
     }
+    while (widget.count() > index) widget.removeTab(index);
 }
 
 void showSelection(const TabStrip& strip, QTabBar& widget) {
@@ -60,9 +53,9 @@ void bindTabStrip(TabStrip& strip, QTabBar& widget, FormLink& link) {
     widget.setDocumentMode(true);
     widget.setUsesScrollButtons(true);
     widget.setElideMode(Qt::ElideNone);
-    link.follow(strip, widget, [&strip, &widget](Aspect) {
+    link.follow(strip, widget, [&strip, &widget](Aspect aspect) {
         const QSignalBlocker blocker(widget);
-        showTabs(strip, widget);
+        if (aspect != Aspect::selection) showTabs(strip, widget);
         showSelection(strip, widget);
     });
     const auto click = [&strip, &widget](int index) {

@@ -54,10 +54,4 @@ void followSelection(TextField& field, QLineEdit& widget, FormLink& link) {
     QObject::connect(&widget, &QLineEdit::cursorPositionChanged, &link, tell);
 }
 
-void showBackColor(QWidget& widget, QPalette::ColorRole role, int color) {
-    QPalette palette;
-    if (color >= 0) palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
-    widget.setPalette(color >= 0 ? palette : QPalette());
-}
-
 }  // namespace kelvor::qt

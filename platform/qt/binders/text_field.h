@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QColor>
-#include <QPalette>
-
 class QLineEdit;
-class QWidget;
 
 namespace kelvor {
 class TextField;
@@ -20,8 +16,5 @@ void showField(const TextField& field, QLineEdit& widget, Aspect aspect);
 
 /// Lets the control know what the user selects.
 void followSelection(TextField& field, QLineEdit& widget, FormLink& link);
-
-/// A background of one colour, red in the low byte; -1 is the desktop's own.
-void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
 
 }  // namespace kelvor::qt
