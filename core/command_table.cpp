@@ -130,9 +130,8 @@ constexpr CommandRow commands[] = {
     {"mnuPreview_Close", mnuView_DocumentAssistant_Click},
 };
 
-/// Rows whose commands are still to come; choosing one does nothing. "Print" is inactive for good.
+/// Rows whose commands are still to come; choosing one does nothing.
 constexpr const char* rowsToCome[] = {
-    "mnuFile_Print",
     "mnuInsert_Date",
     "mnuEdit_Find",
     "mnuEdit_FindReplace",

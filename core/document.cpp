@@ -164,6 +164,7 @@ bool CDocument::ChangeMode(int mode) {
         PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache);
         window_->StatusBar1.setSimpleText(address);
         PreviewWB().ZOrder();
+        PreviewWB().SetFocus();
     }
     return true;
 }
@@ -175,13 +176,19 @@ void CDocument::SetDocFocus() {
 void CDocument::editWindow_Activate() {
     docTabStrip_->setSelectedItem(strUniqueID_);
     Text1_SelChange();
+    focusShownPane();
+}
+
+void CDocument::focusShownPane() {
     SetDocFocus();
+    // Keys that nobody sees arrive must not reach the text behind the page.
+    if (viewMode_ == view_mode::preview) PreviewWB().SetFocus();
 }
 
 void CDocument::tabClicked() {
     if (docTabStrip_->selectedItem().key != strUniqueID_) return;
     mainForm().mdi.activate(*window_);
-    SourceRTB().SetFocus();
+    focusShownPane();
 }
 
 void CDocument::showSavedState() const {

@@ -1,5 +1,7 @@
 #include "core/quick_file.h"
 
+#include <filesystem>
+
 #include "authoring/common.h"
 #include "core/enablement.h"
 #include "core/file_open.h"
@@ -22,6 +24,16 @@ bool isNetworkPath(const std::string& path) {
     return path.starts_with("\\\\") || path.starts_with("//");
 }
 
+/// Where the lists stand before anything is asked of them.
+void showCurrentDirectory() {
+    MDIForm1& frame = mainForm();
+    std::error_code gone;
+    const std::string current = std::filesystem::current_path(gone).string();
+    frame.Drive1.Refresh();
+    frame.Drive1.setDrive("/");
+    if (!gone) frame.Dir1.setPath(current);
+}
+
 void openListed(const std::string& path) {
     if (fileOpen(path, false)) {
         updateOpenFileCollection();
@@ -36,6 +48,7 @@ void openListed(const std::string& path) {
 
 void initQuickView() {
     ComboBox& filter = mainForm().Combo5;
+    showCurrentDirectory();
     for (const char* pattern : patterns) filter.addItem(pattern);
     const int row = settingNumber(GetSetting(application, "User", lastFilter, "0"));
     filter.setListIndex(row == -1 ? 0 : row);
@@ -62,7 +75,12 @@ void Drive1_Change() {
 }
 
 void Dir1_Change() {
-    mainForm().File1.setPath(mainForm().Dir1.path());
+    FileList& files = mainForm().File1;
+    if (files.path() == mainForm().Dir1.path()) {
+        files.Refresh();
+    } else {
+        files.setPath(mainForm().Dir1.path());
+    }
 }
 
 void Combo5_Change() {

@@ -61,10 +61,15 @@ void readUserSettings() {
     editorForeColor = settingNumber(GetSetting(application, "User", "ForeColor", "-1"));
 }
 
+/// Too many browsers are told, and the start goes on.
+void listBrowsers() {
+    guarded(setUpBrowsers);
+}
+
 /// The start in its order. An error ends it there, and what was done stays.
 constexpr void (*steps[])() = {removePlaceholderTab,    createDocumentManager, loadFontList, resetCounters,
                                getRegistered_OpenFiles, loadComboBoxes,        startVDirs,   grabReg,
-                               setUpUStrings,           setUpBrowsers,         checkNewFile, initQuickView};
+                               setUpUStrings,           listBrowsers,          checkNewFile, initQuickView};
 
 /// The frame's end: the managers go, and then every form that is still loaded.
 void MDIForm1_Unload() {

@@ -1,6 +1,5 @@
 #include "core/toolbar_commands.h"
 
-#include <algorithm>
 #include <span>
 
 #include "authoring/common.h"
@@ -91,10 +90,32 @@ constexpr ButtonRow viewRows[] = {
     {"VDir", enforceVDirs<true>},
 };
 
-void connectBar(ToolBar& bar, std::span<const ButtonRow> rows) {
-    bar.buttonClicked.connect([rows](std::string_view key) {
-        const auto row = std::find_if(rows.begin(), rows.end(), [&](const ButtonRow& item) { return item.key == key; });
-        if (row != rows.end()) row->procedure();
+struct BarRow {
+    std::string_view bar;
+    std::span<const ButtonRow> buttons;
+};
+
+constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
+
+/// Buttons whose commands are still to come; a press does nothing.
+constexpr const char* keysToCome[] = {"Find",       "findReplace", "Links",         "Image",      "Scripts",
+                                      "Table",      "Tags",        "Special Chars", "Format",     "Quick Format",
+                                      "color",      "sp",          "form_open",     "form_text",  "form_textarea",
+                                      "form_check", "form_radio",  "form_select",   "form_image", "form_hidden",
+                                      "form_pw",    "form_reset",  "form_button",   "form_submit"};
+
+const ButtonRow* findRow(std::string_view bar, std::string_view key) {
+    for (const BarRow& row : barRows) {
+        if (row.bar != bar) continue;
+        for (const ButtonRow& button : row.buttons)
+            if (button.key == key) return &button;
+    }
+    return nullptr;
+}
+
+void connectBar(ToolBar& bar) {
+    bar.buttonClicked.connect([name = bar.name()](std::string_view key) {
+        if (const ButtonRow* row = findRow(name, key)) row->procedure();
     });
 }
 
@@ -109,12 +130,18 @@ void flip(const char* row, Control& bar) {
 
 void connectToolbars() {
     MDIForm1& frame = mainForm();
-    connectBar(frame.Toolbar1, mainRows);
-    connectBar(frame.Toolbar2, helperRows);
-    connectBar(frame.Toolbar4, viewRows);
+    for (ToolBar* bar : {&frame.Toolbar1, &frame.Toolbar2, &frame.Toolbar4}) connectBar(*bar);
     frame.Toolbar4.mouseDown.connect([](const MousePress& press) {
         if (press.button == MousePress::right) platform().windows.popupMenu(mainForm().menu("mnuPreview"));
     });
+}
+
+std::span<const char* const> buttonsToCome() {
+    return keysToCome;
+}
+
+bool hasCommand(std::string_view bar, std::string_view key) {
+    return findRow(bar, key) != nullptr;
 }
 
 void mnuToolbars_Main_Click() {

@@ -29,7 +29,10 @@ std::vector<DirectoryList::Row> rowsDownTo(const std::string& path) {
 
 void DirectoryList::setPath(const std::string& path) {
     const std::string directory = withoutSeparator(path);
-    if (directory == path_) return;
+    if (directory != path_) show(directory);
+}
+
+void DirectoryList::show(const std::string& directory) {
     if (!isDirectory(directory)) throw Error(error_number::pathNotFound, "Path not found: " + directory);
     const std::vector<std::string> names = directoriesIn(directory);
     path_ = directory;
@@ -42,7 +45,8 @@ void DirectoryList::setPath(const std::string& path) {
 }
 
 void DirectoryList::open(int row) {
-    setPath(rows_.at(static_cast<std::size_t>(row)).path);
+    // A copy: the rows are made anew.
+    show(std::string(rows_.at(static_cast<std::size_t>(row)).path));
 }
 
 }  // namespace kelvor

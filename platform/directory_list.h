@@ -27,12 +27,14 @@ public:
     /// The row of the directory shown; -1 before the first one.
     int currentRow() const { return currentRow_; }
 
-    /// The user's act: opens the directory of a row.
+    /// The user's act: opens the directory of a row; the one shown is read anew. Raises `changed` in any case.
     void open(int row);
 
     Event<> changed;
 
 private:
+    void show(const std::string& directory);
+
     std::string path_;
     std::vector<Row> rows_;
     int currentRow_ = -1;

@@ -37,7 +37,10 @@ bool savedForPreview(CDocument& document) {
         cmdSaveAs();
         return true;
     }
-    if (document.SaveDoc(document.LongFileName())) return true;
+    if (document.SaveDoc(document.LongFileName())) {
+        document.showSavedState();
+        return true;
+    }
     if (!document.saveDeclined()) reportSaveError(document.LongFileName());
     return false;
 }

@@ -78,7 +78,11 @@ bool RequestRules::localPageGetsFile(const std::string& path, ResourceKind kind)
         hasRead_ |= read;
         return read;
     }
-    return own || (kind == ResourceKind::part && isNeighbour(file));
+    if (own) return true;
+    // A script can read what it shows of another folder: pixels, variables, rules.
+    const bool beside = kind == ResourceKind::part && isNeighbour(file);
+    hasRead_ |= beside;
+    return beside;
 }
 
 /// Whether it lies beside the page's folder on what looks like one site: pages of a subfolder commonly take their

@@ -50,6 +50,7 @@ PreviewPane::PreviewPane(QWidget& place)
     auto* whole = new QVBoxLayout(&place);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(this);
+    place.setFocusProxy(this);
     tell({}, false);
 }
 
@@ -70,6 +71,7 @@ void PreviewPane::load() {
     }
     browser_->navigate(url_);
     layers_->setCurrentWidget(&browser_->widget());
+    setFocusProxy(&browser_->widget());
 }
 
 void PreviewPane::tell(const QString& message, bool canReload) {

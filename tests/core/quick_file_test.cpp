@@ -86,6 +86,20 @@ TEST_F(QuickFile, AFileThatIsGoneIsToldAndTheOthersOpen) {
     EXPECT_EQ(mainForm().TabStrip1.count(), 2U);
 }
 
+TEST_F(QuickFile, OpeningTheShownDirectoryAgainReadsItAnew) {
+    start();
+    files.write("site/new.htm", "");
+    mainForm().Dir1.open(mainForm().Dir1.currentRow());
+    EXPECT_EQ(list().list().size(), 5U);
+}
+
+TEST_F(QuickFile, ANetworkDirectoryAtStartLeavesTheListsOnTheCurrentDrive) {
+    SaveSetting(application, "User", "InitDir", "//srv/share");
+    start();
+    EXPECT_EQ(mainForm().Drive1.drive(), "/");
+    EXPECT_EQ(mainForm().Dir1.path(), std::filesystem::current_path().string());
+}
+
 TEST_F(QuickFile, AnEmptyListHasNoPopup) {
     start();
     mainForm().Dir1.setPath(files.path("site/pictures"));

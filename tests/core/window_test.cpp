@@ -73,6 +73,20 @@ TEST_F(Windows, AClickOnATabSwitchesTheCommandsToItsView) {
     EXPECT_EQ(previewed.ViewMode(), view_mode::preview);
 }
 
+TEST_F(Windows, KeysInFrontOfAPreviewDoNotReachTheTextBehindIt) {
+    const std::string source = open("b.htm", "2").StrUniqueID();
+    CDocument& previewed = open("a.htm", "1");
+    previewed.ChangeMode(view_mode::preview);
+    EXPECT_EQ(platform.focused, "WebBrowser1");
+    mainForm().TabStrip1.click(source);
+    EXPECT_EQ(platform.focused, "Text1");
+    mainForm().TabStrip1.click(previewed.StrUniqueID());
+    EXPECT_EQ(platform.focused, "WebBrowser1");
+    menu("mnuWindow_NextWindow").click();
+    menu("mnuWindow_NextWindow").click();
+    EXPECT_EQ(platform.focused, "WebBrowser1");
+}
+
 TEST_F(Windows, TheEmptyFrameOffersItsPopup) {
     platform.expectPopup([](MenuItem& popup) { EXPECT_EQ(popup.name(), "mnuNoChild"); });
     mainForm().mouseDown.raise({.button = 2});

@@ -47,6 +47,7 @@ TEST_F(Preview, NoKeepsTheSourceAndYesSavesFirst) {
     menu("mnuView_Preview").click();
     EXPECT_EQ(files.read("a.htm"), "yx");
     EXPECT_EQ(document.ViewMode(), view_mode::preview);
+    EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
     EXPECT_FALSE(menu("mnuEdit").visible());
     EXPECT_EQ(platform.beeps, 2);
 }
@@ -92,7 +93,7 @@ TEST_F(Preview, AListedBrowserGetsThePathAsOneArgument) {
     };
     open("-rf $(x) '\".htm", "x");
     const std::string page = files.path("-rf $(x) '\".htm");
-    for (const Case& row : {Case{blank, blank + "|" + page},
+    for (const Case& row : {Case{blank, std::string(blank).append("|").append(page)},
                             {"firefox --new-window", "firefox|--new-window|" + page},
                             {"\"/opt/a b/browser\" -x", "/opt/a b/browser|-x|" + page}}) {
         listBrowser("Mine", row.stored);

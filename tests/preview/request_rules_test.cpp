@@ -110,6 +110,14 @@ TEST(RequestRules, APageThatMayHaveReadAFileIsCutOffFromTheNetwork) {
     EXPECT_TRUE(rules.allows(file("/home/ann/web/a.png"), part));
 }
 
+TEST(RequestRules, APartFromBesideThePageCutsItOffToo) {
+    RequestRules rules(file("/home/ann/web/shop/index.html"), "/home/ann");
+    EXPECT_TRUE(rules.allows(file("/home/ann/web/shop/own.png"), part));
+    EXPECT_TRUE(rules.allows(web("http", "cdn.example"), part));
+    EXPECT_TRUE(rules.allows(file("/home/ann/web/secret.js"), part));
+    EXPECT_FALSE(rules.allows(web("http", "cdn.example"), part));
+}
+
 TEST(RequestRules, LinksOfTheDiskAreFollowedBeforeTheFolderIsCompared) {
     namespace fs = std::filesystem;
     const TestDirectory files;

@@ -109,6 +109,7 @@ void bindDirectoryList(DirectoryList& list, QListView& widget, FormLink& link) {
     widget.setIconSize({iconSize, iconSize});
     widget.setItemDelegate(new IndentedRows(&link));
     widget.installEventFilter(new EnterKey(list, widget, link));
+    keepListKeys(widget);
     link.follow(list, widget, [&list, &widget, rows](Aspect) {
         rows->renew();
         const QModelIndex current = rows->index(list.currentRow());

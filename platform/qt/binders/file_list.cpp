@@ -68,6 +68,7 @@ void bindFileList(FileList& files, QListView& widget, FormLink& link) {
     widget.setUniformItemSizes(true);
     widget.setSelectionMode(QAbstractItemView::ExtendedSelection);
     widget.installEventFilter(new KeyUps(files, link));
+    keepListKeys(widget);
     // While one side follows the other its own change is no news to that other.
     const auto following = std::make_shared<bool>(false);
     link.follow(files, widget, [&files, &widget, rows, following](Aspect aspect) {

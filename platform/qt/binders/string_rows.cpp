@@ -1,6 +1,7 @@
 #include "platform/qt/binders/string_rows.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/form_link.h"
@@ -55,6 +56,28 @@ bool StringRows::setData(const QModelIndex& index, const QVariant& value, int ro
 void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link) {
     view.setModel(&rows);
     QObject::connect(&link, &QObject::destroyed, &view, [&view] { view.setModel(nullptr); });
+}
+
+namespace {
+
+class ListKeys : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride) return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        for (const auto own : {QKeySequence::SelectAll, QKeySequence::Copy, QKeySequence::Cut, QKeySequence::Paste})
+            if (key.matches(own)) event->accept();
+        return false;
+    }
+};
+
+}  // namespace
+
+void keepListKeys(QWidget& list) {
+    list.installEventFilter(new ListKeys(&list));
 }
 
 }  // namespace kelvor::qt

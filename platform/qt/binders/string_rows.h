@@ -40,4 +40,8 @@ private:
 /// Shows `rows`, which end with the link, in `view`, which may outlive them.
 void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link);
 
+/// Lets a list have the keys for its own selection and clipboard, which the Edit menu would take for the text
+/// otherwise.
+void keepListKeys(QWidget& list);
+
 }  // namespace kelvor::qt
