@@ -270,8 +270,12 @@ void openInDefaultBrowser(const std::string& target) {
     }
 }
 
+std::vector<std::string> commandWords(const std::string& program) {
+    return isExecutableFile(program) ? std::vector{program} : wordsOf(program);
+}
+
 void runProgram(const std::string& program, const std::optional<std::string>& argument) {
-    auto words = isExecutableFile(program) ? std::vector{program} : wordsOf(program);
+    auto words = commandWords(program);
     try {
         if (words.empty()) throw Error(error_number::fileNotFound, "No program is named");
         if (argument) words.push_back(*argument);

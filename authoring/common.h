@@ -128,6 +128,10 @@ void openInDefaultBrowser(const std::string& target);
 /// @param argument  one more word, whatever characters it has
 void runProgram(const std::string& program, const std::optional<std::string>& argument = {});
 
+/// The words of a command line: one when the whole text names an executable file, otherwise split at blanks, with
+/// double quotes holding a word together.
+std::vector<std::string> commandWords(const std::string& program);
+
 /// Whether links are written relative to the document.
 bool useRelativePaths();
 

@@ -1,7 +1,12 @@
 #include "core/command_table.h"
 
+#include <string>
+
+#include "assistants/template_holder.h"
 #include "authoring/insert_lists.h"
+#include "authoring/selection_commands.h"
 #include "core/document.h"
+#include "core/document_assistant.h"
 #include "core/edit_commands.h"
 #include "core/enablement.h"
 #include "core/file_close.h"
@@ -9,8 +14,12 @@
 #include "core/file_save.h"
 #include "core/frame.h"
 #include "core/new_file.h"
+#include "core/quick_file.h"
+#include "core/toolbar_commands.h"
 #include "core/window_commands.h"
 #include "platform/platform.h"
+#include "preview/preview.h"
+#include "support/about.h"
 #include "support/help_commands.h"
 
 namespace kelvor {
@@ -24,11 +33,6 @@ struct CommandRow {
     Procedure procedure;
 };
 
-template <int index>
-void openRecentFile() {
-    mnuFile_RecentFiles_Click(index);
-}
-
 /// What each menu row does. Rows of two menus that mean the same share a procedure.
 constexpr CommandRow commands[] = {
     {"mnuFile_New", mnuFile_New_Click},
@@ -39,18 +43,42 @@ constexpr CommandRow commands[] = {
     {"mnuFile_CloseAll", mnuFile_CloseAll_Click},
     {"mnuFile_SaveAll", mnuFile_SaveAll_Click},
     {"mnuFile_Exit", mnuFile_Exit_Click},
-    {"mnuFile_RecentFiles_0", openRecentFile<0>},
-    {"mnuFile_RecentFiles_1", openRecentFile<1>},
-    {"mnuFile_RecentFiles_2", openRecentFile<2>},
-    {"mnuFile_RecentFiles_3", openRecentFile<3>},
-    {"mnuFile_RecentFiles_4", openRecentFile<4>},
 
+    {"mnuEdit", mnuEdit_Click},
     {"mnuEdit_Undo", mnuEdit_Undo_Click},
     {"mnuEdit_Copy", mnuEdit_Copy_Click},
     {"mnuEdit_Cut", mnuEdit_Cut_Click},
     {"mnuEdit_Paste", mnuEdit_Paste_Click},
     {"mnuEdit_SelectAll", mnuEdit_SelectAll_Click},
     {"mnuEdit_Delete", mnuEdit_Delete_Click},
+
+    {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
+    {"mnuTools_Tavlok", runTavlok},
+    {"mnuTools_Mirrel", runMirrel},
+
+    {"mnuTools_FormatText", mnuTools_FormatText_Click},
+    {"mnuTools_FormatText_Center", mnuRClick_Center_Click},
+    {"mnuTools_FormatText_Right", mnuRClick_Right_Click},
+    {"mnuTools_FormatText_Comment", mnuRClick_Comment_Click},
+    {"mnuTools_FormatText_Para", mnu_RClick_Para_Click},
+    {"mnuTools_FormatText_Subscript", mnuRClick_Format_Subscript_Click},
+    {"mnuTools_FormatText_Bold", mnuRClick_Format_Bold_Click},
+    {"mnuTools_FormatText_Italics", mnuRClick_Format_Italics_Click},
+    {"mnuTools_FormatText_Underline", mnuRClick_Format_Underline_Click},
+    {"mnuTools_FormatText_Case_Lower", mnuRClick_TextCase_Lower_Click},
+    {"mnuTools_FormatText_Case_Upper", mnuRClick_TextCase_Upper_Click},
+    {"mnuFormat_textCase_LfLet", mnuRClick_Text_LfLet_Click},
+    {"mnuFormat_textCase_UfLet", mnuRClick_Text_UfLet_Click},
+
+    {"mnuToolbars_Main", mnuToolbars_Main_Click},
+    {"mnuToolBars_helpers", mnuToolBars_helpers_Click},
+    {"mnuToolBars_forms", mnuToolBars_forms_Click},
+    {"mnuView_dropDown", mnuView_dropDown_Click},
+
+    {"mnuView_QuickFile", mnuView_QuickFile_Click},
+    {"mnuView_DocumentAssistant", mnuView_DocumentAssistant_Click},
+    {"mnuView_Source", [] { ChangeViewMode(view_mode::source); }},
+    {"mnuView_Preview", [] { ChangeViewMode(view_mode::preview); }},
 
     {"mnuWindow_Cascade", mnuWindow_Cascade_Click},
     {"mnuWindow_TileH", mnuWindow_TileH_Click},
@@ -62,27 +90,134 @@ constexpr CommandRow commands[] = {
     {"mnuHelp_htmlhelp", mnuHelp_htmlhelp_Click},
     {"mnuHelp_tavlok", mnuHelp_tavlok_Click},
     {"mnuHelp_mirrel", mnuHelp_mirrel_Click},
+    {"mnuHelp_About", mnuHelp_About_Click},
     {"mnuHelp_sckeys", mnuHelp_sckeys_Click},
     {"mnuHelp_Web_Home", mnuHelp_Web_Home_Click},
     {"mnuHelp_Web_Bug", mnuHelp_Web_Bug_Click},
     {"mnuHelp_Web_KVHome", mnuHelp_Web_KVHome_Click},
     {"mnuHelp_ViewErrLog", mnuHelp_ViewErrLog_Click},
 
+    {"mnuRClick", mnuRClick_Click},
     {"mnuRClick_Close", mnuFile_Close_Click},
     {"mnuRClick_New", mnuFile_New_Click},
     {"mnuRClick_Open", mnuFile_Open_Click},
+    {"mnuRClick_Preview_Default", previewDefault},
+    {"mnuRClick_Center", mnuRClick_Center_Click},
+    {"mnuRClick_Right", mnuRClick_Right_Click},
     {"mnuRClick_Cut", mnuEdit_Cut_Click},
     {"mnuRClick_Copy", mnuEdit_Copy_Click},
     {"mnuRClick_Paste", mnuEdit_Paste_Click},
+    {"mnuRClick_Comment", mnuRClick_Comment_Click},
+    {"mnu_RClick_Para", mnu_RClick_Para_Click},
+    {"mnuRClick_Format_Subscript", mnuRClick_Format_Subscript_Click},
+    {"mnuRClick_Format_Bold", mnuRClick_Format_Bold_Click},
+    {"mnuRClick_Format_Italics", mnuRClick_Format_Italics_Click},
+    {"mnuRClick_Format_Underline", mnuRClick_Format_Underline_Click},
+    {"mnuRClick_TextCase_Lower", mnuRClick_TextCase_Lower_Click},
+    {"mnuRClick_TextCase_Upper", mnuRClick_TextCase_Upper_Click},
+    {"mnuRClick_Text_LfLet", mnuRClick_Text_LfLet_Click},
+    {"mnuRClick_Text_UfLet", mnuRClick_Text_UfLet_Click},
     {"mnuRClick_SelectAll", mnuEdit_SelectAll_Click},
 
     {"mnuNoChild_New", mnuFile_New_Click},
     {"mnuNoChild_OpenFile", mnuFile_Open_Click},
     {"mnuNoChild_Exit", mnuFile_Exit_Click},
+
+    {"mnuQuickOpen_Open", QuickOpenFiles},
+
+    {"mnuPreview_AlignLeft", mnuPreview_AlignLeft_Click},
+    {"mnuPreview_AlignRight", mnuPreview_AlignRight_Click},
+    {"mnuPreview_Close", mnuView_DocumentAssistant_Click},
+};
+
+/// Rows whose commands are still to come; choosing one does nothing.
+constexpr const char* rowsToCome[] = {
+    "mnuInsert_Date",
+    "mnuEdit_Find",
+    "mnuEdit_FindReplace",
+    "mnuTools_StripTags",
+    "mnuEdit_StripSel",
+    "mnuInsert_Link_system",
+    "mnuInsert_Link_name",
+    "mnuInsert_Link_LinkToName",
+    "mnuInsert_Link_LinkToNameFile",
+    "mnuLink_prompt",
+    "mnuInsert_Link_http",
+    "mnuInsert_Link_mailto",
+    "mnuInsert_Link_ftp",
+    "mnuInsert_Link_news",
+    "mnuInsert_Link_gopher",
+    "mnuInsert_Link_newsrc",
+    "mnuInsert_Link_nntp",
+    "mnuInsert_Link_telnet",
+    "mnuInsert_Link_wais",
+    "mnuTools_ChangeLinks",
+    "mnuEdit_eFind",
+    "mnuTools_multi",
+    "mnuTools_ConvertSpec",
+    "mnuTools_Format",
+    "mnuInsert_Image",
+    "mnuInsert_Links",
+    "mnuInsert_Scripts",
+    "mnuInsert_TableWiz",
+    "mnuFormat_QuickColor_color",
+    "mnuFormat_QuickColor_fcolor",
+    "mnuFormat_QuickColor_coloreq",
+    "mnuFormat_QuickColor_bgcolor",
+    "mnuFormatText_Quick",
+    "mnuInsert_SpecialChars",
+    "mnuInsert_Tags",
+    "mnuFile_Pref",
+    "mnuRClick_SendSP",
+    "mnu_RClick_QuickColor",
+    "mnuRClick_Fromat_Quick",
+    "mnuRClick_Link_system",
+    "mnuRClick_Name",
+    "mnuRClick_Link_linkToName",
+    "mnuRClick_Link_linkToNameFile",
+    "mnuRClick_Link_Prompt",
+    "mnuRClick_Link_http",
+    "mnuRClick_Link_mailto",
+    "mnuRClick_Link_ftp",
+    "mnuRClick_Link_news",
+    "mnuRClick_Link_gopher",
+    "mnuRClick_Link_newsrc",
+    "mnuRClick_Link_nntp",
+    "mnuRClick_Link_telnet",
+    "mnuRClick_Link_wais",
 };
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));
+}
+
+/// The rows of the two menu arrays.
+void connectArrays(MDIForm1& frame) {
+    for (int index = 0; index < 5; ++index) {
+        frame.menu("mnuFile_RecentFiles_" + std::to_string(index)).clicked.connect([index] {
+            mnuFile_RecentFiles_Click(index);
+        });
+    }
+    for (int index = 0; index < 15; ++index) {
+        MenuItem& row = frame.menu("mnuRClick_Preview_altb_" + std::to_string(index));
+        row.clicked.connect([&row] { previewAlternate(row.caption()); });
+    }
+}
+
+void connectQuickFile(MDIForm1& frame) {
+    constexpr int enter = 13;
+    frame.CoolBar1.closeClicked.connect(mnuView_QuickFile_Click);
+    frame.Drive1.changed.connect(Drive1_Change);
+    frame.Dir1.changed.connect(Dir1_Change);
+    frame.Combo5.changed.connect(Combo5_Change);
+    frame.Combo5.clicked.connect(Combo5_Change);
+    frame.File1.doubleClicked.connect(QuickOpenFiles);
+    frame.File1.keyUp.connect([](int keyCode) {
+        if (keyCode == enter) QuickOpenFiles();
+    });
+    frame.File1.mouseDown.connect([](const MousePress& press) {
+        if (press.button == MousePress::right) File1_RightPress();
+    });
 }
 
 void connectLists(MDIForm1& frame) {
@@ -108,10 +243,18 @@ void connectCommands() {
     for (const CommandRow& row : commands) frame.menu(row.menu).clicked.connect(row.procedure);
     frame.TabStrip1.clicked.connect(TabStrip1_Click);
     frame.mouseDown.connect([](const MousePress& press) {
-        if (press.button == 2) popUp("mnuNoChild");
+        if (press.button == MousePress::right) popUp("mnuNoChild");
     });
+    connectArrays(frame);
+    connectToolbars();
+    connectQuickFile(frame);
+    frame.CoolBar2.closeClicked.connect(mnuView_DocumentAssistant_Click);
     connectLists(frame);
     connectDocuments();
+}
+
+std::span<const char* const> menuRowsToCome() {
+    return rowsToCome;
 }
 
 }  // namespace kelvor

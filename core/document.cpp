@@ -17,7 +17,6 @@ namespace {
 /// Key codes of the chords that go through the Edit commands, and their actions there.
 constexpr std::pair<int, int> editChords[] = {{'V', 0}, {'C', 2}, {'X', 1}, {'Z', 4}, {'A', 3}};
 constexpr int ctrlAlone = 2;
-constexpr int rightButton = 2;
 
 Answer askSaveAsUtf8(const std::string& name) {
     return beepAndShow({.text = "The text in [" + name + "] has characters that its file's encoding lacks.\r\n" +
@@ -48,7 +47,7 @@ void CDocument::connectWindow() {
     text.keyUp.connect([this](KeyPress&) { documentManager_->UpdateLineStats(*this); });
     text.keyDown.connect([this](KeyPress& key) { Text1_KeyDown(key); });
     text.mouseDown.connect([](const MousePress& press) {
-        if (press.button == rightButton) rightPressed().raise();
+        if (press.button == MousePress::right) rightPressed().raise();
     });
 }
 
@@ -165,6 +164,7 @@ bool CDocument::ChangeMode(int mode) {
         PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache);
         window_->StatusBar1.setSimpleText(address);
         PreviewWB().ZOrder();
+        PreviewWB().SetFocus();
     }
     return true;
 }
@@ -176,13 +176,19 @@ void CDocument::SetDocFocus() {
 void CDocument::editWindow_Activate() {
     docTabStrip_->setSelectedItem(strUniqueID_);
     Text1_SelChange();
+    focusShownPane();
+}
+
+void CDocument::focusShownPane() {
     SetDocFocus();
+    // Keys that nobody sees arrive must not reach the text behind the page.
+    if (viewMode_ == view_mode::preview) PreviewWB().SetFocus();
 }
 
 void CDocument::tabClicked() {
     if (docTabStrip_->selectedItem().key != strUniqueID_) return;
     mainForm().mdi.activate(*window_);
-    SourceRTB().SetFocus();
+    focusShownPane();
 }
 
 void CDocument::showSavedState() const {

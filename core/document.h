@@ -92,6 +92,7 @@ private:
     void connectWindow();
     void editWindow_Load();
     void editWindow_Activate();
+    void focusShownPane();
     void editWindow_QueryUnload(bool& cancel);
     void editWindow_Unload();
     void Text1_Change();

@@ -45,6 +45,14 @@ void mnuEdit_Delete_Click() {
     text.SetFocus();
 }
 
+void mnuEdit_Click() {
+    mainForm().menu("mnuEdit_StripSel").setEnabled(mainForm().activeForm().Text1.selLength() != 0);
+}
+
+void mnuRClick_Click() {
+    mainForm().menu("mnuRClick_SendSP").setEnabled(mainForm().activeForm().Text1.selLength() != 0);
+}
+
 void Edit_Action(int action) {
     static constexpr const char* rows[] = {"mnuEdit_Paste", "mnuEdit_Cut", "mnuEdit_Copy", "mnuEdit_SelectAll",
                                            "mnuEdit_Undo"};

@@ -34,6 +34,8 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
         menus_.push_back(std::move(item));
     }
     Combo2.setSorted(true);
+    Toolbar3.setVisible(false);
+    Toolbar4.setValue("Source", true);
     // The design's one tab, which the start takes away.
     TabStrip1.add("placeholder", "");
 }

@@ -6,13 +6,18 @@
 #include <vector>
 
 #include "core/edit_window.h"
+#include "core/toolbar_table.h"
 #include "platform/combo_box.h"
 #include "platform/common_dialog.h"
+#include "platform/directory_list.h"
+#include "platform/drive_list.h"
+#include "platform/file_list.h"
 #include "platform/form.h"
 #include "platform/keyed_collection.h"
 #include "platform/mdi_area.h"
 #include "platform/menu_item.h"
 #include "platform/picture_box.h"
+#include "platform/side_bar.h"
 #include "platform/status_bar.h"
 #include "platform/tab_strip.h"
 
@@ -38,6 +43,16 @@ public:
     PictureBox Picture2{*this, "Picture2"};  ///< the row of the document tabs
     TabStrip TabStrip1{*this, "TabStrip1"};
     StatusBar StatusBar1;
+    ToolBar Toolbar1{*this, "Toolbar1", mainButtons()};      ///< main
+    ToolBar Toolbar2{*this, "Toolbar2", helperButtons()};    ///< helpers
+    ToolBar Toolbar3{*this, "Toolbar3", formButtons()};      ///< form elements
+    ToolBar Toolbar4{*this, "Toolbar4", viewModeButtons()};  ///< view, in the Document Assistant
+    SideBar CoolBar1{*this, "CoolBar1"};                     ///< Quick File
+    SideBar CoolBar2{*this, "CoolBar2"};                     ///< Document Assistant
+    DriveList Drive1{*this, "Drive1"};
+    DirectoryList Dir1{*this, "Dir1"};
+    FileList File1{*this, "File1"};
+    ComboBox Combo5{*this, "Combo5", ComboBox::Style::editable};  ///< the pattern of File1
     CommonDialog CommonD1;
     MdiArea mdi;
 

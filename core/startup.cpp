@@ -6,13 +6,16 @@
 #include "authoring/common.h"
 #include "authoring/insert_lists.h"
 #include "core/command_table.h"
+#include "core/document_assistant.h"
 #include "core/document_manager.h"
 #include "core/enablement.h"
 #include "core/file_open.h"
+#include "core/quick_file.h"
 #include "core/recent_files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "platform/single_instance.h"
+#include "preview/preview.h"
 #include "support/report_error.h"
 #include "support/settings.h"
 
@@ -51,15 +54,22 @@ void readUserSettings() {
     if (GetSetting(application, "User", "LCase").empty()) firstTimeUser();
     const std::string directory = GetSetting(application, "User", "InitDir");
     lastDir = directory.empty() ? programDirectory() : directory;
+    showQuickFile(GetSetting(application, "User", "QuickFile", "True") == "True");
+    ToggleDocumentAssistant(settingBoolean(GetSetting(application, "User", "DocumentAssistant", "True")));
     setEnforceVDirs(GetSetting(application, "User", "EnforceVDirs", "0") == "1");
     editorBackColor = settingNumber(GetSetting(application, "User", "BGColor", "-1"));
     editorForeColor = settingNumber(GetSetting(application, "User", "ForeColor", "-1"));
 }
 
+/// Too many browsers are told, and the start goes on.
+void listBrowsers() {
+    guarded(setUpBrowsers);
+}
+
 /// The start in its order. An error ends it there, and what was done stays.
 constexpr void (*steps[])() = {removePlaceholderTab,    createDocumentManager, loadFontList, resetCounters,
                                getRegistered_OpenFiles, loadComboBoxes,        startVDirs,   grabReg,
-                               setUpUStrings,           checkNewFile};
+                               setUpUStrings,           listBrowsers,          checkNewFile, initQuickView};
 
 /// The frame's end: the managers go, and then every form that is still loaded.
 void MDIForm1_Unload() {

@@ -31,6 +31,8 @@ void previousMdiWindow() {
 
 void TabStrip1_Click() {
     for (const auto& document : documentManager()->MyDocuments().items()) document->tabClicked();
+    // Of several files opened at once the second one's tab is clicked before the command that opens them is done.
+    enableMenuItems();
     const bool preview = documentManager()->currentDocument().ViewMode() == view_mode::preview;
     ControlFunctionForMode(preview ? view_mode::preview : view_mode::source);
 }

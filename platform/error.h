@@ -18,6 +18,7 @@ constexpr int deviceError = 57;
 constexpr int fileAlreadyExists = 58;
 constexpr int diskFull = 61;
 constexpr int inputPastEnd = 62;
+constexpr int deviceUnavailable = 68;
 constexpr int permissionDenied = 70;
 constexpr int pathAccess = 75;
 constexpr int pathNotFound = 76;

@@ -80,6 +80,8 @@ public:
         });
     }
 
+    bool isConnected() const { return !handlers_->empty(); }
+
     /// Runs the handlers that are connected now; those that a handler removes meanwhile are left out.
     /// The event itself may end while its handlers run.
     void raise(Args... args) {

@@ -25,20 +25,24 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
-/// Whether an entry of a listing is a file and no directory; a link is what it leads to.
-bool isFileEntry(int directory, const dirent& entry) {
-    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type != DT_DIR;
+enum class EntryKind { gone, file, directory };
+
+/// What an entry of a listing is; a link is what it leads to.
+EntryKind kindOf(int directory, const dirent& entry) {
+    const auto kind = [](bool isDirectory) { return isDirectory ? EntryKind::directory : EntryKind::file; };
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return kind(entry.d_type == DT_DIR);
     struct stat status {};
-    return fstatat(directory, entry.d_name, &status, 0) == 0 && !S_ISDIR(status.st_mode);
+    if (fstatat(directory, entry.d_name, &status, 0) != 0) return EntryKind::gone;
+    return kind(S_ISDIR(status.st_mode));
 }
 
-/// Calls `visit` with the name of each file in the directory until it answers false.
+/// Calls `visit` with the name of each entry of that kind in the directory until it answers false.
 template <typename Visit>
-void visitFiles(const std::string& directory, const Visit& visit) {
+void visitEntries(const std::string& directory, EntryKind kind, const Visit& visit) {
     const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
     if (!stream) return;
     while (const auto* entry = readdir(stream.get())) {
-        if (isFileEntry(dirfd(stream.get()), *entry) && !visit(std::string(entry->d_name))) return;
+        if (kindOf(dirfd(stream.get()), *entry) == kind && !visit(std::string(entry->d_name))) return;
     }
 }
 
@@ -74,7 +78,7 @@ bool listingFinds(const std::string& path) {
     }
     const auto directory = directoryPart(path);
     bool found = false;
-    visitFiles(directory.empty() ? "." : directory, [&](const std::string& name) {
+    visitEntries(directory.empty() ? "." : directory, EntryKind::file, [&](const std::string& name) {
         found = nameMatches(name, pattern);
         return !found;
     });
@@ -83,12 +87,21 @@ bool listingFinds(const std::string& path) {
 
 std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern) {
     std::vector<std::string> names;
-    visitFiles(directory, [&](std::string name) {
+    visitEntries(directory, EntryKind::file, [&](std::string name) {
         if (nameMatches(name, pattern)) names.push_back(std::move(name));
         return true;
     });
-    std::sort(names.begin(), names.end(),
-              [](const auto& left, const auto& right) { return compareText(left, right) < 0; });
+    sortAsText(names);
+    return names;
+}
+
+std::vector<std::string> directoriesIn(const std::string& directory) {
+    std::vector<std::string> names;
+    visitEntries(directory, EntryKind::directory, [&](std::string name) {
+        if (!name.starts_with('.')) names.push_back(std::move(name));
+        return true;
+    });
+    sortAsText(names);
     return names;
 }
 

@@ -35,6 +35,10 @@ bool listingFinds(const std::string& path);
 /// bytes as the disk holds them, also when they are not UTF-8. None when the directory cannot be read.
 std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern);
 
+/// The names of the directories in `directory`, links to directories too, sorted as a person reads them.
+/// Those whose name begins with a point are left out. None when it may not be read.
+std::vector<std::string> directoriesIn(const std::string& directory);
+
 /// Whether a file name matches a pattern of "*" and "?", case ignored; "*.*" matches every name.
 bool nameMatches(std::string_view name, std::string_view pattern);
 

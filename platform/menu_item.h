@@ -17,7 +17,7 @@ public:
     /// With "&" before its access key; "-" makes a separator.
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
-    bool isSeparator() const { return caption_ == "-"; }
+    bool isSeparator() const { return caption_ == "-" && !isName_; }
 
     /// Whether the caption is a name, such as a path, in which "&" marks nothing.
     bool isName() const { return isName_; }

@@ -3,6 +3,7 @@
 #include <unicode/casemap.h>
 #include <unicode/coll.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -60,6 +61,22 @@ icu::StringPiece pieceOf(std::string_view text) {
     return {text.data(), static_cast<int32_t>(text.size())};
 }
 
+/// Bytes whose order is that of the collation; the text's own where ICU's data are not there.
+std::string sortKey(std::string_view text) {
+    const auto* collator = rootCollator();
+    if (!collator) return std::string(text);
+    const auto wide = icu::UnicodeString::fromUTF8(pieceOf(text));
+    std::string key(static_cast<std::size_t>(wide.length()) * 3 + 16, '\0');
+    const auto fill = [&] {
+        return collator->getSortKey(wide, reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
+    };
+    const auto needed = static_cast<std::size_t>(fill());
+    const bool fitted = needed <= key.size();
+    key.resize(needed);
+    if (!fitted) fill();
+    return key;
+}
+
 }  // namespace
 
 std::string toUpper(std::string_view text) {
@@ -102,6 +119,17 @@ int compareText(std::string_view left, std::string_view right) {
     }
     // The collation takes some different texts for equal; a sorted list needs one order for them all the same.
     return left.compare(right);
+}
+
+void sortAsText(std::vector<std::string>& texts) {
+    std::vector<std::pair<std::string, std::string>> keyed;
+    keyed.reserve(texts.size());
+    for (std::string& text : texts) {
+        std::string key = sortKey(text);
+        keyed.emplace_back(std::move(key), std::move(text));
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(keyed.begin(), keyed.end(), texts.begin(), [](auto& entry) { return std::move(entry.second); });
 }
 
 std::size_t characterCount(std::string_view text) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelvor {
 
@@ -17,6 +18,8 @@ bool equalIgnoringCase(std::string_view left, std::string_view right);
 
 /// Order of two texts as a person sorts names: by the root collation, case ignored first.
 int compareText(std::string_view left, std::string_view right);
+/// Sorts by that order, with one look at each text; equal ones by their bytes.
+void sortAsText(std::vector<std::string>& texts);
 
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "authoring/common.h"
+#include "core/frame.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -131,6 +131,8 @@ void initVDirs() {
 
 void setEnforceVDirs(bool enforce) {
     SaveSetting(application, "User", "EnforceVDirs", enforce ? "1" : "0");
+    mainForm().Toolbar4.setValue("VDir", enforce);
+    mainForm().Toolbar4.setValue("NoVDir", !enforce);
     vdirManager()->setEnforceVDirs(enforce);
 }
 

@@ -20,6 +20,8 @@ constexpr std::string_view textEditors[] = {"gnome-text-editor", "gedit",   "kat
 constexpr std::string_view calculators[] = {"gnome-calculator", "kcalc",        "mate-calc",   "galculator",
                                             "qalculate-gtk",    "qalculate-qt", "speedcrunch", "xcalc"};
 constexpr std::string_view fileManagers[] = {"nautilus", "dolphin", "thunar", "nemo", "caja", "pcmanfm", "pcmanfm-qt"};
+constexpr std::string_view systemInformation[] = {"kinfocenter",          "hardinfo2",           "hardinfo",
+                                                  "gnome-system-monitor", "mate-system-monitor", "xfce4-taskmanager"};
 
 std::span<const std::string_view> programsOf(DesktopTool tool) {
     switch (tool) {
@@ -29,6 +31,8 @@ std::span<const std::string_view> programsOf(DesktopTool tool) {
             return calculators;
         case DesktopTool::fileManager:
             return fileManagers;
+        case DesktopTool::systemInformation:
+            return systemInformation;
     }
     return {};
 }

@@ -4,7 +4,7 @@
 
 namespace kelvor {
 
-enum class DesktopTool { textEditor, calculator, fileManager };
+enum class DesktopTool { textEditor, calculator, fileManager, systemInformation };
 
 /// The program that serves as `tool` on this desktop: the first one known that is in PATH. Where none is, the first
 /// one known; starting it then tells the user what is missing.

@@ -24,7 +24,9 @@ FLOORS = (
     ("core/frame", 1),
     ("core/edit_window", 1),
     ("core/menu_table", 1),
+    ("core/toolbar_table", 1),
     ("core/command_table", 4),
+    ("core/toolbar_commands", 4),
     ("core/startup", 4),
     ("core/new_file", 3),
     ("core/quick_file", 3),
@@ -46,7 +48,7 @@ TOOLKIT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*|Qsci/.*|q\w+\.h|Sci\w*\.h|ui_
 
 FILE_LINES = 500
 # Rows of data without a branch may go on for longer.
-DATA_TABLES = ("core/menu_table.cpp",)
+DATA_TABLES = ("core/menu_table.cpp", "core/toolbar_table.cpp")
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 

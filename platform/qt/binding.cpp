@@ -16,11 +16,15 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTextEdit>
+#include <QToolBar>
 #include <set>
 
 #include "platform/button.h"
 #include "platform/combo_box.h"
+#include "platform/directory_list.h"
+#include "platform/drive_list.h"
 #include "platform/edit_control.h"
+#include "platform/file_list.h"
 #include "platform/form.h"
 #include "platform/label.h"
 #include "platform/list_view.h"
@@ -28,9 +32,11 @@
 #include "platform/picture_box.h"
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/convert.h"
+#include "platform/side_bar.h"
 #include "platform/status_bar.h"
 #include "platform/tab_strip.h"
 #include "platform/text_box.h"
+#include "platform/tool_bar.h"
 #include "platform/web_browser.h"
 
 namespace kelvor::qt {
@@ -58,11 +64,21 @@ using Binder = Outcome (*)(Control&, QWidget*, FormLink&);
 
 /// One row for each kind of control.
 constexpr Binder binders[] = {
-    tryBind<Button, QPushButton, bindButton>,       tryBind<ComboBox, QComboBox, bindComboBox>,
-    tryBind<EditControl, QWidget, bindEditControl>, tryBind<Label, QLabel, bindLabel>,
-    tryBind<ListView, QListView, bindListView>,     tryBind<PictureBox, QWidget, bindPictureBox>,
-    tryBind<StatusBar, QStatusBar, bindStatusBar>,  tryBind<TabStrip, QTabBar, bindTabStrip>,
-    tryBind<TextBox, QLineEdit, bindTextBox>,       tryBind<WebBrowser, QWidget, bindWebBrowser>,
+    tryBind<Button, QPushButton, bindButton>,
+    tryBind<ComboBox, QComboBox, bindComboBox>,
+    tryBind<DirectoryList, QListView, bindDirectoryList>,
+    tryBind<DriveList, QComboBox, bindDriveList>,
+    tryBind<EditControl, QWidget, bindEditControl>,
+    tryBind<FileList, QListView, bindFileList>,
+    tryBind<Label, QLabel, bindLabel>,
+    tryBind<ListView, QListView, bindListView>,
+    tryBind<PictureBox, QWidget, bindPictureBox>,
+    tryBind<SideBar, QWidget, bindSideBar>,
+    tryBind<StatusBar, QStatusBar, bindStatusBar>,
+    tryBind<TabStrip, QTabBar, bindTabStrip>,
+    tryBind<TextBox, QLineEdit, bindTextBox>,
+    tryBind<ToolBar, QToolBar, bindToolBar>,
+    tryBind<WebBrowser, QWidget, bindWebBrowser>,
 };
 
 std::string classOf(const QWidget& widget) {
@@ -97,7 +113,7 @@ bool takesInput(const QWidget& widget) {
 /// Whether the widgets inside it are its own business.
 bool isClosed(const QWidget& widget) {
     const bool scrolls = isOneOf<QAbstractScrollArea>(widget) && !isOneOf<QScrollArea>(widget);
-    return scrolls || takesInput(widget) || isOneOf<QMenuBar, QStatusBar>(widget);
+    return scrolls || takesInput(widget) || isOneOf<QMenuBar, QStatusBar, QToolBar>(widget);
 }
 
 /// Finds the input widgets whose names are not among `names`. Parts that the library makes itself have

@@ -27,7 +27,8 @@ int lineEndMode(const std::string& lineEnd) {
 /// Scintilla's accessible interface counts the characters in front of the caret at each move and each change.
 /// While no screen reader listens, this one stands in for it.
 QAccessibleInterface* standIn(const QString&, QObject* object) {
-    auto* const widget = dynamic_cast<ScintillaWidget*>(object);
+    // Any object of the program may come here. Those of the web engine have no type information for dynamic_cast.
+    auto* const widget = dynamic_cast<ScintillaWidget*>(qobject_cast<QsciScintillaBase*>(object));
     if (!widget || widget->isReadAloud()) return nullptr;
     return new QAccessibleWidget(widget, QAccessible::EditableText);
 }

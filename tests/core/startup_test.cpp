@@ -73,6 +73,18 @@ TEST_F(Startup, AColourThatIsNoNumberIsToldAndTheStartGoesOn) {
     EXPECT_FALSE(menu("mnuEdit").visible());
 }
 
+TEST_F(Startup, ASixteenthBrowserIsToldAndTheStartGoesOn) {
+    SaveSetting(application, "User", "LCase", "False");
+    for (int index = 0; index < 16; ++index) SaveSetting(application, "Browsers", "B" + std::to_string(index), "b");
+    platform.expectMessage({.text = "An application error has occurred:\r\n\r\nError number: 35601\r\n"
+                                    "Error description: There is no menu mnuRClick_Preview_altb_15",
+                            .title = "Application Error",
+                            .icon = MessageIcon::critical});
+    ASSERT_TRUE(startKelvor());
+    EXPECT_FALSE(menu("mnuEdit").visible());
+    EXPECT_EQ(mainForm().Combo5.list().size(), 9U);
+}
+
 TEST_F(Startup, OpensAnUntitledDocumentFromTheDefaultTemplate) {
     files.write("program/Templates/Default Template.tpl", "<HTML>\r\n</HTML>\r\n");
     SaveSetting(application, "User", "newFile", "True");

@@ -4,13 +4,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
-#include <QVBoxLayout>
 #include <optional>
 
 #include "platform/button.h"
@@ -23,47 +21,10 @@
 #include "platform/status_bar.h"
 #include "platform/tab_strip.h"
 #include "platform/text_box.h"
-#include "tests/qt/form_fixture.h"
+#include "tests/qt/binding_fixture.h"
 
 namespace kelvor::qt {
 namespace {
-
-/// A window with one widget, of the name and the class that a test gives it.
-class Binding : public QtForms {
-protected:
-    /// A control that lives as long as its form.
-    template <typename Model, typename... Args>
-    Model& make(const char* name, Args&&... args) {
-        auto model = std::make_unique<Model>(form_, name, std::forward<Args>(args)...);
-        Model& made = *model;
-        controls_.push_back(std::move(model));
-        return made;
-    }
-    template <typename Widget>
-    Widget& add(const char* name) {
-        auto* widget = new Widget(&window_);
-        widget->setObjectName(name);
-        layout_.addWidget(widget);
-        return *widget;
-    }
-    void bind() {
-        EXPECT_EQ(bindForm(form_, window_), std::vector<std::string>());
-        window_.show();
-    }
-    ~Binding() override { unbindForm(form_, window_); }
-
-    Form form_{"test", "A form"};
-    std::vector<std::unique_ptr<Control>> controls_;
-    QMainWindow window_;
-    QWidget& content_ = *new QWidget;
-    QVBoxLayout& layout_ = *new QVBoxLayout(&content_);
-    int told_ = 0;
-
-    Binding() { window_.setCentralWidget(&content_); }
-    void count(Event<>& event) {
-        event.connect([this] { ++told_; });
-    }
-};
 
 TEST_F(Binding, AButtonFollowsItsControlAndGivesBackThePress) {
     auto& button = make<Button>("cmdGo", "&Go");

@@ -7,5 +7,6 @@ int main(int argumentCount, char** arguments) {
     testing::InitGoogleTest(&argumentCount, arguments);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argumentCount, arguments);
+    Q_INIT_RESOURCE(icons);
     return RUN_ALL_TESTS();
 }

@@ -1,118 +1,9 @@
-#include <gtest/gtest.h>
+#include "tests/qt/program_fixture.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTabBar>
-#include <QTest>
-#include <QTimer>
-#include <deque>
-#include <functional>
-
-#include "authoring/common.h"
-#include "core/document_manager.h"
-#include "core/frame.h"
-#include "core/startup.h"
-#include "platform/qt/qt_platform.h"
-#include "support/settings.h"
-#include "tests/fake_platform.h"
+#include <QAbstractScrollArea>
 
 namespace kelvor {
 namespace {
-
-/// The whole program in its real window: keys go in, and what counts is the files on disk.
-class Program : public testing::Test {
-protected:
-    Program() {
-        setenv("XDG_RUNTIME_DIR", files.path("settings").c_str(), 1);
-        SaveSetting(application, "User", "LCase", "False");
-        started_ = startKelvor();
-        window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
-        QObject::connect(&dialogPoll_, &QTimer::timeout, [this] { answerDialog(); });
-        dialogPoll_.start(5);
-    }
-
-    ~Program() override {
-        EXPECT_TRUE(dialogs_.empty()) << "a dialog never came";
-        dialogs_.clear();
-        whenDialogOpens([](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::No)->click(); });
-        whenDialogOpens([](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::No)->click(); });
-        if (mainForm().isLoaded()) mainForm().unload();
-        releaseMainForm();
-        closeSettings();
-        fontList.clear();
-        userStrings.clear();
-        lastDir.clear();
-    }
-
-    QMainWindow& window() { return *qobject_cast<QMainWindow*>(platform.windows().widgetOf(mainForm())); }
-    QWidget& text() {
-        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
-        return *QApplication::focusWidget();
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(&text(), key, modifiers);
-    }
-    void type(const char* keys) { QTest::keyClicks(&text(), QString::fromUtf8(keys)); }
-
-    /// The next modal window is given to `steps`, which must close it.
-    void whenDialogOpens(std::function<void(QWidget&)> steps) { dialogs_.push_back(std::move(steps)); }
-
-    /// Chooses File, Open by its keys and enters the paths into the dialog.
-    void openByDialog(const std::vector<std::string>& paths) {
-        whenDialogOpens([paths](QWidget& dialog) {
-            QString names;
-            for (const auto& path : paths) names += "\"" + QString::fromStdString(path) + "\" ";
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(names.trimmed());
-            QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-        });
-        QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier);
-        // Without a window manager nobody gives the focus back when the dialog has gone.
-        window().activateWindow();
-        QApplication::processEvents();
-    }
-
-    void clickTab(const char* caption) {
-        auto& tabs = *window().findChild<QTabBar*>("TabStrip1");
-        for (int index = 0; index < tabs.count(); ++index) {
-            if (tabs.tabText(index) == caption)
-                QTest::mouseClick(&tabs, Qt::LeftButton, Qt::NoModifier, tabs.tabRect(index).center());
-        }
-        QApplication::processEvents();
-    }
-
-    /// Chooses a row of one of the insert lists with the keys of a person who has the list in focus.
-    void chooseInList(const char* name, int row) {
-        auto& list = *window().findChild<QComboBox*>(name);
-        list.setFocus();
-        for (int step = 0; step < row; ++step) emit list.activated(step + 1 == row ? row : 0);
-        QApplication::processEvents();
-    }
-
-    TestDirectory files;
-    qt::QtPlatform platform;
-    bool started_ = false;
-
-private:
-    void answerDialog() {
-        QWidget* dialog = QApplication::activeModalWidget();
-        if (!dialog || dialogs_.empty() || dialog == answered_) return;
-        answered_ = dialog;
-        const auto steps = std::move(dialogs_.front());
-        dialogs_.pop_front();
-        steps(*dialog);
-        answered_ = nullptr;
-    }
-
-    QTimer dialogPoll_;
-    std::deque<std::function<void(QWidget&)>> dialogs_;
-    QWidget* answered_ = nullptr;
-};
 
 std::string allBytes() {
     std::string bytes;
@@ -208,6 +99,36 @@ TEST_F(Program, ClipboardChordsActOnce) {
     press(Qt::Key_A, Qt::ControlModifier);
     press(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(mainForm().activeForm().Text1.text(), "");
+}
+
+TEST_F(Program, TheRoadOfOneCommandLeadsFromASelectedWordToThePreview) {
+    ASSERT_TRUE(started_);
+    const std::string path = files.write("page.htm", "<P>one word</P>\r\n");
+    openByDialog({path});
+    press(Qt::Key_Right, Qt::ControlModifier);
+    while (mainForm().activeForm().Text1.selStart() < 7) press(Qt::Key_Right);
+    press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(mainForm().activeForm().Text1.selText(), "word");
+
+    // The popup menu's Format..., Bold, by its keys.
+    QTimer::singleShot(50, [] {
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right, Qt::Key_Up, Qt::Key_Up,
+                                  Qt::Key_Up, Qt::Key_Return})
+            QTest::keyClick(QApplication::activePopupWidget(), key);
+    });
+    QTest::mouseClick(dynamic_cast<QAbstractScrollArea&>(text()).viewport(), Qt::RightButton);
+    QApplication::processEvents();
+    EXPECT_EQ(mainForm().activeForm().Text1.text(), "<P>one <B>word</B></P>\r\n");
+    EXPECT_EQ(mainForm().activeForm().Text1.selText(), "<B>word</B>");
+    EXPECT_EQ(mainForm().StatusBar1.panelText(panel::saved), "File Saved: No");
+    EXPECT_EQ(mainForm().StatusBar1.panelText(panel::characters), "Characters: 24 ");
+
+    whenDialogOpens([](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click(); });
+    QTest::keyClick(&window(), Qt::Key_V, Qt::AltModifier);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_P);
+    EXPECT_EQ(files.read("page.htm"), "<P>one <B>word</B></P>\r\n");
+    EXPECT_EQ(documentManager()->currentDocument().ViewMode(), view_mode::preview);
+    EXPECT_FALSE(mainForm().menu("mnuEdit").visible());
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "assistants/template_holder.h"
 #include "core/frame.h"
 #include "platform/mdi_area.h"
+#include "support/about.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {
@@ -64,7 +65,8 @@ TEST_F(QtForms, EveryFormFitsItsLayout) {
     MDIForm1 frame;
     EditWindow document;
     TemplateHolder templates;
-    for (Form* form : std::initializer_list<Form*>{&frame, &document, &templates}) {
+    About about;
+    for (Form* form : std::initializer_list<Form*>{&frame, &document, &templates, &about}) {
         EXPECT_NO_THROW(platform_.windows().create(*form));
         platform_.windows().destroy(*form);
     }

@@ -9,18 +9,24 @@ class QListView;
 class QPushButton;
 class QStatusBar;
 class QTabBar;
+class QToolBar;
 class QWidget;
 
 namespace kelvor {
 class Button;
 class ComboBox;
+class DirectoryList;
+class DriveList;
 class EditControl;
+class FileList;
 class Label;
 class ListView;
 class PictureBox;
+class SideBar;
 class StatusBar;
 class TabStrip;
 class TextBox;
+class ToolBar;
 class WebBrowser;
 }  // namespace kelvor
 
@@ -28,15 +34,22 @@ namespace kelvor::qt {
 
 void bindButton(Button& button, QPushButton& widget, FormLink& link);
 void bindComboBox(ComboBox& box, QComboBox& widget, FormLink& link);
+void bindDirectoryList(DirectoryList& list, QListView& widget, FormLink& link);
+void bindDriveList(DriveList& drives, QComboBox& widget, FormLink& link);
 /// Puts the control's own widget into `place`, which it fills.
 void bindEditControl(EditControl& edit, QWidget& place, FormLink& link);
+void bindFileList(FileList& files, QListView& widget, FormLink& link);
 void bindLabel(Label& label, QLabel& widget, FormLink& link);
 void bindListView(ListView& list, QListView& widget, FormLink& link);
 void bindPictureBox(PictureBox& box, QWidget& widget, FormLink& link);
+/// Puts a header with the widget's window title above what the layout has in it. The widget stands in a QSplitter.
+void bindSideBar(SideBar& bar, QWidget& widget, FormLink& link);
 /// Makes the panels, which the layout does not have.
 void bindStatusBar(StatusBar& bar, QStatusBar& widget, FormLink& link);
 void bindTabStrip(TabStrip& strip, QTabBar& widget, FormLink& link);
 void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link);
+/// Makes the buttons, which the layout does not have.
+void bindToolBar(ToolBar& bar, QToolBar& widget, FormLink& link);
 void bindWebBrowser(WebBrowser& browser, QWidget& place, FormLink& link);
 
 /// Makes the menu bar, or nothing when the form has no menus. Each menu is a QMenu with the name of its control.

@@ -29,7 +29,7 @@ void bindListView(ListView& list, QListView& widget, FormLink& link) {
         guarded([&] { taken = list.edit(row, text); });
         return taken;
     });
-    widget.setModel(rows);
+    showRows(widget, *rows, link);
     widget.setUniformItemSizes(true);
     widget.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     // While the rows change the widget chooses for itself; the control tells its own choice after that.

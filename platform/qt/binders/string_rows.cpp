@@ -1,6 +1,10 @@
 #include "platform/qt/binders/string_rows.h"
 
+#include <QAbstractItemView>
+#include <QKeyEvent>
+
 #include "platform/qt/convert.h"
+#include "platform/qt/form_link.h"
 
 namespace kelvor::qt {
 
@@ -47,6 +51,33 @@ Qt::ItemFlags StringRows::flags(const QModelIndex& index) const {
 
 bool StringRows::setData(const QModelIndex& index, const QVariant& value, int role) {
     return editor_ && role == Qt::EditRole && editor_(index.row(), fromQt(value.toString()));
+}
+
+void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link) {
+    view.setModel(&rows);
+    QObject::connect(&link, &QObject::destroyed, &view, [&view] { view.setModel(nullptr); });
+}
+
+namespace {
+
+class ListKeys : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride) return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        for (const auto own : {QKeySequence::SelectAll, QKeySequence::Copy, QKeySequence::Cut, QKeySequence::Paste})
+            if (key.matches(own)) event->accept();
+        return false;
+    }
+};
+
+}  // namespace
+
+void keepListKeys(QWidget& list) {
+    list.installEventFilter(new ListKeys(&list));
 }
 
 }  // namespace kelvor::qt

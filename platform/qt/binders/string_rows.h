@@ -5,7 +5,11 @@
 #include <string>
 #include <vector>
 
+class QAbstractItemView;
+
 namespace kelvor::qt {
+
+class FormLink;
 
 /// The rows of a list control for a widget to show, read where they are: a list of any length is
 /// filled row by row without being copied at each row. To be told each change, behind it.
@@ -32,5 +36,12 @@ private:
     int count_;
     Editor editor_;
 };
+
+/// Shows `rows`, which end with the link, in `view`, which may outlive them.
+void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link);
+
+/// Lets a list have the keys for its own selection and clipboard, which the Edit menu would take for the text
+/// otherwise.
+void keepListKeys(QWidget& list);
 
 }  // namespace kelvor::qt

@@ -1,0 +1,173 @@
+#include "core/toolbar_commands.h"
+
+#include <span>
+
+#include "authoring/common.h"
+#include "authoring/selection_commands.h"
+#include "core/document_assistant.h"
+#include "core/edit_commands.h"
+#include "core/file_close.h"
+#include "core/file_open.h"
+#include "core/file_save.h"
+#include "core/frame.h"
+#include "core/new_file.h"
+#include "core/quick_file.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "preview/preview.h"
+#include "preview/virtual_directories.h"
+#include "support/about.h"
+#include "support/desktop_tools.h"
+
+namespace kelvor {
+
+namespace {
+
+struct ButtonRow {
+    std::string_view key;
+    void (*procedure)();
+};
+
+void insertLineBreak() {
+    mainForm().activeForm().Text1.setSelText("<BR>");
+}
+
+template <DesktopTool tool>
+void runTool() {
+    runProgram(programFor(tool));
+}
+
+void runCompanion(const std::string& name) {
+    runProgram(joinPath(programDirectory(), name));
+}
+
+template <int mode>
+void showView() {
+    ChangeViewMode(mode);
+}
+
+template <bool enforce>
+void enforceVDirs() {
+    setEnforceVDirs(enforce);
+}
+
+/// "Print" has no action.
+constexpr ButtonRow mainRows[] = {
+    {"New", mnuFile_New_Click},
+    {"Open", mnuFile_Open_Click},
+    {"Save", mnuFile_Save_Click},
+    {"Save As", mnuFile_SaveAs_Click},
+    {"Copy", mnuEdit_Copy_Click},
+    {"Cut", mnuEdit_Cut_Click},
+    {"Paste", mnuEdit_Paste_Click},
+    {"Undo", mnuEdit_Undo_Click},
+    {"Delete", mnuEdit_Delete_Click},
+    {"Center", mnuRClick_Center_Click},
+    {"Right", mnuRClick_Right_Click},
+    {"Bold", mnuRClick_Format_Bold_Click},
+    {"Italics", mnuRClick_Format_Italics_Click},
+    {"Underline", mnuRClick_Format_Underline_Click},
+    {"BR", insertLineBreak},
+    {"para", mnu_RClick_Para_Click},
+    {"About", mnuHelp_About_Click},
+    {"Exit", mnuFile_Exit_Click},
+};
+
+constexpr ButtonRow helperRows[] = {
+    {"np", runTool<DesktopTool::textEditor>},
+    {"calc", runTool<DesktopTool::calculator>},
+    {"exp", runTool<DesktopTool::fileManager>},
+    {"mirrel", runMirrel},
+    {"tavlok", runTavlok},
+    {"quick_file", mnuView_QuickFile_Click},
+    {"DocumentAssistant", mnuView_DocumentAssistant_Click},
+};
+
+constexpr ButtonRow viewRows[] = {
+    {"Source", showView<view_mode::source>},
+    {"Preview", showView<view_mode::preview>},
+    {"NoVDir", enforceVDirs<false>},
+    {"VDir", enforceVDirs<true>},
+};
+
+struct BarRow {
+    std::string_view bar;
+    std::span<const ButtonRow> buttons;
+};
+
+constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
+
+/// Buttons whose commands are still to come; a press does nothing.
+constexpr const char* keysToCome[] = {"Find",       "findReplace", "Links",         "Image",      "Scripts",
+                                      "Table",      "Tags",        "Special Chars", "Format",     "Quick Format",
+                                      "color",      "sp",          "form_open",     "form_text",  "form_textarea",
+                                      "form_check", "form_radio",  "form_select",   "form_image", "form_hidden",
+                                      "form_pw",    "form_reset",  "form_button",   "form_submit"};
+
+const ButtonRow* findRow(std::string_view bar, std::string_view key) {
+    for (const BarRow& row : barRows) {
+        if (row.bar != bar) continue;
+        for (const ButtonRow& button : row.buttons)
+            if (button.key == key) return &button;
+    }
+    return nullptr;
+}
+
+void connectBar(ToolBar& bar) {
+    bar.buttonClicked.connect([name = bar.name()](std::string_view key) {
+        if (const ButtonRow* row = findRow(name, key)) row->procedure();
+    });
+}
+
+/// Turns a row of the Toolbars menu, and the bar with it.
+void flip(const char* row, Control& bar) {
+    MenuItem& item = mainForm().menu(row);
+    bar.setVisible(!bar.visible());
+    item.setChecked(bar.visible());
+}
+
+}  // namespace
+
+void connectToolbars() {
+    MDIForm1& frame = mainForm();
+    for (ToolBar* bar : {&frame.Toolbar1, &frame.Toolbar2, &frame.Toolbar4}) connectBar(*bar);
+    frame.Toolbar4.mouseDown.connect([](const MousePress& press) {
+        if (press.button == MousePress::right) platform().windows.popupMenu(mainForm().menu("mnuPreview"));
+    });
+}
+
+std::span<const char* const> buttonsToCome() {
+    return keysToCome;
+}
+
+bool hasCommand(std::string_view bar, std::string_view key) {
+    return findRow(bar, key) != nullptr;
+}
+
+void mnuToolbars_Main_Click() {
+    flip("mnuToolbars_Main", mainForm().Toolbar1);
+}
+
+void mnuToolBars_helpers_Click() {
+    flip("mnuToolBars_helpers", mainForm().Toolbar2);
+}
+
+void mnuToolBars_forms_Click() {
+    flip("mnuToolBars_forms", mainForm().Toolbar3);
+}
+
+void mnuView_dropDown_Click() {
+    MenuItem& item = mainForm().menu("mnuView_dropDown");
+    item.setChecked(!item.checked());
+    mainForm().Picture1.setVisible(item.checked());
+}
+
+void runMirrel() {
+    runCompanion("mirrel");
+}
+
+void runTavlok() {
+    runCompanion("tavlok");
+}
+
+}  // namespace kelvor

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/mouse_press.h"
+
+class QWidget;
+
+namespace kelvor::qt {
+
+class FormLink;
+
+/// Tells the presses of the left and right mouse button on `widget`, which may be disabled, as long as `link`
+/// lives. They are told behind the event, when the widget itself has dealt with it.
+/// @param origin  the widget itself or one around it; the places told are in its pixels
+void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
+                      std::function<void(const MousePress&)> tell);
+
+}  // namespace kelvor::qt

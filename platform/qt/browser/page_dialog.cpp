@@ -1,0 +1,41 @@
+#include "platform/qt/browser/page_dialog.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace kelvor::qt {
+
+namespace {
+
+constexpr qsizetype longestText = 2000;
+constexpr int longestEntry = 10000;
+
+}  // namespace
+
+PageAnswer askForPage(QWidget& view, const QString& text, bool canRefuse, QString* entry) {
+    QDialog dialog(&view);
+    dialog.setWindowTitle(QStringLiteral("Message of the page in preview"));
+    auto* label = new QLabel(text.left(longestText));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    auto* line = new QLineEdit(entry ? entry->left(longestEntry) : QString());
+    line->selectAll();
+    line->setVisible(entry != nullptr);
+    auto* silence = new QCheckBox(QStringLiteral("&Show no more messages of this page"));
+    using Box = QDialogButtonBox;
+    auto* buttons = new Box(canRefuse ? Box::Ok | Box::Cancel : Box::StandardButtons(Box::Ok));
+    QObject::connect(buttons, &Box::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &Box::rejected, &dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(&dialog);
+    for (QWidget* part : std::initializer_list<QWidget*>{label, line, silence, buttons}) layout->addWidget(part);
+
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    if (accepted && entry) *entry = line->text();
+    return {.accepted = accepted, .silence = silence->isChecked()};
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace kelvor::qt {
+
+class BrowserModule;
+
+/// The preview's browser, or the reason why there is none.
+struct BrowserFound {
+    BrowserModule* module = nullptr;
+    QString problem;  ///< a sentence for the user, or more
+};
+
+/// Loads the browser module at the first call. It stands beside the executable, or in ../lib/kelvor of an
+/// installation. Where the web engine would end the program instead of running, nothing of it is loaded.
+BrowserFound loadBrowser();
+
+}  // namespace kelvor::qt

@@ -1,0 +1,104 @@
+#include "preview/preview.h"
+
+#include <filesystem>
+
+#include "authoring/common.h"
+#include "core/document_manager.h"
+#include "core/enablement.h"
+#include "core/file_save.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr const char* section = "Browsers";
+constexpr int capacity = 15;
+
+MenuItem& browserRow(std::size_t index) {
+    return mainForm().menu("mnuRClick_Preview_altb_" + std::to_string(index));
+}
+
+bool wantsToSave() {
+    return beepAndShow({.text = "File must be saved before a preview can be executed.\r\nSave file now?",
+                        .title = "Preview requires save.",
+                        .icon = MessageIcon::question,
+                        .buttons = MessageButtons::yesNo}) == Answer::yes;
+}
+
+/// The step before every preview, which shows the file and not the text.
+/// @return false when the user refused or the save failed. A cancelled Save As goes on with the document as it is
+bool savedForPreview(CDocument& document) {
+    if (!document.IsUntitled() && document.IsSaved()) return true;
+    if (!wantsToSave()) return false;
+    if (document.IsUntitled()) {
+        cmdSaveAs();
+        return true;
+    }
+    if (document.SaveDoc(document.LongFileName())) {
+        document.showSavedState();
+        return true;
+    }
+    if (!document.saveDeclined()) reportSaveError(document.LongFileName());
+    return false;
+}
+
+void reportNoBrowser() {
+    beepAndShow({.text = "The executable you have provided for this option can not be found.  Please check your "
+                         "preferences.",
+                 .title = "Program executable not found",
+                 .icon = MessageIcon::critical});
+}
+
+}  // namespace
+
+void InLinePreview(CDocument& document) {
+    if (savedForPreview(document)) document.ChangeMode(view_mode::preview);
+}
+
+void previewDefault() {
+    CDocument& document = documentManager()->currentDocument();
+    if (savedForPreview(document)) openInDefaultBrowser(document.LongFileName());
+}
+
+void previewAlternate(const std::string& label) {
+    CDocument& document = documentManager()->currentDocument();
+    if (!savedForPreview(document)) return;
+    auto words = commandWords(GetSetting(application, section, label));
+    if (words.empty()) return reportNoBrowser();
+    words.push_back(std::filesystem::absolute(document.LongFileName()).string());
+    try {
+        platform().shell.start(words, programDirectory());
+    } catch (const Error& error) {
+        if (error.number() == error_number::fileNotFound) reportNoBrowser();
+    }
+}
+
+void setUpBrowsers() {
+    for (std::size_t index = 0; index < capacity; ++index) {
+        browserRow(index).setCaption("");
+        browserRow(index).setVisible(false);
+    }
+    const auto stored = GetAllSettings(application, section);
+    if (!stored) return;
+    for (std::size_t index = 0; index < stored->size(); ++index) {
+        browserRow(index).setCaption((*stored)[index].key);
+        browserRow(index).setVisible(true);
+    }
+}
+
+void ChangeViewMode(int mode) {
+    CDocument& document = documentManager()->currentDocument();
+    if (mode == view_mode::source) {
+        document.ChangeMode(view_mode::source);
+        ControlFunctionForMode(view_mode::source);
+    } else if (mode == view_mode::preview) {
+        InLinePreview(document);
+        const bool shown = document.ViewMode() == view_mode::preview;
+        ControlFunctionForMode(shown ? view_mode::preview : view_mode::source);
+    }
+}
+
+}  // namespace kelvor

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace kelvor {
+
+/// An address, taken apart.
+struct PageAddress {
+    std::string scheme;  ///< lower case, without the colon
+    std::string host;
+    std::string path;  ///< of a file: its name on the disk
+};
+
+/// What a page in preview asks for, as far as the rules tell it apart.
+enum class ResourceKind {
+    page,      ///< another page in its place
+    part,      ///< a picture, style sheet, script, font, sound or film: shown or run, and not to be read as text
+    readable,  ///< a frame, a worker, a text track: a script of the page can get at its text
+    exchange   ///< what goes out and brings an answer back to a script: fetch, beacon, socket
+};
+
+/// What the page in preview may load. A local page is work in progress, or somebody's file out of a mail: it shows
+/// as it would on a server, but its scripts get at no other text on this machine and send none away. A page from a
+/// server is held by the browser's own rules, and gets no local file whatever.
+/// One object stands for one page in preview and remembers what it has loaded.
+class RequestRules {
+public:
+    /// @param document  what the preview was sent to; its folder and all below is the page's own ground
+    /// @param home      the user's home directory; "" when there is none
+    RequestRules(const PageAddress& document, const std::string& home);
+
+    /// Whether the page gets it.
+    /// @param redirected  a server has sent the request on to `target`
+    bool allows(const PageAddress& target, ResourceKind kind, bool redirected = false);
+
+private:
+    bool localPageGets(const PageAddress& target, ResourceKind kind);
+    bool localPageGetsFile(const std::string& path, ResourceKind kind);
+    bool webPageGets(const PageAddress& target, ResourceKind kind, bool redirected);
+    bool isNeighbour(const std::filesystem::path& file) const;
+
+    bool local_;
+    std::string host_;      ///< of the page shown, when it is a server's
+    std::string document_;  ///< the local page's path, as it was spelled
+    std::filesystem::path folder_;
+    std::filesystem::path home_;
+    bool hasRead_ = false;  ///< a script of the local page may know another file's text
+};
+
+}  // namespace kelvor
