@@ -6,7 +6,6 @@
 #include "core/document_manager.h"
 #include "core/enablement.h"
 #include "core/file_save.h"
-#include "platform/paths.h"
 #include "platform/platform.h"
 #include "support/settings.h"
 
@@ -70,7 +69,7 @@ void previewAlternate(const std::string& label) {
     if (words.empty()) return reportNoBrowser();
     words.push_back(std::filesystem::absolute(document.LongFileName()).string());
     try {
-        platform().shell.start(words, programDirectory());
+        platform().shell.start(words, {});
     } catch (const Error& error) {
         if (error.number() == error_number::fileNotFound) reportNoBrowser();
     }
