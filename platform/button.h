@@ -15,6 +15,10 @@ public:
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
 
+    /// Whether Enter presses it wherever the focus is in the form, unless that control has a use for Enter.
+    bool isDefault() const { return default_; }
+    void setDefault(bool isDefault) { change(default_, isDefault, Aspect::value); }
+
     /// The user's press; nothing happens while the button is disabled or hidden.
     void click() {
         if (enabled() && visible()) clicked.raise();
@@ -24,6 +28,7 @@ public:
 
 private:
     std::string caption_;
+    bool default_ = false;
 };
 
 }  // namespace kelvor

@@ -23,6 +23,7 @@ constexpr int permissionDenied = 70;
 constexpr int pathAccess = 75;
 constexpr int pathNotFound = 76;
 constexpr int objectNotSet = 91;
+constexpr int invalidPropertyValue = 380;
 constexpr int duplicateKey = 457;
 constexpr int invalidPicture = 481;
 constexpr int dialogCancelled = 32755;

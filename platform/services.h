@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/dates.h"
+
 namespace kelvor {
 
 class EditControl;
@@ -40,8 +42,16 @@ public:
 class Clock {
 public:
     virtual ~Clock() = default;
-    /// Today in the locale's long form.
-    virtual std::string longDate() = 0;
+    virtual DateTime now() = 0;
+    /// A day in the locale's forms.
+    virtual std::string shortDate(const Date& day) = 0;
+    virtual std::string mediumDate(const Date& day) = 0;
+    virtual std::string longDate(const Date& day) = 0;
+    /// The time of the day in the locale's usual form.
+    virtual std::string time(const DateTime& moment) = 0;
+    /// The locale's full names of a day's month and of its weekday.
+    virtual std::string monthName(const Date& day) = 0;
+    virtual std::string dayName(const Date& day) = 0;
 };
 
 /// The clipboard's plain text, UTF-8.

@@ -61,22 +61,6 @@ icu::StringPiece pieceOf(std::string_view text) {
     return {text.data(), static_cast<int32_t>(text.size())};
 }
 
-/// Bytes whose order is that of the collation; the text's own where ICU's data are not there.
-std::string sortKey(std::string_view text) {
-    const auto* collator = rootCollator();
-    if (!collator) return std::string(text);
-    const auto wide = icu::UnicodeString::fromUTF8(pieceOf(text));
-    std::string key(static_cast<std::size_t>(wide.length()) * 3 + 16, '\0');
-    const auto fill = [&] {
-        return collator->getSortKey(wide, reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
-    };
-    const auto needed = static_cast<std::size_t>(fill());
-    const bool fitted = needed <= key.size();
-    key.resize(needed);
-    if (!fitted) fill();
-    return key;
-}
-
 }  // namespace
 
 std::string toUpper(std::string_view text) {
@@ -121,11 +105,26 @@ int compareText(std::string_view left, std::string_view right) {
     return left.compare(right);
 }
 
+std::string textSortKey(std::string_view text) {
+    const auto* collator = rootCollator();
+    if (!collator) return std::string(text);  // ICU's data are not there
+    const auto wide = icu::UnicodeString::fromUTF8(pieceOf(text));
+    std::string key(static_cast<std::size_t>(wide.length()) * 3 + 16, '\0');
+    const auto fill = [&] {
+        return collator->getSortKey(wide, reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
+    };
+    const auto needed = static_cast<std::size_t>(fill());
+    const bool fitted = needed <= key.size();
+    key.resize(needed);
+    if (!fitted) fill();
+    return key;
+}
+
 void sortAsText(std::vector<std::string>& texts) {
     std::vector<std::pair<std::string, std::string>> keyed;
     keyed.reserve(texts.size());
     for (std::string& text : texts) {
-        std::string key = sortKey(text);
+        std::string key = textSortKey(text);
         keyed.emplace_back(std::move(key), std::move(text));
     }
     std::sort(keyed.begin(), keyed.end());

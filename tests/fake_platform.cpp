@@ -26,6 +26,10 @@ std::string joined(const std::vector<std::string>& words) {
 
 }  // namespace
 
+std::string numbersOf(const Date& day) {
+    return std::to_string(day.year) + "-" + std::to_string(day.month) + "-" + std::to_string(day.day);
+}
+
 FakePlatform::FakePlatform()
     : platform_{.dialogs = *this,
                 .screen = *this,

@@ -13,6 +13,9 @@
 
 namespace kelvor {
 
+/// "2026-11-5": the three numbers without leading zeros.
+std::string numbersOf(const Date& day);
+
 /// The surroundings of a test: answers what the test has scripted and records what the program asked for. A
 /// dialog that the test does not expect fails it, and so does an expected one that never came.
 class FakePlatform : private Dialogs,
@@ -56,7 +59,7 @@ public:
     std::vector<std::string> fontNames = {"Arial", "Courier", "Times"};
     std::map<std::string, int> startFails;  ///< program name -> error number of starting it
     std::string clipboardText;
-    std::string today = "Saturday, 21 November 2026";
+    DateTime moment{{2026, 11, 21}, 9, 5, 7};
     std::string focused;  ///< name of the control that got the focus last
     MousePointer pointer = MousePointer::standard;
     int beeps = 0;
@@ -92,7 +95,13 @@ private:
 
     bool open(const std::string& target) override;
     void start(const std::vector<std::string>& words, const std::string& workingDirectory) override;
-    std::string longDate() override { return today; }
+    DateTime now() override { return moment; }
+    std::string shortDate(const Date& day) override { return "short " + numbersOf(day); }
+    std::string mediumDate(const Date& day) override { return "medium " + numbersOf(day); }
+    std::string longDate(const Date& day) override { return "long " + numbersOf(day); }
+    std::string time(const DateTime& value) override { return "time " + std::to_string(value.hour); }
+    std::string monthName(const Date& day) override { return "month" + std::to_string(day.month); }
+    std::string dayName(const Date& day) override { return "weekday" + std::to_string(day.day % 7); }
     std::string text() override { return clipboardText; }
     void setText(const std::string& text) override { clipboardText = text; }
     void show(const std::string& address) override { helpPages.push_back(address); }

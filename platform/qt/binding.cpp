@@ -27,6 +27,7 @@
 #include "platform/file_list.h"
 #include "platform/form.h"
 #include "platform/label.h"
+#include "platform/list_box.h"
 #include "platform/list_view.h"
 #include "platform/menu_item.h"
 #include "platform/picture_box.h"
@@ -72,6 +73,7 @@ constexpr Binder binders[] = {
     tryBind<FileList, QListView, bindFileList>,
     tryBind<Label, QLabel, bindLabel>,
     tryBind<ListView, QListView, bindListView>,
+    tryBind<ListBox, QListView, bindListBox>,
     tryBind<PictureBox, QWidget, bindPictureBox>,
     tryBind<SideBar, QWidget, bindSideBar>,
     tryBind<StatusBar, QStatusBar, bindStatusBar>,

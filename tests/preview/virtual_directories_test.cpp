@@ -78,7 +78,7 @@ TEST_F(VirtualDirs, AMissingFileIsMadeAndAnUnreadableOneFails) {
     std::filesystem::remove(files.path("VDirs.txt"));
     std::filesystem::create_directory(files.path("VDirs.txt"));
     EXPECT_FALSE(manager.ReadVDirs());
-    EXPECT_TRUE(files.read("program/errorlog.txt").starts_with(platform.today + " 75 "));
+    EXPECT_TRUE(files.read("program/errorlog.txt").starts_with("long 2026-11-21 75 "));
 }
 
 TEST_F(VirtualDirs, WritesItsFileInOrderAndDeletesAnEmptyOne) {

@@ -35,8 +35,8 @@ TEST_F(ReportError, ShowsAndLogsEachErrorAndGivesTheFrameBack) {
     EXPECT_EQ(platform.beeps, 1);
     report(9, "Subscript out of range");
     EXPECT_EQ(log(),
-              "Saturday, 21 November 2026 53 File not found\r\n"
-              "Saturday, 21 November 2026 9 Subscript out of range\r\n");
+              "long 2026-11-21 53 File not found\r\n"
+              "long 2026-11-21 9 Subscript out of range\r\n");
 }
 
 TEST_F(ReportError, IsWhereAHandlersErrorArrives) {
@@ -47,12 +47,12 @@ TEST_F(ReportError, IsWhereAHandlersErrorArrives) {
     expectError(6, "Overflow");
     event.raise();
     EXPECT_EQ(reached, 1);
-    EXPECT_EQ(log(), "Saturday, 21 November 2026 6 Overflow\r\n");
+    EXPECT_EQ(log(), "long 2026-11-21 6 Overflow\r\n");
 }
 
 TEST_F(ReportError, LogsNoLineThatADescriptionMakesUp) {
     report(1, "a\r\nToday 2 b\x1B[2J\u0085c\u2028d\u009B e\x7F é€ \xFF");
-    EXPECT_EQ(log(), "Saturday, 21 November 2026 1 a  Today 2 b [2J c d  e  é€ \xFF\r\n");
+    EXPECT_EQ(log(), "long 2026-11-21 1 a  Today 2 b [2J c d  e  é€ \xFF\r\n");
 }
 
 TEST_F(ReportError, PassesOverALogThatCannotBeWritten) {

@@ -20,6 +20,7 @@ class DriveList;
 class EditControl;
 class FileList;
 class Label;
+class ListBox;
 class ListView;
 class PictureBox;
 class SideBar;
@@ -40,6 +41,7 @@ void bindDriveList(DriveList& drives, QComboBox& widget, FormLink& link);
 void bindEditControl(EditControl& edit, QWidget& place, FormLink& link);
 void bindFileList(FileList& files, QListView& widget, FormLink& link);
 void bindLabel(Label& label, QLabel& widget, FormLink& link);
+void bindListBox(ListBox& list, QListView& widget, FormLink& link);
 void bindListView(ListView& list, QListView& widget, FormLink& link);
 void bindPictureBox(PictureBox& box, QWidget& widget, FormLink& link);
 /// Puts a header with the widget's window title above what the layout has in it. The widget stands in a QSplitter.

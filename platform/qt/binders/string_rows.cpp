@@ -18,20 +18,23 @@ void StringRows::renew() {
     endResetModel();
 }
 
-void StringRows::noteInserted(int row) {
-    beginInsertRows({}, row, row);
-    ++count_;
-    endInsertRows();
-}
-
-void StringRows::noteRemoved(int row) {
-    beginRemoveRows({}, row, row);
-    --count_;
-    endRemoveRows();
-}
-
-void StringRows::noteChanged(int row) {
-    emit dataChanged(index(row), index(row));
+void StringRows::note(const RowChange& change) {
+    const int rows = change.last - change.first + 1;
+    switch (change.kind) {
+        case RowChange::Kind::inserted:
+            beginInsertRows({}, change.first, change.last);
+            count_ += rows;
+            return endInsertRows();
+        case RowChange::Kind::removed:
+            beginRemoveRows({}, change.first, change.last);
+            count_ -= rows;
+            return endRemoveRows();
+        case RowChange::Kind::changed:
+            emit dataChanged(index(change.first), index(change.last));
+            return;
+        case RowChange::Kind::renewed:
+            return renew();
+    }
 }
 
 int StringRows::rowCount(const QModelIndex& parent) const {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/list_rows.h"
+
 class QAbstractItemView;
 
 namespace kelvor::qt {
@@ -22,9 +24,7 @@ public:
     StringRows(const std::vector<std::string>& rows, QObject* parent, Editor editor = {});
 
     void renew();
-    void noteInserted(int row);
-    void noteRemoved(int row);
-    void noteChanged(int row);
+    void note(const RowChange& change);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

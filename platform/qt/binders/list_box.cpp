@@ -1,8 +1,9 @@
-#include "platform/list_view.h"
+#include "platform/list_box.h"
 
 #include <QListView>
 #include <memory>
 
+#include "platform/list_view.h"
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/binders/string_rows.h"
 
@@ -10,38 +11,19 @@ namespace kelvor::qt {
 
 namespace {
 
-void tellRows(StringRows& rows, ListView::RowChange change, int row) {
-    switch (change) {
-        case ListView::RowChange::inserted:
-            return rows.noteInserted(row);
-        case ListView::RowChange::removed:
-            return rows.noteRemoved(row);
-        case ListView::RowChange::changed:
-            return rows.noteChanged(row);
-    }
-}
-
-}  // namespace
-
-void bindListView(ListView& list, QListView& widget, FormLink& link) {
-    auto* rows = new StringRows(list.rows(), &link, [&list](int row, const std::string& text) {
-        bool taken = false;
-        guarded([&] { taken = list.edit(row, text); });
-        return taken;
-    });
-    showRows(widget, *rows, link);
+void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link) {
+    showRows(widget, rows, link);
     widget.setUniformItemSizes(true);
-    widget.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     // While the rows change the widget chooses for itself; the control tells its own choice after that.
     const auto following = std::make_shared<bool>(false);
-    list.followRows([rows, following](ListView::RowChange change, int row) {
+    list.followRows([&rows, following](const RowChange& change) {
         *following = true;
-        tellRows(*rows, change, row);
+        rows.note(change);
         *following = false;
     });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
-    link.follow(list, widget, [&list, &widget, rows](Aspect) {
-        const QModelIndex index = rows->index(list.selectedRow());
+    link.follow(list, widget, [&list, &widget, &rows](Aspect) {
+        const QModelIndex index = rows.index(list.selectedRow());
         if (widget.currentIndex() != index) widget.setCurrentIndex(index);
     });
     QObject::connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, &link,
@@ -50,6 +32,23 @@ void bindListView(ListView& list, QListView& widget, FormLink& link) {
                      });
     QObject::connect(&widget, &QListView::doubleClicked, &link,
                      [&list](const QModelIndex& index) { guarded([&] { list.doubleClick(index.row()); }); });
+}
+
+}  // namespace
+
+void bindListBox(ListBox& list, QListView& widget, FormLink& link) {
+    widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    bindRows(list, widget, *new StringRows(list.rows(), &link), link);
+}
+
+void bindListView(ListView& list, QListView& widget, FormLink& link) {
+    auto* rows = new StringRows(list.rows(), &link, [&list](int row, const std::string& text) {
+        bool taken = false;
+        guarded([&] { taken = list.edit(row, text); });
+        return taken;
+    });
+    widget.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    bindRows(list, widget, *rows, link);
 }
 
 }  // namespace kelvor::qt
