@@ -3,29 +3,10 @@
 #include "authoring/common.h"
 #include "core/frame.h"
 #include "support/report_error.h"
-#include "support/settings.h"
 
 namespace kelvor {
 
-namespace {
-
-void resetShared() {
-    closeSettings();
-    setDeliveryTarget({}, nullptr);
-    activeFormName = "editWindow";
-    formLoadFailed = false;
-    colorsChanging = false;
-    lastDir.clear();
-    editorBackColor = -1;
-    editorForeColor = -1;
-    fontList.clear();
-    userStrings.clear();
-}
-
-}  // namespace
-
 FrameFixture::FrameFixture() {
-    resetShared();
     installErrorReporting();
     installLoadErrorReporting();
     mainForm().load();
@@ -34,8 +15,6 @@ FrameFixture::FrameFixture() {
 FrameFixture::~FrameFixture() {
     releaseMainForm();
     windows_.clear();
-    setLoadErrorSink({});
-    resetShared();
 }
 
 EditWindow& FrameFixture::openText(const std::string& name, const std::string& text) {

@@ -8,6 +8,7 @@
 
 #include "core/edit_window.h"
 #include "tests/fake_platform.h"
+#include "tests/fresh_state.h"
 
 namespace kelvor {
 
@@ -24,6 +25,7 @@ protected:
     void expectError(int number, const std::string& description);
 
     TestDirectory directory;
+    FreshState state{directory.path("settings")};
     FakePlatform platform;
 
 private:

@@ -1,8 +1,5 @@
 #include "tests/kelvor_fixture.h"
 
-#include <cstdlib>
-
-#include "authoring/common.h"
 #include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/startup.h"
@@ -11,21 +8,11 @@
 
 namespace kelvor {
 
-KelvorTest::KelvorTest() {
-    // The lock of the one running copy is each test's own.
-    setenv("XDG_RUNTIME_DIR", files.path("settings").c_str(), 1);
-}
-
 KelvorTest::~KelvorTest() {
     platform.verifyNothingOutstanding();
     platform.answerAllMessages(Answer::no);
     if (mainForm().isLoaded()) mainForm().unload();
     releaseMainForm();
-    closeSettings();
-    lastDir.clear();
-    fontList.clear();
-    userStrings.clear();
-    editorBackColor = editorForeColor = -1;
 }
 
 void KelvorTest::start() {

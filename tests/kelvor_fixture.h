@@ -7,13 +7,13 @@
 #include "core/document_manager.h"
 #include "core/frame.h"
 #include "tests/fake_platform.h"
+#include "tests/fresh_state.h"
 
 namespace kelvor {
 
 /// The whole logic, started over the fake platform in a directory of its own.
 class KelvorTest : public testing::Test {
 protected:
-    KelvorTest();
     ~KelvorTest() override;
 
     /// Runs the start as a user who has applied the options once.
@@ -28,6 +28,7 @@ protected:
     static Message saveQuestion(const std::string& name);
 
     TestDirectory files;
+    FreshState state{files.path("settings")};
     FakePlatform platform;
 };
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "platform/paths.h"
+#include "tests/fresh_state.h"
 #include "tests/platform/scratch_directory.h"
 
 namespace kelvor {
@@ -16,24 +17,12 @@ namespace {
 /// A run-time directory of the test's own, in force until it ends.
 class SingleInstanceTest : public testing::Test {
 protected:
-    SingleInstanceTest() {
-        if (const char* value = std::getenv("XDG_RUNTIME_DIR")) previous_ = value;
-        useRuntimeDirectory(runtime_.path());
-    }
-    ~SingleInstanceTest() override {
-        if (previous_.empty()) {
-            unsetenv("XDG_RUNTIME_DIR");
-        } else {
-            setenv("XDG_RUNTIME_DIR", previous_.c_str(), 1);
-        }
-    }
-
     static void useRuntimeDirectory(const std::string& path) { setenv("XDG_RUNTIME_DIR", path.c_str(), 1); }
 
     ScratchDirectory runtime_;
 
 private:
-    std::string previous_;
+    ScopedVariable variable_{"XDG_RUNTIME_DIR", runtime_.path()};
 };
 
 /// A copy of the program in a process of its own that holds its lock, if it got it, until it is told to end.

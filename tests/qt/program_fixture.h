@@ -15,13 +15,13 @@
 #include <deque>
 #include <functional>
 
-#include "authoring/common.h"
 #include "core/document_manager.h"
 #include "core/frame.h"
 #include "core/startup.h"
 #include "platform/qt/qt_platform.h"
 #include "support/settings.h"
 #include "tests/fake_platform.h"
+#include "tests/fresh_state.h"
 
 namespace kelvor {
 
@@ -29,7 +29,6 @@ namespace kelvor {
 class Program : public testing::Test {
 protected:
     Program() {
-        setenv("XDG_RUNTIME_DIR", files.path("settings").c_str(), 1);
         SaveSetting(application, "User", "LCase", "False");
         started_ = startKelvor();
         window().activateWindow();
@@ -45,10 +44,6 @@ protected:
         whenDialogOpens([](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::No)->click(); });
         if (mainForm().isLoaded()) mainForm().unload();
         releaseMainForm();
-        closeSettings();
-        fontList.clear();
-        userStrings.clear();
-        lastDir.clear();
     }
 
     QMainWindow& window() { return *qobject_cast<QMainWindow*>(platform.windows().widgetOf(mainForm())); }
@@ -96,6 +91,7 @@ protected:
     }
 
     TestDirectory files;
+    FreshState state{files.path("settings")};
     qt::QtPlatform platform;
     bool started_ = false;
 
