@@ -1,0 +1,52 @@
+#include "authoring/special_character_insertion.h"
+
+#include <vector>
+
+#include "authoring/common.h"
+#include "authoring/special_chars.h"
+#include "authoring/tool_switch.h"
+#include "platform/edit_control.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr ToolSwitch specialCharsSwitch("mnuInsert_SpecialChars", "Special Chars");
+
+}  // namespace
+
+SpecialCharacterInsertion& specialCharacterInsertion() {
+    static FormInstance<SpecialCharacterInsertion> instance;
+    return instance.get();
+}
+
+SpecialCharacterInsertion::SpecialCharacterInsertion() : Form("specialCharacterInsertion", "Special Characters") {
+    onLoad = [this] {
+        fillSpecialCharList();
+        lstSpecChars.setSelectedRow(0);
+    };
+    unloaded.connect([] { specialCharsSwitch.release(); });
+    lstSpecChars.doubleClicked.connect([this] { lstSpecChars_DblClick(); });
+    cmdInsert.setDefault(true);
+    cmdInsert.clicked.connect([this] { lstSpecChars_DblClick(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+    cmdClose.clicked.connect([this] { unload(); });
+}
+
+void SpecialCharacterInsertion::fillSpecialCharList() {
+    std::vector<ReportView::Row> rows;
+    rows.reserve(specialChars.size());
+    for (const SpecialCharEntry& entry : specialChars) rows.push_back({{entry.character, entry.entity}});
+    lstSpecChars.addRows(std::move(rows));
+}
+
+void SpecialCharacterInsertion::lstSpecChars_DblClick() {
+    deliveryTarget().setSelText(lstSpecChars.cell(lstSpecChars.selectedRow(), 1));
+}
+
+void mnuInsert_SpecialChars_Click() {
+    specialCharsSwitch.flip(specialCharacterInsertion());
+}
+
+}  // namespace kelvor

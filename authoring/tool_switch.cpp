@@ -1,0 +1,33 @@
+#include "authoring/tool_switch.h"
+
+#include "authoring/common.h"
+#include "core/frame.h"
+
+namespace kelvor {
+
+void ToolSwitch::flip(Form& form) const {
+    const bool on = !mainForm().menu(menuRow_).checked();
+    set(on);
+    if (on) {
+        formLoadFailed = false;
+        showFormForContext(form, ShowMode::floating);
+    } else {
+        form.unload();
+    }
+}
+
+void ToolSwitch::release() const {
+    set(false);
+    if (!deliversToTableWizard() && hasMdiChild()) mainForm().activeForm().Text1.SetFocus();
+}
+
+void ToolSwitch::set(bool on) const {
+    mainForm().menu(menuRow_).setChecked(on);
+    mainForm().Toolbar1.setValue(buttonKey_, on);
+}
+
+bool deliversToTableWizard() {
+    return activeFormName == "frmTableWiz";
+}
+
+}  // namespace kelvor

@@ -1,0 +1,88 @@
+#include "support/scratch_pad.h"
+
+#include "authoring/common.h"
+#include "core/frame.h"
+#include "tests/frame_fixture.h"
+
+namespace kelvor {
+namespace {
+
+struct Pad : FrameFixture {
+    Pad() { showScratchPad(); }
+
+    void expectQuestion(Answer answer) {
+        platform.expectMessage({.text = "The scratch pad contents have changed. Would you like to save before closing?",
+                                .title = "Text Changed",
+                                .icon = MessageIcon::question,
+                                .buttons = MessageButtons::yesNoCancel},
+                               answer);
+    }
+
+    ScratchPad& pad = scratchPad();
+};
+
+TEST_F(Pad, WhatIsSentStandsBelowWhatIsThere) {
+    EditControl& text = openText("a.htm", "one two").Text1;
+    for (const int start : {0, 4}) {
+        text.setSelStart(start);
+        text.setSelLength(3);
+        mnuRClick_SendSP_Click();
+    }
+    EXPECT_EQ(pad.spRTF1.text(), "\r\n\r\none\r\n\r\ntwo");
+    EXPECT_EQ(platform.shownModeless.back(), "frmScratchPad owned");
+    expectQuestion(Answer::no);
+    platform.focused.clear();
+    EXPECT_TRUE(pad.unload());
+    EXPECT_EQ(platform.focused, "Text1");
+}
+
+TEST_F(Pad, TheMenuActsOnThePadAndSavesOnlyAText) {
+    platform.expectPopup([this](MenuItem&) {
+        EXPECT_FALSE(pad.mnusp_save.reachable());
+        platform.clipboardText = "é\r\nb";
+        pad.mnusp_paste.click();
+    });
+    pad.cmdEdit.click();
+    platform.expectPopup([this](MenuItem&) {
+        pad.mnusp_selAll.click();
+        pad.mnusp_cut.click();
+        pad.mnusp_paste.click();
+        lastDir = "/before";
+        mainForm().CommonD1.fileName = "other.htm";
+        platform.expectSave(directory.path("pad.txt"), [](const FileRequest& request) {
+            EXPECT_EQ(request.title, "Save HTML file as");
+            EXPECT_EQ(request.directory, "/before");
+            EXPECT_EQ(request.fileName, "");
+            EXPECT_TRUE(request.overwritePrompt);
+        });
+        pad.mnusp_save.click();
+        EXPECT_EQ(directory.read("pad.txt"), "é\r\nb");
+        EXPECT_EQ(lastDir + "/", directory.path(""));
+        EXPECT_FALSE(pad.textChanged());
+        pad.mnusp_clear.click();
+    });
+    pad.spRTF1.mouseDown.raise({.button = MousePress::right});
+    EXPECT_EQ(pad.spRTF1.text(), "");
+    expectQuestion(Answer::no);
+    EXPECT_TRUE(pad.unload());
+}
+
+TEST_F(Pad, ClosingItOrTheProgramAsksForATextThatWasNotSaved) {
+    pad.append("x");
+    expectQuestion(Answer::cancel);
+    EXPECT_FALSE(mainForm().unload());
+    expectQuestion(Answer::cancel);
+    EXPECT_FALSE(pad.unload());
+    expectQuestion(Answer::yes);
+    const std::string nowhere = directory.path("no/such/pad.txt");
+    platform.expectSave(nowhere);
+    expectError(76, "The folder does not exist: " + nowhere);
+    EXPECT_FALSE(pad.unload()) << "a save that failed keeps the text";
+    expectQuestion(Answer::yes);
+    platform.expectSave("");
+    EXPECT_TRUE(mainForm().unload()) << "a save dialog that was cancelled does not";
+    EXPECT_TRUE(pad.unload()) << "the question has been answered";
+}
+
+}  // namespace
+}  // namespace kelvor
