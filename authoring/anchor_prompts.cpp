@@ -1,0 +1,18 @@
+#include "authoring/anchor_prompts.h"
+
+#include "platform/platform.h"
+
+namespace kelvor {
+
+std::string askAnchorUrl() {
+    return platform().dialogs.input(
+        {.prompt = "Enter the fully qualified URL for this anchor.", .title = "Make anchor"});
+}
+
+std::string askAnchorName() {
+    return platform().dialogs.input(
+        {.prompt = "Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
+         .title = "Make named anchor"});
+}
+
+}  // namespace kelvor

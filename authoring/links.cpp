@@ -1,0 +1,79 @@
+#include "authoring/links.h"
+
+#include "authoring/anchor_prompts.h"
+#include "authoring/common.h"
+#include "authoring/relative_path.h"
+#include "core/file_filter.h"
+#include "core/frame.h"
+#include "platform/paths.h"
+#include "platform/platform.h"
+#include "platform/text.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+void focusText() {
+    mainForm().activeForm().Text1.SetFocus();
+}
+
+}  // namespace
+
+void rClickLink(std::string_view prefix, std::string_view example) {
+    const std::string answer = platform().dialogs.input(
+        {.prompt = "Enter the link code.\r\n\r\nLink type: " + std::string(prefix) +
+                   "\r\n\r\nYou need only enter the actual internet link link. Example: " + std::string(example),
+         .title = "Enter Link Code"});
+    if (answer.empty()) return focusText();
+    insertAtSelection(openingAnchor(std::string(prefix) + answer), closingAnchor);
+}
+
+void linkFileSys() {
+    const auto path = chooseFileToLink("Link to file on this system.");
+    if (!path) return;
+    insertAtSelection(openingAnchor(linkTarget(*path)), closingAnchor);
+    focusText();
+}
+
+void nameAnchor() {
+    const std::string name = askAnchorName();
+    if (name.empty()) return;
+    insertAtSelection("<A NAME=\"" + name + "\">", closingAnchor);
+    focusText();
+}
+
+void blankAnchor() {
+    const std::string address = askAnchorUrl();
+    if (address.empty()) return focusText();
+    insertAtSelection(openingAnchor(address), closingAnchor);
+}
+
+std::optional<std::string> chooseFileToLink(const std::string& title) {
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.flags = dialog_flag::hideReadOnly | dialog_flag::fileMustExist;
+    dialog.initDir = lastDir;
+    dialog.dialogTitle = title;
+    dialog.filter = fileFilter;
+    dialog.filterIndex = preferredFilterIndex();
+    dialog.fileName.clear();
+    try {
+        dialog.ShowOpen();
+    } catch (const Error& error) {
+        if (error.number() == error_number::dialogCancelled) return std::nullopt;
+        throw;
+    }
+    lastDir = directoryPart(dialog.fileName);
+    return dialog.fileName;
+}
+
+std::string linkTarget(const std::string& path) {
+    const std::string target = useRelativePaths() ? makeRelativePath(mainForm().activeForm().caption(), path) : path;
+    return GetSetting(application, "User", "LCase") == "True" ? toLower(target) : target;
+}
+
+std::string openingAnchor(std::string_view target) {
+    return "<A HREF=\"" + std::string(target) + "\">";
+}
+
+}  // namespace kelvor

@@ -1,0 +1,62 @@
+#include "authoring/named_links.h"
+
+#include "authoring/common.h"
+#include "authoring/links.h"
+#include "authoring/name_anchors.h"
+#include "core/frame.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+FormInstance<NamedLinks>& instance() {
+    static FormInstance<NamedLinks> form;
+    return form;
+}
+
+}  // namespace
+
+NamedLinks& namedLinks() {
+    return instance().get();
+}
+
+NamedLinks::NamedLinks() : Form("namedLinks", "Line to named anchor") {
+    onLoad = [this] { Form_Load(); };
+    nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
+    cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
+    cmdClose.clicked.connect([this] { unload(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+    cmdMakeLink.setDefault(true);
+}
+
+void NamedLinks::Form_Load() {
+    // What is wrong with an anchor is told, and the dialog offers those before it.
+    guarded([this] { scanCurrentFile(); });
+}
+
+void NamedLinks::scanCurrentFile() {
+    scanNameAnchors(nameAnchorStart, nameAnchorEnd, mainForm().activeForm().Text1.textView(), nameAnchors);
+}
+
+void NamedLinks::cmdMakeLink_Click() {
+    const auto name = selectedAnchor(nameAnchors);
+    if (!name) return;
+    EditControl& text = mainForm().activeForm().Text1;
+    replaceSelectionText(text, openingAnchor("#" + *name) + text.selText() + std::string(closingAnchor));
+    unload();
+}
+
+void mnuRClick_Link_linkToName_Click() {
+    if (!hasNameAnchor(mainForm().activeForm().Text1.textView())) {
+        beepAndShow({.text = "There are no name anchors to link with in this document.",
+                     .title = "Name anchor error",
+                     .icon = MessageIcon::exclamation});
+        return;
+    }
+    formLoadFailed = false;
+    showFormForContext(namedLinks(), ShowMode::modal);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,96 @@
+#include "authoring/relative_path.h"
+
+#include "core/document_manager.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+#include "platform/text_search.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr char slash = '/';
+constexpr char backslash = '\\';
+constexpr char none = '\0';
+
+/// A path's own separator.
+char spelling(std::string_view path) {
+    if (isForeignPath(path)) return backslash;
+    const std::size_t first = path.find_first_of("/\\");
+    return first == std::string_view::npos ? none : path[first];
+}
+
+bool isNetworkPath(std::string_view path) {
+    return path.starts_with("\\\\");
+}
+
+struct Place {
+    std::string root;
+    std::vector<std::string> directories;
+    std::string file;
+};
+
+std::string takePart(std::vector<std::string>& parts, std::size_t index) {
+    if (index >= parts.size()) throw Error(error_number::subscriptOutOfRange, "A path has no separator");
+    std::string part = std::move(parts[index]);
+    parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(index));
+    return part;
+}
+
+/// @param separator  the path's own
+Place placeOf(std::string_view path, char separator) {
+    Place place;
+    std::vector<std::string> parts = splitToCollection(path, {&separator, 1});
+    place.root = takePart(parts, 0);
+    // Behind one more empty part the server is the root; its share counts as a directory.
+    if (separator == backslash && place.root.empty()) place.root = takePart(parts, 1);
+    place.file = takePart(parts, parts.size() - 1);
+    place.directories = std::move(parts);
+    return place;
+}
+
+}  // namespace
+
+std::string makeRelativePath(std::string_view fromPath, std::string_view toPath) {
+    const bool isUntitled = documentManager()->currentDocument().IsUntitled();
+    const bool slashes = GetSetting(application, "User", "Slash", "False") == "True";
+    return relativePath(fromPath, toPath, isUntitled, slashes ? slash : backslash);
+}
+
+std::string relativePath(std::string_view fromPath, std::string_view toPath, bool isUntitled, char separator) {
+    const char own = spelling(fromPath);
+    const bool mixed = own != none && spelling(toPath) != none && own != spelling(toPath);
+    if (isUntitled || isNetworkPath(fromPath) != isNetworkPath(toPath) || mixed) return std::string(toPath);
+    const bool native = own == slash;
+    const Place from = placeOf(fromPath, own);
+    const Place to = placeOf(toPath, own);
+    const auto same = [&](const std::string& left, const std::string& right) {
+        return native ? left == right : equalIgnoringCase(left, right);
+    };
+    if (!same(from.root, to.root)) return std::string(toPath);
+
+    const char written = native ? slash : separator;
+    std::size_t common = 0;
+    while (common < from.directories.size() && common < to.directories.size() &&
+           same(from.directories[common], to.directories[common]))
+        ++common;
+    std::string result;
+    for (std::size_t i = common; i < from.directories.size(); ++i) result.append("..") += written;
+    for (std::size_t i = common; i < to.directories.size(); ++i) result.append(to.directories[i]) += written;
+    return result + to.file;
+}
+
+std::vector<std::string> splitToCollection(std::string_view text, std::string_view delimiter) {
+    std::vector<std::string> parts;
+    const TextSearch search(delimiter, 0);
+    std::size_t begin = 0;
+    for (auto hit = search.find(text); hit; hit = search.find(text, begin)) {
+        parts.emplace_back(text.substr(begin, hit->position - begin));
+        begin = hit->position + hit->length;
+    }
+    if (begin > 0) parts.emplace_back(text.substr(begin));
+    return parts;
+}
+
+}  // namespace kelvor
