@@ -74,14 +74,18 @@ std::string withLineEnds(std::string_view text) {
 
 void insertAtSelection(std::string_view openText, std::optional<std::string_view> closeText) {
     EditControl& text = mainForm().activeForm().Text1;
-    const int selStart = text.selStart();
-    const int selLength = text.selLength();
-    const std::string inserted = std::string(openText) + text.selText() + std::string(closeText.value_or(""));
-    text.setSelText(inserted);
-    if (selLength == 0) return;
-    text.setSelStart(selStart);
-    text.setSelLength(static_cast<int>(inserted.size()));
-    if (activeFormName == documentForm) text.SetFocus();
+    if (insertAround(text, openText, closeText) && activeFormName == documentForm) text.SetFocus();
+}
+
+bool insertAround(EditControl& control, std::string_view openText, std::optional<std::string_view> closeText) {
+    const int selStart = control.selStart();
+    const int selLength = control.selLength();
+    const std::string inserted = std::string(openText) + control.selText() + std::string(closeText.value_or(""));
+    control.setSelText(inserted);
+    if (selLength == 0) return false;
+    control.setSelStart(selStart);
+    control.setSelLength(static_cast<int>(inserted.size()));
+    return true;
 }
 
 void replaceSelectionText(EditControl& control, std::string_view text) {

@@ -37,6 +37,9 @@ inline KeyedCollection<std::string> userStrings;
 /// `activeFormName` is "editWindow". Without a selection the texts go in, the caret stands behind them, and the
 /// focus stays where it is.
 void insertAtSelection(std::string_view openText, std::optional<std::string_view> closeText = {});
+/// The same in any control, but for the focus, which stays where it is.
+/// @return whether there was a selection
+bool insertAround(EditControl& control, std::string_view openText, std::optional<std::string_view> closeText = {});
 void replaceSelectionText(EditControl& control, std::string_view text);
 void setActiveFormName(const std::string& name);
 

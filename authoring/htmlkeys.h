@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string_view>
 
 #include "platform/edit_control.h"
 
@@ -14,12 +16,18 @@ public:
     struct FileChords {
         std::function<void()> previewDefault;
         std::function<void()> linkFileSys;
+        /// Unloads the window in front and gives the next one the focus.
         std::function<void()> closeActiveForm;
         std::function<void()> cmdSaveAs;
     };
     static FileChords& fileChords();
 
-    /// Watches `control`, which must outlive this object. When that fails the user is told and the keys stay off.
+    htmlkeys() = default;
+    htmlkeys(const htmlkeys&) = delete;
+    htmlkeys& operator=(const htmlkeys&) = delete;
+
+    /// Watches `control`, which must outlive this object, and no other one; nullptr ends the watch. When the control
+    /// cannot be watched the user is told and the keys stay off.
     void setHookedRTB(EditControl* control);
     EditControl* HookedRTB() const { return hookedRTB_; }
 
@@ -30,6 +38,18 @@ public:
     bool keysDisabled() const { return keysDisabled_; }
 
 private:
+    struct Chord;
+
+    void HookedRTB_KeyDown(KeyPress& key);
+    void runFileChords(KeyPress& key);
+    void runHtmlChords(KeyPress& key);
+
+    void wrapSelection(const Chord& chord);
+    void replaceSelection(const Chord& chord);
+    void insertFreeAnchor(const Chord& chord);
+    void insertNameAnchor(const Chord& chord);
+    void insertInHooked(std::string_view openText, std::optional<std::string_view> closeText = {});
+
     EditControl* hookedRTB_ = nullptr;
     bool fileKeysEnabled_ = false;
     bool keysDisabled_ = false;

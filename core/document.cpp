@@ -43,8 +43,8 @@ void CDocument::connectWindow() {
     EditControl& text = window_->Text1;
     text.changed.connect([this] { Text1_Change(); });
     text.selectionChanged.connect([this] { Text1_SelChange(); });
-    text.clicked.connect([this] { documentManager_->UpdateLineStats(*this); });
-    text.keyUp.connect([this](KeyPress&) { documentManager_->UpdateLineStats(*this); });
+    text.clicked.connect([this] { showPosition(); });
+    text.keyUp.connect([this](KeyPress&) { showPosition(); });
     text.keyDown.connect([this](KeyPress& key) { Text1_KeyDown(key); });
     text.mouseDown.connect([](const MousePress& press) {
         if (press.button == MousePress::right) rightPressed().raise();
@@ -69,6 +69,8 @@ void CDocument::setUniqueDocID(int id) {
 void CDocument::editWindow_Load() {
     MDIForm1& frame = mainForm();
     EditControl& text = window_->Text1;
+    keys_.setHookedRTB(&text);
+    keys_.setFileKeysEnabled(true);
     tracker_ = std::make_unique<CRichTextBox>();
     tracker_->setHookedRichTextBox(text);
     activeFormName = window_->name();
@@ -206,6 +208,11 @@ void CDocument::Text1_SelChange() {
     documentManager_->UpdateChars(*this);
     documentManager_->UpdateLineStats(*this);
     showSavedState();
+}
+
+void CDocument::showPosition() {
+    // The key that goes up may have closed the window when it went down.
+    if (tracker_) documentManager_->UpdateLineStats(*this);
 }
 
 void CDocument::Text1_KeyDown(KeyPress& key) {

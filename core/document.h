@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "authoring/htmlkeys.h"
 #include "core/edit_window.h"
 #include "core/rich_text_box.h"
 #include "platform/tab_strip.h"
@@ -95,6 +96,7 @@ private:
     void focusShownPane();
     void editWindow_QueryUnload(bool& cancel);
     void editWindow_Unload();
+    void showPosition();
     void Text1_Change();
     void Text1_SelChange();
     void Text1_KeyDown(KeyPress& key);
@@ -106,6 +108,7 @@ private:
     TabStrip* docTabStrip_ = nullptr;
     CVirtualDirManager* vdirManager_ = nullptr;
     std::unique_ptr<EditWindow> window_;
+    htmlkeys keys_;
     std::unique_ptr<CRichTextBox> tracker_;
     std::string shortFileName_;
     std::string longFileName_;

@@ -1,0 +1,56 @@
+#include "authoring/quick_color.h"
+
+#include <string>
+
+#include "authoring/common.h"
+#include "core/frame.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr int colorAttribute = 1;
+constexpr int backgroundAttribute = 2;
+constexpr int fontTag = 3;
+
+}  // namespace
+
+std::optional<int> chooseColor() {
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.flags = dialog_flag::fullOpen;
+    try {
+        dialog.ShowColor();
+    } catch (const Error& error) {
+        if (error.number() == error_number::dialogCancelled) return std::nullopt;
+        throw;
+    }
+    return dialog.color;
+}
+
+void doColor(int mode) {
+    const auto color = chooseColor();
+    if (!color) return;
+    const std::string hex = colorToHtml(*color);
+    if (mode == colorAttribute) insertAtSelection("COLOR=\"#" + hex + "\"", "");
+    if (mode == backgroundAttribute) insertAtSelection("BGCOLOR=\"#" + hex + "\"", "");
+    if (mode == fontTag) insertAtSelection("<FONT COLOR=\"#" + hex + "\">", "</FONT>");
+    mainForm().activeForm().Text1.SetFocus();
+}
+
+void mnuFormat_QuickColor_coloreq_Click() {
+    doColor(colorAttribute);
+}
+
+void mnuFormat_QuickColor_bgcolor_Click() {
+    doColor(backgroundAttribute);
+}
+
+void mnuFormat_QuickColor_fcolor_Click() {
+    doColor(fontTag);
+}
+
+void mnu_RClick_QuickColor_Click() {
+    if (const auto color = chooseColor()) mainForm().activeForm().Text1.setSelText(colorToHtml(*color));
+}
+
+}  // namespace kelvor
