@@ -1,0 +1,282 @@
+// The commands that rewrite a whole document against the bare Scintilla calls that do the same work hit by hit. Each
+// row measures both in one run: "Time" is the command's, until its window is up to date, `bare_ms` the other's, `ratio`
+// the first by the second. `wait_ms` is the longest time that events had to wait while the command ran.
+
+#include <Qsci/qsciscintillabase.h>
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <algorithm>
+#include <chrono>
+#include <string>
+
+#include "authoring/convert.h"
+#include "authoring/special_chars.h"
+#include "authoring/strip_tags.h"
+#include "core/edit_window.h"
+#include "core/frame.h"
+#include "platform/platform.h"
+#include "platform/qt/qt_platform.h"
+#include "platform/qt/scintilla_edit.h"
+#include "platform/text_buffer.h"
+
+namespace kelvor {
+namespace {
+
+using Sci = QsciScintillaBase;
+using SteadyClock = std::chrono::steady_clock;
+
+double secondsSince(SteadyClock::time_point start) {
+    return std::chrono::duration<double>(SteadyClock::now() - start).count();
+}
+
+/// Closes every message at once.
+class ClosingDialogs : public Dialogs {
+public:
+    std::string lastText;
+    Answer message(const Message& message) override {
+        lastText = message.text;
+        return Answer::ok;
+    }
+    std::string input(const InputRequest&) override { return {}; }
+    std::vector<std::string> openFiles(const FileRequest&) override { return {}; }
+    std::optional<std::string> saveFile(const FileRequest&) override { return {}; }
+    std::optional<int> color() override { return {}; }
+    std::optional<std::string> folder(const std::string&, const std::string&) override { return {}; }
+};
+
+/// Watches how long events wait.
+class WatchedScreen : public Screen {
+public:
+    explicit WatchedScreen(Screen& screen) : screen_(screen) {}
+    void start() {
+        last_ = SteadyClock::now();
+        longest_ = 0;
+    }
+    void beep() override {}
+    void setMousePointer(MousePointer pointer) override { screen_.setMousePointer(pointer); }
+    std::vector<std::string> fonts() override { return screen_.fonts(); }
+    void processEvents() override {
+        longest_ = std::max(longest_, secondsSince(last_));
+        screen_.processEvents();
+        last_ = SteadyClock::now();
+    }
+    double longestWait() const { return longest_; }
+
+private:
+    Screen& screen_;
+    SteadyClock::time_point last_;
+    double longest_ = 0;
+};
+
+/// Documents in memory and no window at all.
+class NoWindows : public Windows {
+public:
+    void create(Form&) override {}
+    void destroy(Form&) override {}
+    void showModal(Form&) override {}
+    void showModeless(Form&, bool) override {}
+    void hide(Form&) override {}
+    void popupMenu(MenuItem&) override {}
+    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
+        return std::make_unique<TextBuffer>(form, name);
+    }
+};
+
+/// The frame with one document window in front, over Scintilla in real windows or over the memory alone.
+template <typename Surface>
+class Bench {
+public:
+    explicit Bench(const std::string& text) {
+        setPlatform(&platform_);
+        mainForm().load();
+        platform_.windows.showModeless(mainForm(), false);
+        window_ = std::make_unique<EditWindow>();
+        window_->load();
+        mainForm().mdi.show(*window_);
+        window_->Text1.setText(text);
+        QApplication::processEvents();
+        screen.start();
+    }
+    ~Bench() {
+        releaseMainForm();
+        window_.reset();
+        setPlatform(nullptr);
+    }
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
+    EditControl& text() { return window_->Text1; }
+    Windows& windows() { return platform_.windows; }
+    ClosingDialogs dialogs;
+
+private:
+    static constexpr bool inWindows = std::is_same_v<Surface, qt::ScintillaEdit>;
+    qt::QtPlatform desktop_;
+    Platform& usual_ = kelvor::platform();
+    NoWindows noWindows_;
+
+public:
+    WatchedScreen screen{usual_.screen};
+
+private:
+    Platform platform_{dialogs,
+                       screen,
+                       usual_.shell,
+                       usual_.clock,
+                       usual_.clipboard,
+                       usual_.help,
+                       inWindows ? usual_.windows : noWindows_};
+    std::unique_ptr<EditWindow> window_;
+};
+
+/// Scintilla with as little around it as the work allows.
+class BareScintilla : public Sci {
+public:
+    explicit BareScintilla(const std::string& text) {
+        SendScintilla(SCI_SETCODEPAGE, static_cast<long>(SC_CP_UTF8));
+        SendScintilla(SCI_SETMODEVENTMASK, 0L);
+        SendScintilla(SCI_SETSEARCHFLAGS, static_cast<long>(SCFIND_MATCHCASE));
+        send(SCI_APPENDTEXT, text);
+    }
+    /// The position of `text` from `from` on, which is the target then; -1 when there is none.
+    long find(const std::string& text, long from) {
+        SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(from), SendScintilla(SCI_GETLENGTH));
+        return send(SCI_SEARCHINTARGET, text);
+    }
+    long send(unsigned int message, const std::string& text) {
+        return SendScintilla(message, static_cast<uintptr_t>(text.size()), text.data());
+    }
+};
+
+double bareStrip(const std::string& text) {
+    BareScintilla bare(text);
+    const auto start = SteadyClock::now();
+    bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
+    for (long open = bare.find("<", 0); open >= 0; open = bare.find("<", open)) {
+        const long close = bare.find(">", open);
+        if (close < 0) break;
+        bare.SendScintilla(Sci::SCI_SETTARGETRANGE, static_cast<unsigned long>(open), close + 1);
+        bare.send(Sci::SCI_REPLACETARGET, "");
+    }
+    bare.SendScintilla(Sci::SCI_ENDUNDOACTION);
+    return secondsSince(start);
+}
+
+double bareConvert(const std::string& text) {
+    BareScintilla bare(text);
+    const auto start = SteadyClock::now();
+    bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
+    for (const SpecialCharEntry& row : specialChars) {
+        if (row.convertible != 1) continue;
+        for (long at = bare.find(row.character, 0); at >= 0;) {
+            bare.send(Sci::SCI_REPLACETARGET, row.entity);
+            at = bare.find(row.character, at + static_cast<long>(row.entity.size()));
+        }
+    }
+    bare.SendScintilla(Sci::SCI_ENDUNDOACTION);
+    return secondsSince(start);
+}
+
+/// Runs `command` and `bare` on the same text; `command` gives back whether the outcome was right.
+template <typename Surface, typename Command>
+void compare(benchmark::State& state, const std::string& text, double (*bare)(const std::string&), Command command) {
+    double ours = 0;
+    double others = 0;
+    double wait = 0;
+    for (auto _ : state) {
+        others += bare(text);
+        Bench<Surface> bench(text);
+        const auto start = SteadyClock::now();
+        const bool right = command(bench);
+        bench.screen.processEvents();
+        const double seconds = secondsSince(start);
+        if (!right) state.SkipWithError("the outcome is wrong");
+        state.SetIterationTime(seconds);
+        ours += seconds;
+        wait = std::max(wait, bench.screen.longestWait());
+    }
+    state.counters["bare_ms"] = benchmark::Counter(others * 1000, benchmark::Counter::kAvgIterations);
+    state.counters["ratio"] = ours / others;
+    state.counters["wait_ms"] = wait * 1000;
+}
+
+/// `pieces` of twelve bytes, half of them plain, each with `tag` in it.
+std::string pieces(int count, const std::string& tag) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += tag + (i % 8 == 0 ? "some wo\r\n" : "some word");
+    return text;
+}
+
+/// The argument is a number of tags, each with its share of 12 bytes.
+template <typename Surface>
+void StripTags(benchmark::State& state) {
+    const auto tags = static_cast<int>(state.range(0));
+    compare<Surface>(state, pieces(tags, "<B>"), bareStrip, [&](auto& bench) {
+        mnuTools_StripTags_Click();
+        return bench.text().textLength() == 9 * tags;
+    });
+}
+BENCHMARK(StripTags<qt::ScintillaEdit>)
+    ->Arg(1'000'000)
+    ->Arg(2'000'000)
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(StripTags<TextBuffer>)
+    ->Arg(1'000'000)
+    ->Arg(2'000'000)
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// Tags that are never closed.
+template <typename Surface>
+void StripOpenTags(benchmark::State& state) {
+    compare<Surface>(state, pieces(1'000'000, " <B"), bareStrip, [&](auto& bench) {
+        mnuTools_StripTags_Click();
+        return bench.text().textLength() == 12'000'000;
+    });
+}
+BENCHMARK(StripOpenTags<qt::ScintillaEdit>)->Iterations(3)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(StripOpenTags<TextBuffer>)->Iterations(3)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// The argument is a number of special characters in 12 MB.
+template <typename Surface>
+void ConvertCharacters(benchmark::State& state) {
+    initSpecialChars();
+    std::string text = pieces(1'000'000, "and");
+    for (int hit = 0; hit < state.range(0); ++hit)
+        text.replace(static_cast<std::size_t>(hit) * 120, 2,
+                     specialChars[static_cast<std::size_t>(hit % 62)].character);
+    compare<Surface>(state, text, bareConvert, [&](auto& bench) {
+        convert().load();
+        bench.windows().showModeless(convert(), true);
+        convert().cmdConvert.click();
+        return bench.dialogs.lastText == std::to_string(state.range(0)) + " replacements made.";
+    });
+}
+BENCHMARK(ConvertCharacters<qt::ScintillaEdit>)
+    ->Arg(0)
+    ->Arg(100'000)
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(ConvertCharacters<TextBuffer>)
+    ->Arg(0)
+    ->Arg(100'000)
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace kelvor
+
+int main(int argumentCount, char** arguments) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argumentCount, arguments);
+    benchmark::Initialize(&argumentCount, arguments);
+    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
