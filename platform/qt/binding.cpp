@@ -4,37 +4,51 @@
 #include <QAbstractItemView>
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QCalendarWidget>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QToolBar>
+#include <QTreeView>
 #include <set>
 
 #include "platform/button.h"
+#include "platform/check_box.h"
 #include "platform/combo_box.h"
 #include "platform/directory_list.h"
 #include "platform/drive_list.h"
 #include "platform/edit_control.h"
 #include "platform/file_list.h"
 #include "platform/form.h"
+#include "platform/frame.h"
 #include "platform/label.h"
 #include "platform/list_box.h"
 #include "platform/list_view.h"
 #include "platform/menu_item.h"
+#include "platform/month_view.h"
+#include "platform/option_group.h"
 #include "platform/picture_box.h"
+#include "platform/progress_bar.h"
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/convert.h"
+#include "platform/report_view.h"
 #include "platform/side_bar.h"
 #include "platform/status_bar.h"
+#include "platform/tab_control.h"
 #include "platform/tab_strip.h"
 #include "platform/text_box.h"
 #include "platform/tool_bar.h"
@@ -66,17 +80,24 @@ using Binder = Outcome (*)(Control&, QWidget*, FormLink&);
 /// One row for each kind of control.
 constexpr Binder binders[] = {
     tryBind<Button, QPushButton, bindButton>,
+    tryBind<CheckBox, QCheckBox, bindCheckBox>,
     tryBind<ComboBox, QComboBox, bindComboBox>,
     tryBind<DirectoryList, QListView, bindDirectoryList>,
     tryBind<DriveList, QComboBox, bindDriveList>,
     tryBind<EditControl, QWidget, bindEditControl>,
     tryBind<FileList, QListView, bindFileList>,
+    tryBind<Frame, QGroupBox, bindFrame>,
     tryBind<Label, QLabel, bindLabel>,
     tryBind<ListView, QListView, bindListView>,
     tryBind<ListBox, QListView, bindListBox>,
+    tryBind<MonthView, QCalendarWidget, bindMonthView>,
+    tryBind<OptionButton, QRadioButton, bindOptionButton>,
     tryBind<PictureBox, QWidget, bindPictureBox>,
+    tryBind<ProgressBar, QProgressBar, bindProgressBar>,
+    tryBind<ReportView, QTreeView, bindReportView>,
     tryBind<SideBar, QWidget, bindSideBar>,
     tryBind<StatusBar, QStatusBar, bindStatusBar>,
+    tryBind<TabControl, QTabWidget, bindTabControl>,
     tryBind<TabStrip, QTabBar, bindTabStrip>,
     tryBind<TextBox, QLineEdit, bindTextBox>,
     tryBind<ToolBar, QToolBar, bindToolBar>,
@@ -91,12 +112,16 @@ std::string classOf(const QWidget& widget) {
 /// @return the problem, or ""
 std::string bindControl(Control& control, QWidget* widget, FormLink& link) {
     const std::string where = link.form().name() + ": " + control.name();
-    for (const Binder binder : binders) {
-        const Outcome outcome = binder(control, widget, link);
-        if (!outcome.ofThisKind) continue;
-        if (!outcome.wanted) return {};
-        if (!widget) return where + " is missing in the layout; wanted is a " + outcome.wanted;
-        return where + " should be a " + outcome.wanted + " and is a " + classOf(*widget);
+    try {
+        for (const Binder binder : binders) {
+            const Outcome outcome = binder(control, widget, link);
+            if (!outcome.ofThisKind) continue;
+            if (!outcome.wanted) return {};
+            if (!widget) return where + " is missing in the layout; wanted is a " + outcome.wanted;
+            return where + " should be a " + outcome.wanted + " and is a " + classOf(*widget);
+        }
+    } catch (const Error& error) {
+        return where + " " + error.description();
     }
     return where + " is of a kind that no widget follows";
 }
@@ -108,13 +133,14 @@ bool isOneOf(const QWidget& widget) {
 
 /// Whether the user can do something with the widget.
 bool takesInput(const QWidget& widget) {
-    return isOneOf<QAbstractButton, QAbstractItemView, QAbstractSlider, QAbstractSpinBox, QComboBox, QDialogButtonBox,
-                   QLineEdit, QPlainTextEdit, QTabBar, QTextEdit>(widget);
+    return isOneOf<QAbstractButton, QAbstractItemView, QAbstractSlider, QAbstractSpinBox, QCalendarWidget, QComboBox,
+                   QDialogButtonBox, QLineEdit, QPlainTextEdit, QTabBar, QTabWidget, QTextEdit>(widget);
 }
 
 /// Whether the widgets inside it are its own business.
 bool isClosed(const QWidget& widget) {
     const bool scrolls = isOneOf<QAbstractScrollArea>(widget) && !isOneOf<QScrollArea>(widget);
+    if (isOneOf<QTabWidget>(widget)) return false;
     return scrolls || takesInput(widget) || isOneOf<QMenuBar, QStatusBar, QToolBar>(widget);
 }
 

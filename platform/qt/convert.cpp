@@ -16,9 +16,13 @@ int fromQt(const QColor& color) {
     return color.red() | color.green() << 8 | color.blue() << 16;
 }
 
+QColor colorToQt(int color) {
+    return {color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff};
+}
+
 void showBackColor(QWidget& widget, QPalette::ColorRole role, int color) {
     QPalette palette;
-    if (color >= 0) palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
+    if (color >= 0) palette.setColor(role, colorToQt(color));
     widget.setPalette(color >= 0 ? palette : QPalette());
 }
 

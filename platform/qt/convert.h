@@ -21,6 +21,9 @@ inline std::string fromQt(const QString& text) {
 /// A colour as the logic counts it: red in the lowest byte, then green, then blue.
 int fromQt(const QColor& color);
 
+/// The other way.
+QColor colorToQt(int color);
+
 /// A background of one colour, counted so; -1 is the desktop's own.
 void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
 

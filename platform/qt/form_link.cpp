@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QStackedWidget>
 
 #include "platform/form.h"
@@ -85,6 +86,12 @@ void FormLink::follow(Control& control, QWidget& widget, std::function<void(Aspe
     if (!control.toolTip().empty()) follower(Aspect::toolTip);
     follower(Aspect::caption);
     control.follow(follower);
+}
+
+void FormLink::perform(const std::function<void()>& act, const std::function<void()>& show) {
+    const QPointer<FormLink> alive(this);
+    guarded(act);
+    if (alive) show();
 }
 
 bool FormLink::eventFilter(QObject* watched, QEvent* event) {

@@ -33,6 +33,10 @@ public:
     /// told all other changes of the control; it brings the widget up to date without raising its signals.
     void follow(Control& control, QWidget& widget, std::function<void(Aspect)> show);
 
+    /// Runs an act of the user, and then `show`, which lets the widget be what the control has made of it. An act
+    /// that takes the form off its window ends the link; then there is nothing to show.
+    void perform(const std::function<void()>& act, const std::function<void()>& show);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

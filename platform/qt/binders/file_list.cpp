@@ -48,7 +48,7 @@ QItemSelection selectionOf(const FileList& files, const StringRows& rows) {
         if (!files.selected(first)) continue;
         std::size_t last = first;
         while (last + 1 < count && files.selected(last + 1)) ++last;
-        selection.select(rows.index(static_cast<int>(first)), rows.index(static_cast<int>(last)));
+        selection.select(rows.indexOf(static_cast<int>(first)), rows.indexOf(static_cast<int>(last)));
         first = last;
     }
     return selection;
@@ -90,8 +90,7 @@ void bindFileList(FileList& files, QListView& widget, FormLink& link) {
     QObject::connect(&widget, &QListView::doubleClicked, &link, [&files](const QModelIndex& index) {
         guarded([&] { files.doubleClick(static_cast<std::size_t>(index.row())); });
     });
-    tellMousePresses(*widget.viewport(), *widget.viewport(), link,
-                     [&files](const MousePress& press) { files.mouseDown.raise(press); });
+    tellRowPresses(widget, link, [&files](const MousePress& press) { files.mouseDown.raise(press); });
 }
 
 }  // namespace kelvor::qt

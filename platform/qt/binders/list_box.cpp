@@ -23,7 +23,8 @@ void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link
     });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
     link.follow(list, widget, [&list, &widget, &rows](Aspect) {
-        const QModelIndex index = rows.index(list.selectedRow());
+        rows.catchUp();
+        const QModelIndex index = rows.indexOf(list.selectedRow());
         if (widget.currentIndex() != index) widget.setCurrentIndex(index);
     });
     QObject::connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, &link,

@@ -1,5 +1,6 @@
 #include "platform/qt/binders/mouse_presses.h"
 
+#include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QWidget>
 #include <utility>
@@ -37,11 +38,32 @@ private:
     std::function<void(const MousePress&)> tell_;
 };
 
+class ChoiceKeeper : public QObject {
+public:
+    ChoiceKeeper(const QAbstractItemView& list, FormLink& link) : QObject(&link), list_(list) {}
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::MouseButtonPress) return false;
+        const auto& mouse = static_cast<const QMouseEvent&>(*event);
+        return mouse.button() == Qt::RightButton && !list_.indexAt(mouse.position().toPoint()).isValid();
+    }
+
+private:
+    const QAbstractItemView& list_;
+};
+
 }  // namespace
 
 void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
                       std::function<void(const MousePress&)> tell) {
     widget.installEventFilter(new PressFilter(origin, link, std::move(tell)));
+}
+
+void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell) {
+    // The filter that comes last is asked first.
+    list.viewport()->installEventFilter(new ChoiceKeeper(list, link));
+    tellMousePresses(*list.viewport(), *list.viewport(), link, std::move(tell));
 }
 
 }  // namespace kelvor::qt

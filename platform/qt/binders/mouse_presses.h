@@ -4,6 +4,7 @@
 
 #include "platform/mouse_press.h"
 
+class QAbstractItemView;
 class QWidget;
 
 namespace kelvor::qt {
@@ -15,5 +16,9 @@ class FormLink;
 /// @param origin  the widget itself or one around it; the places told are in its pixels
 void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
                       std::function<void(const MousePress&)> tell);
+
+/// The same for the presses on a list. A right one beside the rows leaves the user's choice as it is, for a menu that
+/// opens there is about that choice.
+void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell);
 
 }  // namespace kelvor::qt

@@ -2,24 +2,49 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <utility>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/form_link.h"
 
 namespace kelvor::qt {
 
-StringRows::StringRows(const std::vector<std::string>& rows, QObject* parent, Editor editor)
-    : QAbstractListModel(parent), rows_(rows), count_(static_cast<int>(rows.size())), editor_(std::move(editor)) {
+namespace {
+
+/// In milliseconds; the time between two inserts of rows that come one by one.
+constexpr int insertPause = 50;
+
+}  // namespace
+
+FollowedRows::FollowedRows(std::function<std::size_t()> count, QObject* parent)
+    : QAbstractTableModel(parent), countNow_(std::move(count)), count_(static_cast<int>(countNow_())) {
+    pause_.setSingleShot(true);
+    connect(&pause_, &QTimer::timeout, this, &FollowedRows::catchUp);
 }
 
-void StringRows::renew() {
+void FollowedRows::renew() {
     beginResetModel();
-    count_ = static_cast<int>(rows_.size());
+    count_ = static_cast<int>(countNow_());
+    waiting_ = 0;
     endResetModel();
 }
 
-void StringRows::note(const RowChange& change) {
+void FollowedRows::catchUp() {
+    if (waiting_ == 0) return;
+    beginInsertRows({}, count_, count_ + waiting_ - 1);
+    count_ += std::exchange(waiting_, 0);
+    endInsertRows();
+    pause_.start(insertPause);
+}
+
+void FollowedRows::note(const RowChange& change) {
     const int rows = change.last - change.first + 1;
+    if (change.kind == RowChange::Kind::inserted && change.first == count_ + waiting_) {
+        waiting_ += rows;
+        if (!pause_.isActive()) catchUp();
+        return;
+    }
+    catchUp();
     switch (change.kind) {
         case RowChange::Kind::inserted:
             beginInsertRows({}, change.first, change.last);
@@ -30,15 +55,23 @@ void StringRows::note(const RowChange& change) {
             count_ -= rows;
             return endRemoveRows();
         case RowChange::Kind::changed:
-            emit dataChanged(index(change.first), index(change.last));
+            emit dataChanged(index(change.first, 0), index(change.last, columnCount() - 1));
             return;
         case RowChange::Kind::renewed:
             return renew();
     }
 }
 
-int StringRows::rowCount(const QModelIndex& parent) const {
+int FollowedRows::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : count_;
+}
+
+StringRows::StringRows(const std::vector<std::string>& rows, QObject* parent, Editor editor)
+    : FollowedRows([&rows] { return rows.size(); }, parent), rows_(rows), editor_(std::move(editor)) {
+}
+
+int StringRows::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : 1;
 }
 
 QVariant StringRows::data(const QModelIndex& index, int role) const {
@@ -48,7 +81,7 @@ QVariant StringRows::data(const QModelIndex& index, int role) const {
 }
 
 Qt::ItemFlags StringRows::flags(const QModelIndex& index) const {
-    const auto flags = QAbstractListModel::flags(index);
+    const auto flags = FollowedRows::flags(index);
     return editor_ ? flags | Qt::ItemIsEditable : flags;
 }
 

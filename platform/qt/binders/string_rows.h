@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QAbstractListModel>
+#include <QAbstractTableModel>
+#include <QTimer>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,8 +15,29 @@ namespace kelvor::qt {
 class FormLink;
 
 /// The rows of a list control for a widget to show, read where they are: a list of any length is
-/// filled row by row without being copied at each row. To be told each change, behind it.
-class StringRows : public QAbstractListModel {
+/// filled row by row without being copied at each row. To be told each change, behind it. Rows that come one by one
+/// are shown several at a time, for the widget looks at all its rows again after each insert.
+class FollowedRows : public QAbstractTableModel {
+public:
+    /// @param count  gives the control's number of rows
+    FollowedRows(std::function<std::size_t()> count, QObject* parent);
+
+    void renew();
+    void note(const RowChange& change);
+    /// Shows what has come at the end by now.
+    void catchUp();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+
+private:
+    std::function<std::size_t()> countNow_;
+    int count_;        ///< as the widget knows it; the control may be ahead
+    int waiting_ = 0;  ///< rows at the end that the widget does not know of
+    QTimer pause_;     ///< runs from one insert to the next that may come
+};
+
+/// Rows of one text each.
+class StringRows : public FollowedRows {
 public:
     /// Takes a row's new text from the user; false refuses it.
     using Editor = std::function<bool(int row, const std::string& text)>;
@@ -23,17 +45,15 @@ public:
     /// `rows` must live as long as this. Without an editor the rows cannot be edited.
     StringRows(const std::vector<std::string>& rows, QObject* parent, Editor editor = {});
 
-    void renew();
-    void note(const RowChange& change);
+    QModelIndex indexOf(int row) const { return index(row, 0); }
 
-    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 private:
     const std::vector<std::string>& rows_;
-    int count_;
     Editor editor_;
 };
 

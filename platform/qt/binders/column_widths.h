@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+#include <vector>
+
+#include "platform/list_rows.h"
+
+class QTreeView;
+
+namespace kelvor {
+class ReportView;
+}
+
+namespace kelvor::qt {
+
+/// Gives the columns of a report view their widths: the one told for a column, or as much as its longest texts need.
+/// Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column. Once
+/// the user has drawn a column to another width, nothing is moved any more.
+class ColumnWidths : public QObject {
+public:
+    ColumnWidths(const ReportView& list, QTreeView& view, QObject* parent);
+
+    /// Takes rows that are new or have changed into account, soon.
+    void note(const RowChange& change);
+    void place();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void placeSoon();
+    void measure(int first, int last);
+    int toldWidth(int column) const;
+    int shareOf(int space) const;
+
+    const ReportView& list_;
+    QTreeView& view_;
+    std::vector<int> needed_;  ///< by the contents and the header, in pixels
+    bool placing_ = false;
+    bool pending_ = false;
+    bool drawn_ = false;
+};
+
+}  // namespace kelvor::qt

@@ -1,0 +1,61 @@
+#include "platform/qt/binders/report_rows.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/themed_icon.h"
+#include "platform/report_view.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+/// A cell's text in one line.
+QString cellText(const std::string& cell) {
+    QString text = plainLines(cell);
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
+}  // namespace
+
+ReportRows::ReportRows(const ReportView& list, QObject* parent)
+    : FollowedRows([&list] { return list.count(); }, parent),
+      list_(list),
+      icons_{themedIcon(QStringLiteral(":/rows/ok.svg")), themedIcon(QStringLiteral(":/rows/warning.svg"))} {
+}
+
+int ReportRows::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(list_.columns().size());
+}
+
+QVariant ReportRows::data(const QModelIndex& index, int role) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row >= list_.count()) return {};
+    if (role == Qt::DisplayRole) return cellText(list_.cell(index.row(), index.column()));
+    const auto icon = static_cast<std::size_t>(list_.rows()[row].icon);
+    if (role == Qt::DecorationRole && index.column() == 0 && icon > 0 && icon <= icons_.size()) return icons_[icon - 1];
+    return {};
+}
+
+QVariant ReportRows::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return toQt(list_.columns().at(static_cast<std::size_t>(section)));
+}
+
+void ReportCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->textElideMode = index.column() == 0 ? Qt::ElideMiddle : Qt::ElideRight;
+}
+
+bool ReportCells::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid()) return false;
+    const bool isCut = sizeHint(option, index).width() > option.rect.width();
+    const QString text = isCut ? toolTipText(fromQt(index.data().toString())) : QString();
+    QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+    return true;
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,157 @@
+#include "platform/report_view.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QTreeView>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/binders/binders.h"
+#include "platform/qt/binders/column_widths.h"
+#include "platform/qt/binders/mouse_presses.h"
+#include "platform/qt/binders/report_rows.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+void setUpView(const ReportView& list, QTreeView& view) {
+    view.setRootIsDecorated(false);
+    view.setItemsExpandable(false);
+    view.setExpandsOnDoubleClick(false);
+    view.setUniformRowHeights(true);
+    view.setAlternatingRowColors(false);
+    view.setAllColumnsShowFocus(true);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setSortingEnabled(false);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setSelectionMode(list.multiSelect() ? QAbstractItemView::ExtendedSelection
+                                             : QAbstractItemView::SingleSelection);
+    view.header()->setSectionsClickable(true);
+    view.header()->setSectionsMovable(false);
+    view.header()->setHighlightSections(false);
+}
+
+/// When a selection changes the library compares each run of rows in it with each one of the new selection. Where there
+/// are many runs the old ones go without being compared; who listens gets too little told of what is selected no more.
+class RowSelection : public QItemSelectionModel {
+public:
+    using QItemSelectionModel::QItemSelectionModel;
+    using QItemSelectionModel::select;
+
+    void select(const QItemSelection& rows, SelectionFlags command) override {
+        const bool many = std::max(selection().size(), rows.size()) > manyRuns;
+        if (many && command.testFlag(Clear) && !rows.isEmpty()) {
+            const QSignalBlocker blocker(this);
+            QItemSelectionModel::select({}, Clear);
+        }
+        QItemSelectionModel::select(rows, command);
+    }
+
+private:
+    static constexpr qsizetype manyRuns = 100;
+};
+
+/// Keeps the selections of a control and its widget the same. The control's is shown soon and not at once: then a
+/// program that selects row after row costs no more than one that does it in one step.
+class Selections : public QObject {
+public:
+    Selections(ReportView& list, ReportRows& rows, QTreeView& view, FormLink& link)
+        : QObject(&link), list_(list), rows_(rows), view_(view) {
+        const auto take = [this] {
+            if (!showing_) guarded([this] { this->take(); });
+        };
+        connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, take);
+        connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this, take);
+    }
+
+    /// Lets `change` happen to the rows; what the widget selects by it is no act of the user.
+    template <typename Change>
+    void during(Change change) {
+        const QScopedValueRollback showing(showing_, true);
+        change();
+    }
+
+    void showSoon() {
+        if (!std::exchange(pending_, true))
+            QMetaObject::invokeMethod(
+                this, [this] { show(); }, Qt::QueuedConnection);
+    }
+
+    void show() {
+        pending_ = false;
+        during([this] {
+            rows_.catchUp();
+            QItemSelectionModel& selection = *view_.selectionModel();
+            selection.select(selectedRuns(), QItemSelectionModel::ClearAndSelect);
+            view_.viewport()->update();
+            const int row = list_.selectedRow();
+            if (row < 0) return selection.clearCurrentIndex();
+            const QModelIndex current = rows_.index(row, 0);
+            selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+            if (list_.isSelected(row)) view_.scrollTo(current);
+        });
+    }
+
+private:
+    QItemSelection selectedRuns() const {
+        const auto& rows = list_.rows();
+        const int lastColumn = static_cast<int>(list_.columns().size()) - 1;
+        QItemSelection runs;
+        for (std::size_t first = 0; first < rows.size(); ++first) {
+            if (!rows[first].selected) continue;
+            std::size_t last = first;
+            while (last + 1 < rows.size() && rows[last + 1].selected) ++last;
+            runs.select(rows_.index(static_cast<int>(first), 0), rows_.index(static_cast<int>(last), lastColumn));
+            first = last;
+        }
+        return runs;
+    }
+
+    void take() {
+        view_.viewport()->update();
+        std::vector<int> selected;
+        for (const QItemSelectionRange& range : view_.selectionModel()->selection())
+            for (int row = range.top(); row <= range.bottom(); ++row) selected.push_back(row);
+        std::sort(selected.begin(), selected.end());
+        selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+        // A row that only has the focus frame is not chosen.
+        list_.choose(selected.empty() ? -1 : view_.currentIndex().row(), selected);
+    }
+
+    ReportView& list_;
+    ReportRows& rows_;
+    QTreeView& view_;
+    bool showing_ = false;
+    bool pending_ = false;
+};
+
+}  // namespace
+
+void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
+    setUpView(list, widget);
+    auto* rows = new ReportRows(list, &link);
+    showRows(widget, *rows, link);
+    delete widget.selectionModel();
+    widget.setSelectionModel(new RowSelection(rows, &link));
+    widget.setItemDelegate(new ReportCells(&link));
+    auto* selections = new Selections(list, *rows, widget, link);
+    auto* widths = new ColumnWidths(list, widget, &link);
+    list.followRows([rows, selections, widths](const RowChange& change) {
+        selections->during([rows, &change] { rows->note(change); });
+        widths->note(change);
+    });
+    QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
+    link.follow(list, widget, [selections, widths](Aspect aspect) {
+        if (aspect == Aspect::value) return widths->place();
+        selections->showSoon();
+    });
+    QObject::connect(&widget, &QTreeView::doubleClicked, &link,
+                     [&list](const QModelIndex& index) { guarded([&] { list.doubleClick(index.row()); }); });
+    QObject::connect(widget.header(), &QHeaderView::sectionClicked, &link,
+                     [&list](int column) { guarded([&] { list.clickColumn(column); }); });
+    tellRowPresses(widget, link, [&list](const MousePress& press) { list.mouseDown.raise(press); });
+}
+
+}  // namespace kelvor::qt
