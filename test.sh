@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packaging/install-packages build test
+packaging/install-packages build screen test
 cmake --preset dev
 cmake --build --preset dev --parallel 2
 

@@ -3,8 +3,19 @@
 #include <string>
 
 #include "assistants/template_holder.h"
+#include "authoring/convert.h"
+#include "authoring/date_time.h"
+#include "authoring/htmlkeys.h"
 #include "authoring/insert_lists.h"
+#include "authoring/links.h"
+#include "authoring/name_anchor_file.h"
+#include "authoring/named_links.h"
+#include "authoring/quick_color.h"
 #include "authoring/selection_commands.h"
+#include "authoring/special_character_insertion.h"
+#include "authoring/strip_tags.h"
+#include "authoring/tags.h"
+#include "authoring/text_format.h"
 #include "core/document.h"
 #include "core/document_assistant.h"
 #include "core/edit_commands.h"
@@ -21,6 +32,7 @@
 #include "preview/preview.h"
 #include "support/about.h"
 #include "support/help_commands.h"
+#include "support/scratch_pad.h"
 
 namespace kelvor {
 
@@ -51,12 +63,36 @@ constexpr CommandRow commands[] = {
     {"mnuEdit_Paste", mnuEdit_Paste_Click},
     {"mnuEdit_SelectAll", mnuEdit_SelectAll_Click},
     {"mnuEdit_Delete", mnuEdit_Delete_Click},
+    {"mnuInsert_Date", mnuInsert_Date_Click},
+    {"mnuTools_StripTags", mnuTools_StripTags_Click},
+    {"mnuEdit_StripSel", mnuEdit_StripSel_Click},
+
+    {"mnuInsert_Link_system", linkFileSys},
+    {"mnuInsert_Link_name", nameAnchor},
+    {"mnuInsert_Link_LinkToName", mnuRClick_Link_linkToName_Click},
+    {"mnuInsert_Link_LinkToNameFile", mnuRClick_Link_linkToNameFile_Click},
+    {"mnuLink_prompt", blankAnchor},
+    {"mnuInsert_Link_http", linkToScheme<LinkScheme::http>},
+    {"mnuInsert_Link_mailto", linkToScheme<LinkScheme::mailto>},
+    {"mnuInsert_Link_ftp", linkToScheme<LinkScheme::ftp>},
+    {"mnuInsert_Link_news", linkToScheme<LinkScheme::news>},
+    {"mnuInsert_Link_gopher", linkToScheme<LinkScheme::gopher>},
+    {"mnuInsert_Link_newsrc", linkToScheme<LinkScheme::newsrc>},
+    {"mnuInsert_Link_nntp", linkToScheme<LinkScheme::nntp>},
+    {"mnuInsert_Link_telnet", linkToScheme<LinkScheme::telnet>},
+    {"mnuInsert_Link_wais", linkToScheme<LinkScheme::wais>},
 
     {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
+    {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
 
     {"mnuTools_FormatText", mnuTools_FormatText_Click},
+    {"mnuFormat_QuickColor_color", mnu_RClick_QuickColor_Click},
+    {"mnuFormat_QuickColor_fcolor", mnuFormat_QuickColor_fcolor_Click},
+    {"mnuFormat_QuickColor_coloreq", mnuFormat_QuickColor_coloreq_Click},
+    {"mnuFormat_QuickColor_bgcolor", mnuFormat_QuickColor_bgcolor_Click},
+    {"mnuFormatText_Quick", mnuFormatText_Quick_Click},
     {"mnuTools_FormatText_Center", mnuRClick_Center_Click},
     {"mnuTools_FormatText_Right", mnuRClick_Right_Click},
     {"mnuTools_FormatText_Comment", mnuRClick_Comment_Click},
@@ -69,6 +105,9 @@ constexpr CommandRow commands[] = {
     {"mnuTools_FormatText_Case_Upper", mnuRClick_TextCase_Upper_Click},
     {"mnuFormat_textCase_LfLet", mnuRClick_Text_LfLet_Click},
     {"mnuFormat_textCase_UfLet", mnuRClick_Text_UfLet_Click},
+
+    {"mnuInsert_SpecialChars", mnuInsert_SpecialChars_Click},
+    {"mnuInsert_Tags", mnuInsert_Tags_Click},
 
     {"mnuToolbars_Main", mnuToolbars_Main_Click},
     {"mnuToolBars_helpers", mnuToolBars_helpers_Click},
@@ -118,6 +157,23 @@ constexpr CommandRow commands[] = {
     {"mnuRClick_Text_LfLet", mnuRClick_Text_LfLet_Click},
     {"mnuRClick_Text_UfLet", mnuRClick_Text_UfLet_Click},
     {"mnuRClick_SelectAll", mnuEdit_SelectAll_Click},
+    {"mnuRClick_SendSP", mnuRClick_SendSP_Click},
+    {"mnu_RClick_QuickColor", mnu_RClick_QuickColor_Click},
+    {"mnuRClick_Fromat_Quick", mnuFormatText_Quick_Click},
+    {"mnuRClick_Link_system", linkFileSys},
+    {"mnuRClick_Name", nameAnchor},
+    {"mnuRClick_Link_linkToName", mnuRClick_Link_linkToName_Click},
+    {"mnuRClick_Link_linkToNameFile", mnuRClick_Link_linkToNameFile_Click},
+    {"mnuRClick_Link_Prompt", blankAnchor},
+    {"mnuRClick_Link_http", linkToScheme<LinkScheme::http>},
+    {"mnuRClick_Link_mailto", linkToScheme<LinkScheme::mailto>},
+    {"mnuRClick_Link_ftp", linkToScheme<LinkScheme::ftp>},
+    {"mnuRClick_Link_news", linkToScheme<LinkScheme::news>},
+    {"mnuRClick_Link_gopher", linkToScheme<LinkScheme::gopher>},
+    {"mnuRClick_Link_newsrc", linkToScheme<LinkScheme::newsrc>},
+    {"mnuRClick_Link_nntp", linkToScheme<LinkScheme::nntp>},
+    {"mnuRClick_Link_telnet", linkToScheme<LinkScheme::telnet>},
+    {"mnuRClick_Link_wais", linkToScheme<LinkScheme::wais>},
 
     {"mnuNoChild_New", mnuFile_New_Click},
     {"mnuNoChild_OpenFile", mnuFile_Open_Click},
@@ -132,59 +188,9 @@ constexpr CommandRow commands[] = {
 
 /// Rows whose commands are still to come; choosing one does nothing.
 constexpr const char* rowsToCome[] = {
-    "mnuInsert_Date",
-    "mnuEdit_Find",
-    "mnuEdit_FindReplace",
-    "mnuTools_StripTags",
-    "mnuEdit_StripSel",
-    "mnuInsert_Link_system",
-    "mnuInsert_Link_name",
-    "mnuInsert_Link_LinkToName",
-    "mnuInsert_Link_LinkToNameFile",
-    "mnuLink_prompt",
-    "mnuInsert_Link_http",
-    "mnuInsert_Link_mailto",
-    "mnuInsert_Link_ftp",
-    "mnuInsert_Link_news",
-    "mnuInsert_Link_gopher",
-    "mnuInsert_Link_newsrc",
-    "mnuInsert_Link_nntp",
-    "mnuInsert_Link_telnet",
-    "mnuInsert_Link_wais",
-    "mnuTools_ChangeLinks",
-    "mnuEdit_eFind",
-    "mnuTools_multi",
-    "mnuTools_ConvertSpec",
-    "mnuTools_Format",
-    "mnuInsert_Image",
-    "mnuInsert_Links",
-    "mnuInsert_Scripts",
-    "mnuInsert_TableWiz",
-    "mnuFormat_QuickColor_color",
-    "mnuFormat_QuickColor_fcolor",
-    "mnuFormat_QuickColor_coloreq",
-    "mnuFormat_QuickColor_bgcolor",
-    "mnuFormatText_Quick",
-    "mnuInsert_SpecialChars",
-    "mnuInsert_Tags",
-    "mnuFile_Pref",
-    "mnuRClick_SendSP",
-    "mnu_RClick_QuickColor",
-    "mnuRClick_Fromat_Quick",
-    "mnuRClick_Link_system",
-    "mnuRClick_Name",
-    "mnuRClick_Link_linkToName",
-    "mnuRClick_Link_linkToNameFile",
-    "mnuRClick_Link_Prompt",
-    "mnuRClick_Link_http",
-    "mnuRClick_Link_mailto",
-    "mnuRClick_Link_ftp",
-    "mnuRClick_Link_news",
-    "mnuRClick_Link_gopher",
-    "mnuRClick_Link_newsrc",
-    "mnuRClick_Link_nntp",
-    "mnuRClick_Link_telnet",
-    "mnuRClick_Link_wais",
+    "mnuEdit_Find",      "mnuEdit_FindReplace", "mnuTools_ChangeLinks", "mnuEdit_eFind",
+    "mnuTools_multi",    "mnuTools_Format",     "mnuInsert_Image",      "mnuInsert_Links",
+    "mnuInsert_Scripts", "mnuInsert_TableWiz",  "mnuFile_Pref",
 };
 
 void popUp(const char* menu) {
@@ -227,6 +233,14 @@ void connectLists(MDIForm1& frame) {
     frame.Combo4.clicked.connect(Combo4_Click);
 }
 
+/// The chords of a document window that are commands of the frame.
+void connectFileChords() {
+    htmlkeys::fileChords() = {.previewDefault = previewDefault,
+                              .linkFileSys = linkFileSys,
+                              .closeActiveForm = mnuFile_Close_Click,
+                              .cmdSaveAs = cmdSaveAs};
+}
+
 /// The documents' events reach the commands for the whole run, whichever document raises them.
 void connectDocuments() {
     static const Connection popup = CDocument::rightPressed().connectScoped([] {
@@ -250,6 +264,7 @@ void connectCommands() {
     connectQuickFile(frame);
     frame.CoolBar2.closeClicked.connect(mnuView_DocumentAssistant_Click);
     connectLists(frame);
+    connectFileChords();
     connectDocuments();
 }
 

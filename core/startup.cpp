@@ -5,6 +5,7 @@
 #include "assistants/template_holder.h"
 #include "authoring/common.h"
 #include "authoring/insert_lists.h"
+#include "authoring/special_chars.h"
 #include "core/command_table.h"
 #include "core/document_assistant.h"
 #include "core/document_manager.h"
@@ -67,9 +68,19 @@ void listBrowsers() {
 }
 
 /// The start in its order. An error ends it there, and what was done stays.
-constexpr void (*steps[])() = {removePlaceholderTab,    createDocumentManager, loadFontList, resetCounters,
-                               getRegistered_OpenFiles, loadComboBoxes,        startVDirs,   grabReg,
-                               setUpUStrings,           listBrowsers,          checkNewFile, initQuickView};
+constexpr void (*steps[])() = {removePlaceholderTab,
+                               createDocumentManager,
+                               initSpecialChars,
+                               loadFontList,
+                               resetCounters,
+                               getRegistered_OpenFiles,
+                               loadComboBoxes,
+                               startVDirs,
+                               grabReg,
+                               setUpUStrings,
+                               listBrowsers,
+                               checkNewFile,
+                               initQuickView};
 
 /// The frame's end: the managers go, and then every form that is still loaded.
 void MDIForm1_Unload() {

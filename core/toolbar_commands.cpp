@@ -3,7 +3,11 @@
 #include <span>
 
 #include "authoring/common.h"
+#include "authoring/quick_color.h"
 #include "authoring/selection_commands.h"
+#include "authoring/special_character_insertion.h"
+#include "authoring/tags.h"
+#include "authoring/text_format.h"
 #include "core/document_assistant.h"
 #include "core/edit_commands.h"
 #include "core/file_close.h"
@@ -18,6 +22,7 @@
 #include "preview/virtual_directories.h"
 #include "support/about.h"
 #include "support/desktop_tools.h"
+#include "support/scratch_pad.h"
 
 namespace kelvor {
 
@@ -69,11 +74,16 @@ constexpr ButtonRow mainRows[] = {
     {"Underline", mnuRClick_Format_Underline_Click},
     {"BR", insertLineBreak},
     {"para", mnu_RClick_Para_Click},
+    {"Tags", mnuInsert_Tags_Click},
+    {"Special Chars", mnuInsert_SpecialChars_Click},
+    {"Quick Format", mnuFormatText_Quick_Click},
+    {"color", mnu_RClick_QuickColor_Click},
     {"About", mnuHelp_About_Click},
     {"Exit", mnuFile_Exit_Click},
 };
 
 constexpr ButtonRow helperRows[] = {
+    {"sp", showScratchPad},
     {"np", runTool<DesktopTool::textEditor>},
     {"calc", runTool<DesktopTool::calculator>},
     {"exp", runTool<DesktopTool::fileManager>},
@@ -81,6 +91,13 @@ constexpr ButtonRow helperRows[] = {
     {"tavlok", runTavlok},
     {"quick_file", mnuView_QuickFile_Click},
     {"DocumentAssistant", mnuView_DocumentAssistant_Click},
+};
+
+/// The list of the button "color".
+constexpr ButtonRow colorEntries[] = {
+    {"fcolor", mnuFormat_QuickColor_fcolor_Click},
+    {"color", mnuFormat_QuickColor_coloreq_Click},
+    {"bgcolor", mnuFormat_QuickColor_bgcolor_Click},
 };
 
 constexpr ButtonRow viewRows[] = {
@@ -98,11 +115,10 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Find",       "findReplace", "Links",         "Image",      "Scripts",
-                                      "Table",      "Tags",        "Special Chars", "Format",     "Quick Format",
-                                      "color",      "sp",          "form_open",     "form_text",  "form_textarea",
-                                      "form_check", "form_radio",  "form_select",   "form_image", "form_hidden",
-                                      "form_pw",    "form_reset",  "form_button",   "form_submit"};
+constexpr const char* keysToCome[] = {"Find",       "findReplace", "Links",       "Image",      "Scripts",
+                                      "Table",      "Format",      "form_open",   "form_text",  "form_textarea",
+                                      "form_check", "form_radio",  "form_select", "form_image", "form_hidden",
+                                      "form_pw",    "form_reset",  "form_button", "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {
@@ -131,6 +147,10 @@ void flip(const char* row, Control& bar) {
 void connectToolbars() {
     MDIForm1& frame = mainForm();
     for (ToolBar* bar : {&frame.Toolbar1, &frame.Toolbar2, &frame.Toolbar4}) connectBar(*bar);
+    frame.Toolbar1.entryChosen.connect([](std::string_view entry) {
+        for (const ButtonRow& row : colorEntries)
+            if (row.key == entry) row.procedure();
+    });
     frame.Toolbar4.mouseDown.connect([](const MousePress& press) {
         if (press.button == MousePress::right) platform().windows.popupMenu(mainForm().menu("mnuPreview"));
     });
