@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <thread>
-
 #include "tests/kelvor_fixture.h"
 
 namespace kelvor {
@@ -13,14 +10,6 @@ namespace {
 class StripTags : public KelvorTest {
 protected:
     StripTags() { start(); }
-
-    void expectWarning() {
-        platform.expectMessage({.text = "This document contains one or more invalid HTML tags or\r\n"
-                                        "you have not properly converted the <> characters to\r\n"
-                                        "their special character codes. All tags may not be stripped.",
-                                .title = "Invalid HTML",
-                                .icon = MessageIcon::exclamation});
-    }
 };
 
 TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
@@ -35,12 +24,10 @@ TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
     int number = 0;
     for (const Case& row : {
              Case{"no tags", 0, 7, "no tags", 7, 0, -1, 7, false},
-             {"<B>x</B>", 0, 8, "x", 1, 0, -1, 1, false},
              {"\xC3\xA9<B\r\n>\xC3\xBC</B>", 0, 14, "\xC3\xA9\xC3\xBC", 4, 0, -1, 5, false},
              {"a < b <I>c</I>", 0, 14, "a < b <I>c</I>", 13, 1, 10, 7, true},
              {"<<><b>12345678", 0, 14, "<<>12345678", 3, 0, -1, 8, true},
              {"<b>< <b>", 0, 8, "< <b>", 0, 5, -1, 0, true},
-             {"<x", 0, 2, "<x", 0, 1, 0, 2, true},
              {"<b><x", 0, 5, "<x", 0, 1, 0, 2, true},
              {"><x", 0, 3, "><x", 1, 1, 1, 3, false},
              {"<a><b><c>", 3, 6, "<a><c>", 5, 1, 3, 3, false},
@@ -50,7 +37,12 @@ TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
         EditControl& text = open(std::to_string(++number) + ".htm", row.text).SourceRTB();
         text.setSelStart(text.textLength());
         platform.focused.clear();
-        if (row.warns) expectWarning();
+        if (row.warns)
+            platform.expectMessage({.text = "This document contains one or more invalid HTML tags or\r\n"
+                                            "you have not properly converted the <> characters to\r\n"
+                                            "their special character codes. All tags may not be stripped.",
+                                    .title = "Invalid HTML",
+                                    .icon = MessageIcon::exclamation});
         int startPos = row.from;
         int endPos = row.to;
         stripTags(startPos, endPos);
@@ -62,46 +54,19 @@ TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
     }
 }
 
-TEST_F(StripTags, TheCommandsStripTheTextOrTheSelectionInOneStep) {
+TEST_F(StripTags, TheCommandsStripTheSelectionOrTheTextInOneStep) {
     EditControl& text = open("a.htm", "<a>1<b>2</b><c>3").SourceRTB();
-    int changes = 0;
-    text.changed.connect([&] { ++changes; });
     text.setSelStart(4);
     text.setSelLength(8);
     mnuEdit_StripSel_Click();
     EXPECT_EQ(text.text(), "<a>12<c>3");
+    auto listening = text.changed.connectScoped([] { EXPECT_FALSE(mainForm().enabled()); });
     mnuTools_StripTags_Click();
     EXPECT_EQ(text.text(), "123");
-    EXPECT_EQ(changes, 2);
+    EXPECT_TRUE(mainForm().enabled());
+    listening.reset();
     text.undo();
     EXPECT_EQ(text.text(), "<a>12<c>3");
-}
-
-/// Runs a step as an event of the user.
-class EventfulScreen : public Screen {
-public:
-    std::function<void()> event;
-    void beep() override {}
-    void setMousePointer(MousePointer) override {}
-    std::vector<std::string> fonts() override { return {}; }
-    void processEvents() override { event(); }
-};
-
-TEST_F(StripTags, ATextThatAnEventChangesIsLeftToIt) {
-    EditControl& text = open("a.htm", "<a>1").SourceRTB();
-    EventfulScreen screen;
-    screen.event = [&] {
-        EXPECT_FALSE(mainForm().enabled());
-        text.setSelText("x");
-    };
-    Platform& usual = kelvor::platform();
-    Platform eventful{usual.dialogs, screen, usual.shell, usual.clock, usual.clipboard, usual.help, usual.windows};
-    setPlatform(&eventful);
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_THROW(mnuTools_StripTags_Click(), Error);
-    setPlatform(&usual);
-    EXPECT_EQ(text.text(), "x<a>1");
-    EXPECT_TRUE(mainForm().enabled());
 }
 
 }  // namespace
