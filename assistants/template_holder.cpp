@@ -17,11 +17,6 @@ namespace {
 
 constexpr std::string_view extension = ".tpl";
 
-FormInstance<TemplateHolder>& instance() {
-    static FormInstance<TemplateHolder> holder;
-    return holder;
-}
-
 bool isDefaultTemplate(const std::string& name) {
     return TextSearch("Default Template", 0).find(name).has_value();
 }
@@ -54,7 +49,8 @@ bool validTemplateName(const std::string& name) {
 }  // namespace
 
 TemplateHolder& templateHolder() {
-    return instance().get();
+    static FormInstance<TemplateHolder> instance;
+    return instance.get();
 }
 
 TemplateHolder::TemplateHolder() : Form("templateHolder", "Templates") {
@@ -84,8 +80,8 @@ void TemplateHolder::populateTemplateBox() {
 }
 
 std::string TemplateHolder::selectedName() const {
-    if (lbxTemplates.selectedRow() < 0) throw Error(error_number::objectNotSet, "No template is selected");
-    return lbxTemplates.rows()[static_cast<std::size_t>(lbxTemplates.selectedRow())];
+    if (auto selected = lbxTemplates.selectedText()) return *selected;
+    throw Error(error_number::objectNotSet, "No template is selected");
 }
 
 void TemplateHolder::cmdOpen_Click() {
@@ -131,7 +127,7 @@ void TemplateHolder::addTpl(const std::string& name) {
         mnuTools_CreateTemplate_Click();
         return;
     }
-    saveFileInPlace(path, mainForm().activeForm().Text1.text() + "\r\n");
+    saveFileInPlace(path, activeText().text() + "\r\n");
     beepAndShow({.text = "Template add complete!", .title = "Template added", .icon = MessageIcon::information});
 }
 
@@ -158,7 +154,7 @@ void mnuTools_CreateTemplate_Click() {
     TemplateHolder& holder = templateHolder();
     holder.load();
     holder.addTpl(name);
-    mainForm().activeForm().Text1.SetFocus();
+    activeText().SetFocus();
 }
 
 }  // namespace kelvor

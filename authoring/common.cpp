@@ -19,8 +19,6 @@ namespace kelvor {
 
 namespace {
 
-constexpr std::string_view documentForm = "editWindow";
-constexpr std::string_view notAvailable = "(n/a)";
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 struct Delivery {
@@ -73,7 +71,7 @@ std::string withLineEnds(std::string_view text) {
 }  // namespace
 
 void insertAtSelection(std::string_view openText, std::optional<std::string_view> closeText) {
-    EditControl& text = mainForm().activeForm().Text1;
+    EditControl& text = activeText();
     if (insertAround(text, openText, closeText) && activeFormName == documentForm) text.SetFocus();
 }
 
@@ -100,10 +98,18 @@ void setDeliveryTarget(const std::string& formName, EditControl* control) {
     delivery() = {formName, control};
 }
 
+EditControl& activeText() {
+    return mainForm().activeForm().Text1;
+}
+
 EditControl& deliveryTarget() {
     const Delivery& target = delivery();
     if (target.control && target.formName == activeFormName) return *target.control;
     return mainForm().activeForm().Text1;
+}
+
+bool deliversToTableWizard() {
+    return activeFormName == "frmTableWiz";
 }
 
 void showFormForContext(Form& form, ShowMode mode) {
@@ -116,7 +122,12 @@ void showFormForContext(Form& form, ShowMode mode) {
     }
     if (mode != ShowMode::modal) return platform().windows.showModeless(form, mode == ShowMode::floating);
     platform().windows.showModal(form);
-    if (activeFormName == documentForm && hasMdiChild()) mainForm().activeForm().Text1.SetFocus();
+    if (activeFormName == documentForm && hasMdiChild()) activeText().SetFocus();
+}
+
+void openToolForm(Form& form, ShowMode mode) {
+    formLoadFailed = false;
+    showFormForContext(form, mode);
 }
 
 void reportLoadError() {
@@ -171,7 +182,7 @@ void fillSizeCombo(ComboBox& combo, bool useNa) {
     for (int size = -largest; size < 0; ++size) combo.addItem(std::to_string(size));
     combo.addItem(useNa ? std::string(notAvailable) : "(Size)");
     for (int size = 1; size <= largest; ++size) combo.addItem("+" + std::to_string(size));
-    combo.setListIndex(largest);
+    combo.setListIndex(noSizeRow);
 }
 
 void loadFontList() {

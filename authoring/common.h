@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "platform/combo_box.h"
+#include "platform/edit_control.h"
 #include "platform/form.h"
 #include "platform/keyed_collection.h"
 #include "platform/text_box.h"
 
 namespace kelvor {
-
-class EditControl;
 
 /// The name of the form into which inserted text goes; "editWindow" means the active document.
 inline std::string activeFormName;
@@ -29,6 +28,16 @@ inline int editorForeColor = -1;
 inline std::vector<std::string> fontList;
 /// The user's own strings, each under its label.
 inline KeyedCollection<std::string> userStrings;
+
+/// What some lists show for "none".
+inline constexpr std::string_view notAvailable = "(n/a)";
+/// The row of fillSizeCombo that is no size.
+inline constexpr int noSizeRow = 7;
+/// The name of the form that a document's window is.
+inline constexpr std::string_view documentForm = "editWindow";
+
+/// The text of the document in front; without one an error 91.
+EditControl& activeText();
 
 // Text into documents
 
@@ -48,6 +57,8 @@ void setDeliveryTarget(const std::string& formName, EditControl* control);
 /// Where a tool delivers its text: the control registered by the form that `activeFormName` names, otherwise the active
 /// document's. Without a document error 91.
 EditControl& deliveryTarget();
+/// Whether tools deliver into the table wizard's cell.
+bool deliversToTableWizard();
 
 // Forms
 
@@ -60,6 +71,8 @@ enum class ShowMode {
 /// Loads a tool form and shows it; a form whose load failed is unloaded instead, and `formLoadFailed` is cleared.
 /// The caller clears that flag before.
 void showFormForContext(Form& form, ShowMode mode);
+/// Clears `formLoadFailed`, and then showFormForContext.
+void openToolForm(Form& form, ShowMode mode);
 /// What a failed load procedure does: sets `formLoadFailed` and says so.
 void reportLoadError();
 /// Sends every load procedure's failure to reportLoadError. Called once at start.

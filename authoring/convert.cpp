@@ -4,6 +4,7 @@
 
 #include "authoring/common.h"
 #include "authoring/special_chars.h"
+#include "authoring/text_change.h"
 #include "core/frame.h"
 #include "platform/platform.h"
 #include "support/html_help.h"
@@ -13,11 +14,6 @@ namespace kelvor {
 namespace {
 
 constexpr int toEntity = 0;
-
-FormInstance<Convert>& instance() {
-    static FormInstance<Convert> dialog;
-    return dialog;
-}
 
 /// A text in which one string after the other is replaced.
 struct ConvertedText {
@@ -29,22 +25,22 @@ struct ConvertedText {
 
 /// Replaces every `search`, which is not empty, in its exact case.
 void replaceAll(ConvertedText& converted, const std::string& search, const std::string& replacement) {
-    auto& [text, replacements, caret, result] = converted;
+    auto& [text, replacements, caret, next] = converted;
     std::size_t copied = 0;
-    result.clear();
+    next.clear();
     for (auto at = text.find(search); at != std::string::npos; at = text.find(search, copied)) {
-        result.append(text, copied, at - copied).append(replacement);
+        next.append(text, copied, at - copied).append(replacement);
         copied = at + search.size();
-        caret = static_cast<int>(result.size());
+        caret = static_cast<int>(next.size());
         ++replacements;
     }
-    if (copied > 0) text.swap(result.append(text, copied));
+    if (copied > 0) text.swap(next.append(text, copied));
 }
 
-void showText(const ConvertedText& converted, EditControl& text) {
+void putInto(EditControl& text, const ConvertedText& converted) {
     if (converted.replacements == 0) return;
     const EditControl::Batch batch(text);
-    text.setText(converted.text);
+    changeText(text, converted.text);
     text.setSelStart(converted.caret);
 }
 
@@ -69,7 +65,8 @@ private:
 }  // namespace
 
 Convert& convert() {
-    return instance().get();
+    static FormInstance<Convert> instance;
+    return instance.get();
 }
 
 Convert::Convert() : Form("convert", "Convert Special Characters") {
@@ -102,21 +99,21 @@ void Convert::initConvertGauge() {
 
 /// Goes row after row over a copy of the text, which then goes into the document as one undo step.
 void Convert::convertSpecialChars() {
-    EditControl& text = mainForm().activeForm().Text1;
+    EditControl& text = activeText();
     text.setSelLength(0);
     initConvertGauge();
     ConvertedText converted{.text = text.text()};
     {
         const Hourglass hourglass;
-        const bool entities = optType.selected() == toEntity;
+        const bool toEntities = optType.selected() == toEntity;
         for (const SpecialCharEntry& row : specialChars) {
             progBar1.setValue(static_cast<int>(&row - specialChars.data()));
             if (row.convertible != 1) continue;
-            showPair(row, entities);
+            showPair(row, toEntities);
             pumpEvents();
-            replaceAll(converted, entities ? row.character : row.entity, entities ? row.entity : row.character);
+            replaceAll(converted, toEntities ? row.character : row.entity, toEntities ? row.entity : row.character);
         }
-        showText(converted, text);
+        putInto(text, converted);
         progBar1.setValue(progBar1.minimum());
     }
     platform().dialogs.message({.text = std::to_string(converted.replacements) + " replacements made.",
@@ -127,14 +124,13 @@ void Convert::convertSpecialChars() {
 }
 
 /// An entity has one "&" more here, as a label swallows the first.
-void Convert::showPair(const SpecialCharEntry& row, bool entities) {
-    lblStartString.setCaption(entities ? row.character : "&" + row.entity);
-    lblFinishString.setCaption(entities ? "&" + row.entity : row.character);
+void Convert::showPair(const SpecialCharEntry& row, bool toEntities) {
+    lblStartString.setCaption(toEntities ? row.character : "&" + row.entity);
+    lblFinishString.setCaption(toEntities ? "&" + row.entity : row.character);
 }
 
 void mnuTools_ConvertSpec_Click() {
-    formLoadFailed = false;
-    showFormForContext(convert(), ShowMode::modal);
+    openToolForm(convert(), ShowMode::modal);
 }
 
 }  // namespace kelvor

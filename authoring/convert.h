@@ -33,7 +33,7 @@ private:
     void cmdConvert_Click();
     void initConvertGauge();
     void convertSpecialChars();
-    void showPair(const SpecialCharEntry& row, bool entities);
+    void showPair(const SpecialCharEntry& row, bool toEntities);
 };
 
 /// The one dialog.

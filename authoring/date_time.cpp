@@ -1,7 +1,6 @@
 #include "authoring/date_time.h"
 
 #include "authoring/common.h"
-#include "core/frame.h"
 #include "platform/platform.h"
 #include "support/html_help.h"
 
@@ -46,16 +45,16 @@ void DateTimeDialog::FillListBox(const Date& day) {
 
 void DateTimeDialog::cmdInsert_Click() {
     if (!hookedRTB_) throw Error(error_number::objectNotSet, "No text takes the date");
-    if (lstDates.selectedRow() < 0) throw Error(error_number::objectNotSet, "No date is selected");
-    hookedRTB_->setSelText(lstDates.rows()[static_cast<std::size_t>(lstDates.selectedRow())]);
+    const auto date = lstDates.selectedText();
+    if (!date) throw Error(error_number::objectNotSet, "No date is selected");
+    hookedRTB_->setSelText(*date);
     unload();
 }
 
 void mnuInsert_Date_Click() {
-    EditControl& text = mainForm().activeForm().Text1;
+    EditControl& text = activeText();
     dateTimeDialog().setHookedRTB(&text);
-    formLoadFailed = false;
-    showFormForContext(dateTimeDialog(), ShowMode::modal);
+    openToolForm(dateTimeDialog(), ShowMode::modal);
     text.SetFocus();
 }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "authoring/anchor_prompts.h"
+#include "authoring/anchors.h"
 #include "authoring/common.h"
 #include "platform/platform.h"
 
@@ -129,17 +129,17 @@ void htmlkeys::replaceSelection(const Chord& chord) {
 
 void htmlkeys::insertFreeAnchor(const Chord& /*chord*/) {
     const std::string address = askAnchorUrl();
-    if (!address.empty()) insertInHooked("<A HREF=\"" + address + "\">", "</A>");
+    if (!address.empty()) insertInHooked(openingAnchor(address), closingAnchor);
     hookedRTB_->SetFocus();
 }
 
 void htmlkeys::insertNameAnchor(const Chord& /*chord*/) {
     const std::string name = askAnchorName();
-    if (!name.empty()) insertInHooked("<A NAME=\"" + name + "\">", "</A>");
+    if (!name.empty()) insertInHooked(openingNameAnchor(name), closingAnchor);
     hookedRTB_->SetFocus();
 }
 
-void htmlkeys::insertInHooked(std::string_view openText, std::optional<std::string_view> closeText) {
+void htmlkeys::insertInHooked(std::string_view openText, std::string_view closeText) {
     if (insertAround(*hookedRTB_, openText, closeText)) hookedRTB_->SetFocus();
 }
 

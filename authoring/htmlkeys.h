@@ -48,7 +48,7 @@ private:
     void replaceSelection(const Chord& chord);
     void insertFreeAnchor(const Chord& chord);
     void insertNameAnchor(const Chord& chord);
-    void insertInHooked(std::string_view openText, std::optional<std::string_view> closeText = {});
+    void insertInHooked(std::string_view openText, std::string_view closeText);
 
     EditControl* hookedRTB_ = nullptr;
     bool fileKeysEnabled_ = false;

@@ -8,19 +8,13 @@ namespace kelvor {
 
 namespace {
 
-constexpr int sizeHeading = 7;
-
-void focusText() {
-    mainForm().activeForm().Text1.SetFocus();
-}
-
 /// Wraps the selection by a list's choice and puts the list back on its heading.
 void wrapByChoice(ComboBox& list, int heading, const std::string& before, const std::string& after,
                   const std::string& closeText) {
     if (list.listIndex() == heading) return;
     insertAtSelection(before + list.text() + after, closeText);
     list.setListIndex(heading);
-    focusText();
+    activeText().SetFocus();
 }
 
 }  // namespace
@@ -56,14 +50,14 @@ void Combo2_Click() {
 }
 
 void Combo3_Click() {
-    wrapByChoice(mainForm().Combo3, sizeHeading, "<FONT SIZE=\"", "\">", "</FONT>");
+    wrapByChoice(mainForm().Combo3, noSizeRow, "<FONT SIZE=\"", "\">", "</FONT>");
 }
 
 void Combo4_Click() {
     ComboBox& list = mainForm().Combo4;
-    if (list.listIndex() > 0) mainForm().activeForm().Text1.setSelText(userStrings.Item(list.text()));
+    if (list.listIndex() > 0) activeText().setSelText(userStrings.Item(list.text()));
     list.setListIndex(0);
-    if (hasMdiChild()) focusText();
+    if (hasMdiChild()) activeText().SetFocus();
 }
 
 }  // namespace kelvor

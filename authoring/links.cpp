@@ -1,6 +1,6 @@
 #include "authoring/links.h"
 
-#include "authoring/anchor_prompts.h"
+#include "authoring/anchors.h"
 #include "authoring/common.h"
 #include "authoring/relative_path.h"
 #include "core/file_filter.h"
@@ -12,20 +12,12 @@
 
 namespace kelvor {
 
-namespace {
-
-void focusText() {
-    mainForm().activeForm().Text1.SetFocus();
-}
-
-}  // namespace
-
 void rClickLink(std::string_view prefix, std::string_view example) {
     const std::string answer = platform().dialogs.input(
         {.prompt = "Enter the link code.\r\n\r\nLink type: " + std::string(prefix) +
                    "\r\n\r\nYou need only enter the actual internet link link. Example: " + std::string(example),
          .title = "Enter Link Code"});
-    if (answer.empty()) return focusText();
+    if (answer.empty()) return activeText().SetFocus();
     insertAtSelection(openingAnchor(std::string(prefix) + answer), closingAnchor);
 }
 
@@ -33,19 +25,19 @@ void linkFileSys() {
     const auto path = chooseFileToLink("Link to file on this system.");
     if (!path) return;
     insertAtSelection(openingAnchor(linkTarget(*path)), closingAnchor);
-    focusText();
+    activeText().SetFocus();
 }
 
 void nameAnchor() {
     const std::string name = askAnchorName();
     if (name.empty()) return;
-    insertAtSelection("<A NAME=\"" + name + "\">", closingAnchor);
-    focusText();
+    insertAtSelection(openingNameAnchor(name), closingAnchor);
+    activeText().SetFocus();
 }
 
 void blankAnchor() {
     const std::string address = askAnchorUrl();
-    if (address.empty()) return focusText();
+    if (address.empty()) return activeText().SetFocus();
     insertAtSelection(openingAnchor(address), closingAnchor);
 }
 
@@ -57,12 +49,7 @@ std::optional<std::string> chooseFileToLink(const std::string& title) {
     dialog.filter = fileFilter;
     dialog.filterIndex = preferredFilterIndex();
     dialog.fileName.clear();
-    try {
-        dialog.ShowOpen();
-    } catch (const Error& error) {
-        if (error.number() == error_number::dialogCancelled) return std::nullopt;
-        throw;
-    }
+    if (!answered(dialog, &CommonDialog::ShowOpen)) return std::nullopt;
     lastDir = directoryPart(dialog.fileName);
     return dialog.fileName;
 }
@@ -70,10 +57,6 @@ std::optional<std::string> chooseFileToLink(const std::string& title) {
 std::string linkTarget(const std::string& path) {
     const std::string target = useRelativePaths() ? makeRelativePath(mainForm().activeForm().caption(), path) : path;
     return GetSetting(application, "User", "LCase") == "True" ? toLower(target) : target;
-}
-
-std::string openingAnchor(std::string_view target) {
-    return "<A HREF=\"" + std::string(target) + "\">";
 }
 
 }  // namespace kelvor

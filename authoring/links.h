@@ -51,8 +51,4 @@ std::optional<std::string> chooseFileToLink(const std::string& title);
 /// lower case when they ask for that.
 std::string linkTarget(const std::string& path);
 
-/// What stands before the text of a link; it ends in "</A>".
-std::string openingAnchor(std::string_view target);
-inline constexpr std::string_view closingAnchor = "</A>";
-
 }  // namespace kelvor

@@ -1,5 +1,6 @@
 #include "authoring/name_anchor_file.h"
 
+#include "authoring/anchors.h"
 #include "authoring/common.h"
 #include "authoring/links.h"
 #include "authoring/name_anchors.h"
@@ -14,20 +15,16 @@ namespace {
 constexpr int red = 0x0000FF;
 constexpr int windowText = -1;
 
-FormInstance<NameAnchorFile>& instance() {
-    static FormInstance<NameAnchorFile> form;
-    return form;
-}
-
 }  // namespace
 
 NameAnchorFile& nameAnchorFile() {
-    return instance().get();
+    static FormInstance<NameAnchorFile> instance;
+    return instance.get();
 }
 
 NameAnchorFile::NameAnchorFile() : Form("nameAnchorFile", "Link to named anchor in a file") {
     onLoad = [this] { Form_Load(); };
-    unloaded.connect([] { setActiveFormName("editWindow"); });
+    unloaded.connect([] { setActiveFormName(std::string(documentForm)); });
     nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
     cmdCommonD.clicked.connect([this] { cmdCommonD_Click(); });
     cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
@@ -95,8 +92,7 @@ void NameAnchorFile::cmdMakeLink_Click() {
 }
 
 void mnuRClick_Link_linkToNameFile_Click() {
-    formLoadFailed = false;
-    showFormForContext(nameAnchorFile(), ShowMode::modal);
+    openToolForm(nameAnchorFile(), ShowMode::modal);
 }
 
 }  // namespace kelvor

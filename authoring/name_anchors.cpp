@@ -60,7 +60,7 @@ void scanNameAnchors(std::string_view startToken, std::string_view endToken, std
 }
 
 std::optional<std::string> selectedAnchor(const ListBox& listBox) {
-    if (listBox.selectedRow() >= 0) return listBox.rows()[static_cast<std::size_t>(listBox.selectedRow())];
+    if (auto selected = listBox.selectedText()) return selected;
     beepAndShow(
         {.text = "Make a selection first.", .title = "No name anchor selected", .icon = MessageIcon::exclamation});
     return std::nullopt;

@@ -1,25 +1,17 @@
 #include "authoring/named_links.h"
 
+#include "authoring/anchors.h"
 #include "authoring/common.h"
 #include "authoring/links.h"
 #include "authoring/name_anchors.h"
-#include "core/frame.h"
 #include "platform/platform.h"
 #include "support/html_help.h"
 
 namespace kelvor {
 
-namespace {
-
-FormInstance<NamedLinks>& instance() {
-    static FormInstance<NamedLinks> form;
-    return form;
-}
-
-}  // namespace
-
 NamedLinks& namedLinks() {
-    return instance().get();
+    static FormInstance<NamedLinks> instance;
+    return instance.get();
 }
 
 NamedLinks::NamedLinks() : Form("namedLinks", "Line to named anchor") {
@@ -37,26 +29,25 @@ void NamedLinks::Form_Load() {
 }
 
 void NamedLinks::scanCurrentFile() {
-    scanNameAnchors(nameAnchorStart, nameAnchorEnd, mainForm().activeForm().Text1.textView(), nameAnchors);
+    scanNameAnchors(nameAnchorStart, nameAnchorEnd, activeText().textView(), nameAnchors);
 }
 
 void NamedLinks::cmdMakeLink_Click() {
     const auto name = selectedAnchor(nameAnchors);
     if (!name) return;
-    EditControl& text = mainForm().activeForm().Text1;
+    EditControl& text = activeText();
     replaceSelectionText(text, openingAnchor("#" + *name) + text.selText() + std::string(closingAnchor));
     unload();
 }
 
 void mnuRClick_Link_linkToName_Click() {
-    if (!hasNameAnchor(mainForm().activeForm().Text1.textView())) {
+    if (!hasNameAnchor(activeText().textView())) {
         beepAndShow({.text = "There are no name anchors to link with in this document.",
                      .title = "Name anchor error",
                      .icon = MessageIcon::exclamation});
         return;
     }
-    formLoadFailed = false;
-    showFormForContext(namedLinks(), ShowMode::modal);
+    openToolForm(namedLinks(), ShowMode::modal);
 }
 
 }  // namespace kelvor

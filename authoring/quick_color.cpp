@@ -18,12 +18,7 @@ constexpr int fontTag = 3;
 std::optional<int> chooseColor() {
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.flags = dialog_flag::fullOpen;
-    try {
-        dialog.ShowColor();
-    } catch (const Error& error) {
-        if (error.number() == error_number::dialogCancelled) return std::nullopt;
-        throw;
-    }
+    if (!answered(dialog, &CommonDialog::ShowColor)) return std::nullopt;
     return dialog.color;
 }
 
@@ -34,7 +29,7 @@ void doColor(int mode) {
     if (mode == colorAttribute) insertAtSelection("COLOR=\"#" + hex + "\"", "");
     if (mode == backgroundAttribute) insertAtSelection("BGCOLOR=\"#" + hex + "\"", "");
     if (mode == fontTag) insertAtSelection("<FONT COLOR=\"#" + hex + "\">", "</FONT>");
-    mainForm().activeForm().Text1.SetFocus();
+    activeText().SetFocus();
 }
 
 void mnuFormat_QuickColor_coloreq_Click() {
@@ -50,7 +45,7 @@ void mnuFormat_QuickColor_fcolor_Click() {
 }
 
 void mnu_RClick_QuickColor_Click() {
-    if (const auto color = chooseColor()) mainForm().activeForm().Text1.setSelText(colorToHtml(*color));
+    if (const auto color = chooseColor()) activeText().setSelText(colorToHtml(*color));
 }
 
 }  // namespace kelvor

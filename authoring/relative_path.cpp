@@ -14,8 +14,8 @@ constexpr char slash = '/';
 constexpr char backslash = '\\';
 constexpr char none = '\0';
 
-/// A path's own separator.
-char spelling(std::string_view path) {
+/// The one by which a path is written, whatever its kind; `none` when it has none.
+char ownSeparator(std::string_view path) {
     if (isForeignPath(path)) return backslash;
     const std::size_t first = path.find_first_of("/\\");
     return first == std::string_view::npos ? none : path[first];
@@ -31,6 +31,7 @@ struct Place {
     std::string file;
 };
 
+/// Takes a part out; the last one of an empty list is as little there as any other.
 std::string takePart(std::vector<std::string>& parts, std::size_t index) {
     if (index >= parts.size()) throw Error(error_number::subscriptOutOfRange, "A path has no separator");
     std::string part = std::move(parts[index]);
@@ -59,8 +60,8 @@ std::string makeRelativePath(std::string_view fromPath, std::string_view toPath)
 }
 
 std::string relativePath(std::string_view fromPath, std::string_view toPath, bool isUntitled, char separator) {
-    const char own = spelling(fromPath);
-    const bool mixed = own != none && spelling(toPath) != none && own != spelling(toPath);
+    const char own = ownSeparator(fromPath);
+    const bool mixed = own != none && ownSeparator(toPath) != none && own != ownSeparator(toPath);
     if (isUntitled || isNetworkPath(fromPath) != isNetworkPath(toPath) || mixed) return std::string(toPath);
     const bool native = own == slash;
     const Place from = placeOf(fromPath, own);

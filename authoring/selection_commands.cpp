@@ -8,10 +8,6 @@ namespace kelvor {
 
 namespace {
 
-EditControl& activeText() {
-    return mainForm().activeForm().Text1;
-}
-
 void replaceSelectionAndFocus(std::string (*change)(std::string_view)) {
     EditControl& text = activeText();
     text.setSelText(change(text.selText()));

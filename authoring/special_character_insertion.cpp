@@ -5,7 +5,6 @@
 #include "authoring/common.h"
 #include "authoring/special_chars.h"
 #include "authoring/tool_switch.h"
-#include "platform/edit_control.h"
 #include "support/html_help.h"
 
 namespace kelvor {
@@ -22,16 +21,18 @@ SpecialCharacterInsertion& specialCharacterInsertion() {
 }
 
 SpecialCharacterInsertion::SpecialCharacterInsertion() : Form("specialCharacterInsertion", "Special Characters") {
-    onLoad = [this] {
-        fillSpecialCharList();
-        lstSpecChars.setSelectedRow(0);
-    };
+    onLoad = [this] { Form_Load(); };
     unloaded.connect([] { specialCharsSwitch.release(); });
     lstSpecChars.doubleClicked.connect([this] { lstSpecChars_DblClick(); });
     cmdInsert.setDefault(true);
     cmdInsert.clicked.connect([this] { lstSpecChars_DblClick(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     cmdClose.clicked.connect([this] { unload(); });
+}
+
+void SpecialCharacterInsertion::Form_Load() {
+    fillSpecialCharList();
+    lstSpecChars.setSelectedRow(0);
 }
 
 void SpecialCharacterInsertion::fillSpecialCharList() {

@@ -17,6 +17,7 @@ public:
     Button cmdClose{*this, "cmdClose", "&Close"};
 
 private:
+    void Form_Load();
     void fillSpecialCharList();
     void lstSpecChars_DblClick();
 };

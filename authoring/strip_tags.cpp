@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "authoring/common.h"
+#include "authoring/text_change.h"
 #include "core/frame.h"
 #include "platform/error.h"
 #include "platform/platform.h"
@@ -19,10 +21,6 @@ struct StrippedText {
     int selLength = 0;
     bool invalid = false;
 };
-
-EditControl& activeText() {
-    return mainForm().activeForm().Text1;
-}
 
 int findByte(std::string_view text, char byte, int from) {
     if (from < 0) return -1;
@@ -68,12 +66,12 @@ std::optional<StrippedText> withoutTags(std::string_view text, int& startPos, in
     return stripped;
 }
 
-void show(const StrippedText& stripped, const std::string& before) {
+void putIntoDocument(const StrippedText& stripped, const std::string& before) {
     EditControl& text = activeText();
     if (text.textView() != before)
         throw Error(error_number::invalidProcedureCall, "The text was changed while its tags were being stripped");
     const EditControl::Batch batch(text);
-    if (stripped.text.size() != before.size()) text.setText(stripped.text);
+    changeText(text, stripped.text);
     text.setSelStart(stripped.selStart);
     text.setSelLength(stripped.selLength);
 }
@@ -93,7 +91,7 @@ void stripTags(int& startPos, int& endPos) {
         const DisabledFrame disabled;
         const std::string before = activeText().text();
         const auto stripped = withoutTags(before, startPos, endPos);
-        if (stripped) show(*stripped, before);
+        if (stripped) putIntoDocument(*stripped, before);
         if (stripped && stripped->invalid) reportInvalidTags();
     }
     activeText().SetFocus();

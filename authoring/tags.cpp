@@ -4,7 +4,6 @@
 
 #include "authoring/common.h"
 #include "authoring/tool_switch.h"
-#include "platform/edit_control.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -14,8 +13,6 @@
 namespace kelvor {
 
 namespace {
-
-constexpr std::string_view noCloseTag = "(n/a)";
 
 /// In twips; the description takes the rest.
 constexpr int tagWidth = 2250;
@@ -113,7 +110,7 @@ std::optional<std::vector<std::string>> tagFields(std::string_view line) {
 }
 
 void insertTag(const std::string& tag, const std::string& closeTag) {
-    const bool closes = closeTag != noCloseTag;
+    const bool closes = closeTag != notAvailable;
     if (deliversToTableWizard()) {
         EditControl& cell = deliveryTarget();
         cell.setSelText(tag + cell.selText() + (closes ? closeTag : ""));

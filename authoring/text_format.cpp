@@ -2,16 +2,12 @@
 
 #include "authoring/common.h"
 #include "authoring/quick_color.h"
-#include "authoring/tool_switch.h"
 #include "platform/platform.h"
 #include "support/html_help.h"
 
 namespace kelvor {
 
 namespace {
-
-constexpr std::string_view notAvailable = "(n/a)";
-constexpr int noSizeRow = 7;
 
 /// The tags of the check boxes, in their order.
 constexpr std::string_view attributeTags[] = {"B", "I", "U", "BLINK", "SUP", "SUB", "BIG", "SMALL", "STRIKE"};
@@ -59,8 +55,7 @@ TextFormat::TextFormat() : Form("textFormat", "Quick Text Format") {
 
 void TextFormat::Form_Load() {
     keys_.setHookedRTB(&rtbUserText);
-    keys_.setFileKeysEnabled(false);
-    if (activeFormName == "editWindow" || deliversToTableWizard()) rtbUserText.setText(deliveryTarget().selText());
+    if (activeFormName == documentForm || deliversToTableWizard()) rtbUserText.setText(deliveryTarget().selText());
     fillComboBoxes();
 }
 
@@ -113,8 +108,7 @@ void TextFormat::buildFormattedString() {
 }
 
 void mnuFormatText_Quick_Click() {
-    formLoadFailed = false;
-    showFormForContext(textFormat(), ShowMode::modal);
+    openToolForm(textFormat(), ShowMode::modal);
 }
 
 std::string formattedText(const TextFormatting& formatting) {

@@ -9,8 +9,7 @@ void ToolSwitch::flip(Form& form) const {
     const bool on = !mainForm().menu(menuRow_).checked();
     set(on);
     if (on) {
-        formLoadFailed = false;
-        showFormForContext(form, ShowMode::floating);
+        openToolForm(form, ShowMode::floating);
     } else {
         form.unload();
     }
@@ -18,16 +17,12 @@ void ToolSwitch::flip(Form& form) const {
 
 void ToolSwitch::release() const {
     set(false);
-    if (!deliversToTableWizard() && hasMdiChild()) mainForm().activeForm().Text1.SetFocus();
+    if (!deliversToTableWizard() && hasMdiChild()) activeText().SetFocus();
 }
 
 void ToolSwitch::set(bool on) const {
     mainForm().menu(menuRow_).setChecked(on);
     mainForm().Toolbar1.setValue(buttonKey_, on);
-}
-
-bool deliversToTableWizard() {
-    return activeFormName == "frmTableWiz";
 }
 
 }  // namespace kelvor

@@ -25,7 +25,4 @@ private:
     std::string_view buttonKey_;
 };
 
-/// Whether what the tools deliver goes into the table wizard's cell.
-bool deliversToTableWizard();
-
 }  // namespace kelvor

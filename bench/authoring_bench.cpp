@@ -96,7 +96,6 @@ public:
         mainForm().mdi.show(*window_);
         window_->Text1.setText(text);
         QApplication::processEvents();
-        screen.start();
     }
     ~Bench() {
         releaseMainForm();
@@ -107,7 +106,11 @@ public:
     Bench& operator=(const Bench&) = delete;
 
     EditControl& text() { return window_->Text1; }
-    Windows& windows() { return platform_.windows; }
+    void show(Form& form) {
+        form.load();
+        platform_.windows.showModeless(form, true);
+        QApplication::processEvents();
+    }
     ClosingDialogs dialogs;
 
 private:
@@ -178,15 +181,19 @@ double bareConvert(const std::string& text) {
     return secondsSince(start);
 }
 
-/// Runs `command` and `bare` on the same text; `command` gives back whether the outcome was right.
+/// Runs `command` and `bare` on the same text; `command` gives back whether the outcome was right. `dialog` gives the
+/// form that is open then, if any.
 template <typename Surface, typename Command>
-void compare(benchmark::State& state, const std::string& text, double (*bare)(const std::string&), Command command) {
+void compare(benchmark::State& state, const std::string& text, double (*bare)(const std::string&), Command command,
+             Form& (*dialog)() = nullptr) {
     double ours = 0;
     double others = 0;
     double wait = 0;
     for (auto _ : state) {
         others += bare(text);
         Bench<Surface> bench(text);
+        if (dialog) bench.show(dialog());
+        bench.screen.start();
         const auto start = SteadyClock::now();
         const bool right = command(bench);
         bench.screen.processEvents();
@@ -249,12 +256,11 @@ void ConvertCharacters(benchmark::State& state) {
     for (int hit = 0; hit < state.range(0); ++hit)
         text.replace(static_cast<std::size_t>(hit) * 120, 2,
                      specialChars[static_cast<std::size_t>(hit % 62)].character);
-    compare<Surface>(state, text, bareConvert, [&](auto& bench) {
-        convert().load();
-        bench.windows().showModeless(convert(), true);
+    const auto command = [&](auto& bench) {
         convert().cmdConvert.click();
         return bench.dialogs.lastText == std::to_string(state.range(0)) + " replacements made.";
-    });
+    };
+    compare<Surface>(state, text, bareConvert, command, []() -> Form& { return convert(); });
 }
 BENCHMARK(ConvertCharacters<qt::ScintillaEdit>)
     ->Arg(0)

@@ -71,12 +71,7 @@ void mnuFile_Open_Click() {
     dialog.filterIndex = preferredFilterIndex();
     dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
     dialog.fileName.clear();
-    try {
-        dialog.ShowOpen();
-    } catch (const Error& error) {
-        if (error.number() == error_number::dialogCancelled) return;
-        throw;
-    }
+    if (!answered(dialog, &CommonDialog::ShowOpen)) return;
     lastDir = directoryPart(dialog.fileName);
     const auto paths = dialog.fileNames;
     for (const std::string& path : paths) openOne(path);

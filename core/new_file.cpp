@@ -19,8 +19,7 @@ void mnuFile_New_Click() {
                      .icon = MessageIcon::critical});
         return;
     }
-    formLoadFailed = false;
-    showFormForContext(templateHolder(), ShowMode::modal);
+    openToolForm(templateHolder(), ShowMode::modal);
 }
 
 }  // namespace kelvor

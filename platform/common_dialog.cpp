@@ -47,4 +47,14 @@ void CommonDialog::ShowColor() {
     color = *chosen;
 }
 
+bool answered(CommonDialog& dialog, void (CommonDialog::*show)()) {
+    try {
+        (dialog.*show)();
+        return true;
+    } catch (const Error& error) {
+        if (error.number() != error_number::dialogCancelled) throw;
+        return false;
+    }
+}
+
 }  // namespace kelvor

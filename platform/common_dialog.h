@@ -45,4 +45,8 @@ private:
     void take(std::vector<std::string> paths);
 };
 
+/// Shows the dialog; false when it was cancelled.
+/// @param show  ShowOpen, ShowSave or ShowColor
+bool answered(CommonDialog& dialog, void (CommonDialog::*show)());
+
 }  // namespace kelvor

@@ -40,6 +40,11 @@ void ListBox::setSelectedRow(int row) {
     change(selectedRow_, row, Aspect::selection);
 }
 
+std::optional<std::string> ListBox::selectedText() const {
+    if (selectedRow_ < 0) return std::nullopt;
+    return rows_[static_cast<std::size_t>(selectedRow_)];
+}
+
 void ListBox::doubleClick(int row) {
     setSelectedRow(row);
     doubleClicked.raise();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ public:
     /// The selected row from 0, or -1.
     int selectedRow() const { return selectedRow_; }
     void setSelectedRow(int row);
+    /// The selected row's text; none without a selection.
+    std::optional<std::string> selectedText() const;
 
     /// The user's double click on a row.
     void doubleClick(int row);

@@ -42,11 +42,13 @@ public:
 class Clock {
 public:
     virtual ~Clock() = default;
+    /// The local time.
     virtual DateTime now() = 0;
-    /// A day in the locale's forms.
+    /// A day in the locale's short and long form.
     virtual std::string shortDate(const Date& day) = 0;
-    virtual std::string mediumDate(const Date& day) = 0;
     virtual std::string longDate(const Date& day) = 0;
+    /// "05-Mar-26", with the locale's name of the month.
+    virtual std::string mediumDate(const Date& day) = 0;
     /// The time of the day in the locale's usual form.
     virtual std::string time(const DateTime& moment) = 0;
     /// The locale's full names of a day's month and of its weekday.

@@ -15,8 +15,7 @@ About::About() : Form("frmAbout", "About Kelvor") {
 
 void mnuHelp_About_Click() {
     static FormInstance<About> about;
-    formLoadFailed = false;
-    showFormForContext(about.get(), ShowMode::modal);
+    openToolForm(about.get(), ShowMode::modal);
 }
 
 }  // namespace kelvor

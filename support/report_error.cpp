@@ -33,7 +33,8 @@ std::string onOneLine(std::string_view text) {
 }
 
 void appendToLog(const std::string& number, const std::string& description) {
-    const std::string line = onOneLine(platform().clock.longDate(platform().clock.now().date) + " " + number + " " + description) + "\r\n";
+    Clock& clock = platform().clock;
+    const std::string line = onOneLine(clock.longDate(clock.now().date) + " " + number + " " + description) + "\r\n";
     const std::string path = errorLogPath();
     std::error_code missing;
     const std::uintmax_t size = std::filesystem::file_size(path, missing);

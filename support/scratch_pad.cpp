@@ -26,12 +26,7 @@ std::string askForFile() {
     prepareSaveDialog(dialog_flag::overwritePrompt | dialog_flag::hideReadOnly);
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.fileName.clear();
-    try {
-        dialog.ShowSave();
-    } catch (const Error& error) {
-        if (error.number() == error_number::dialogCancelled) return {};
-        throw;
-    }
+    if (!answered(dialog, &CommonDialog::ShowSave)) return {};
     lastDir = directoryPart(dialog.fileName);
     return dialog.fileName;
 }
@@ -75,7 +70,7 @@ void ScratchPad::setUpMenu() {
 }
 
 void ScratchPad::Form_Load() {
-    keys_.emplace().setHookedRTB(&spRTF1);
+    keys_.setHookedRTB(&spRTF1);
     spRTF1.SetFocus();
     // The program's end asks too, while Cancel can still stop it.
     frameCloses_ = mainForm().queryUnload.connectScoped([this](bool& cancel) {
@@ -94,8 +89,8 @@ void ScratchPad::Form_QueryUnload(bool& cancel) {
 }
 
 void ScratchPad::Form_Unload() {
-    keys_.reset();
-    if (hasMdiChild()) mainForm().activeForm().Text1.SetFocus();
+    keys_.setHookedRTB(nullptr);
+    if (hasMdiChild()) activeText().SetFocus();
 }
 
 void ScratchPad::checkSave() {
@@ -125,8 +120,7 @@ void ScratchPad::append(std::string_view text) {
 }
 
 void showScratchPad() {
-    formLoadFailed = false;
-    showFormForContext(scratchPad(), ShowMode::floating);
+    openToolForm(scratchPad(), ShowMode::floating);
 }
 
 void mnuRClick_SendSP_Click() {
@@ -134,7 +128,7 @@ void mnuRClick_SendSP_Click() {
     const EventScope scope;
     ScratchPad& pad = scratchPad();
     showScratchPad();
-    if (pad.isLoaded()) pad.append(mainForm().activeForm().Text1.selText());
+    if (pad.isLoaded()) pad.append(activeText().selText());
 }
 
 }  // namespace kelvor

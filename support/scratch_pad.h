@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "authoring/htmlkeys.h"
@@ -47,7 +46,7 @@ private:
     void mnusp_selAll_Click();
     void mnusp_save_Click();
 
-    std::optional<htmlkeys> keys_;
+    htmlkeys keys_;
     Connection frameCloses_;
     bool textChanged_ = false;
 };

@@ -20,7 +20,7 @@ FLOORS = (
     ("support/help_pages", 1),
     ("support/desktop_tools", 1),
     ("authoring/common", 1),
-    ("authoring/anchor_prompts", 1),
+    ("authoring/anchors", 1),
     ("authoring/htmlkeys", 1),
     ("core/frame", 1),
     ("core/edit_window", 1),

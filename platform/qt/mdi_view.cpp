@@ -45,6 +45,14 @@ protected:
         QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
     }
 
+    void changeEvent(QEvent* event) override {
+        QMdiSubWindow::changeEvent(event);
+        if (event->type() != QEvent::WindowStateChange || !widget()) return;
+        const QString title = widget()->windowTitle();
+        // An icon has no room for the directories.
+        setWindowTitle(isMinimized() ? title.section(QLatin1Char('/'), -1) : title);
+    }
+
 private:
     Form* form_;
 };

@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <utility>
 
+#include "platform/form.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/key_codes.h"
 
@@ -35,8 +36,10 @@ QAccessibleInterface* standIn(const QString&, QObject* object) {
 
 }  // namespace
 
-ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner) : control_(&control), owner_(owner) {
+ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner)
+    : control_(&control), owner_(owner), isField_(control.form().kind() == Form::Kind::tool) {
     setUpText();
+    if (isField_) send(SCI_SETWRAPMODE, SC_WRAP_WORD);
     setUpKeys();
     showFont();
     connect(this, &QsciScintillaBase::SCN_MODIFIED, [this](int start, int kind, const char*, int length) {
@@ -120,7 +123,8 @@ void ScintillaWidget::showFont() {
 void ScintillaWidget::showColors(int textColor, int backColor) {
     textColor_ = textColor;
     backColor_ = backColor;
-    const QPalette colors = palette();
+    QPalette colors = palette();
+    colors.setCurrentColorGroup(isEnabled() ? QPalette::Active : QPalette::Disabled);
     const int text = textColor >= 0 ? textColor : fromQt(colors.color(QPalette::Text));
     send(SCI_STYLESETFORE, STYLE_DEFAULT, text);
     send(SCI_STYLESETBACK, STYLE_DEFAULT, backColor >= 0 ? backColor : fromQt(colors.color(QPalette::Base)));
@@ -188,7 +192,7 @@ bool ScintillaWidget::runClipboardKey(const QKeyEvent& event) {
 }
 
 void ScintillaWidget::type(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {
+    if (event->key() == Qt::Key_Tab && event->modifiers() == (isField_ ? Qt::ControlModifier : Qt::NoModifier)) {
         SendScintilla(SCI_REPLACESEL, "\t");
         return;
     }
@@ -235,7 +239,12 @@ void ScintillaWidget::focusInEvent(QFocusEvent* event) {
 
 void ScintillaWidget::changeEvent(QEvent* event) {
     QsciScintillaBase::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) showColors(textColor_, backColor_);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
+        showColors(textColor_, backColor_);
+}
+
+bool ScintillaWidget::focusNextPrevChild(bool next) {
+    return isField_ ? QAbstractScrollArea::focusNextPrevChild(next) : QsciScintillaBase::focusNextPrevChild(next);
 }
 
 QByteArray ScintillaWidget::fromMimeData(const QMimeData* source, bool& rectangular) const {

@@ -60,6 +60,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
 
 private:
@@ -74,6 +75,8 @@ private:
 
     EditControl* control_;  ///< nullptr once it has ended
     Owner& owner_;          ///< ends with the control
+    /// In a form of fields the text is one of them: Tab leaves it, and its lines end at its width.
+    const bool isField_;
     int handling_ = 0;
     bool readAloud_ = false;
     int textColor_ = -1;

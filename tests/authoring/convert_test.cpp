@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "authoring/special_chars.h"
 #include "tests/kelvor_fixture.h"
 
 namespace kelvor {
@@ -10,10 +9,7 @@ namespace {
 
 class ConvertDialog : public KelvorTest {
 protected:
-    ConvertDialog() {
-        initSpecialChars();
-        start();
-    }
+    ConvertDialog() { start(); }
 
     /// Shows the dialog, chooses a direction and presses Convert; gives the pairs that were shown.
     std::vector<std::string> run(int direction, int replacements) {

@@ -67,6 +67,7 @@ TEST_F(StripTags, TheCommandsStripTheSelectionOrTheTextInOneStep) {
     listening.reset();
     text.undo();
     EXPECT_EQ(text.text(), "<a>12<c>3");
+    EXPECT_EQ(text.selStart(), 8);  // where the last tag is, not the end of the text
 }
 
 }  // namespace

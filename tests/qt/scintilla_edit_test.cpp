@@ -39,7 +39,7 @@ protected:
     }
 
     FakePlatform platform;
-    Form form{"window", "Window"};
+    Form form{"window", "Window", Form::Kind::child};
     std::unique_ptr<ScintillaEdit> edit = std::make_unique<ScintillaEdit>(form, "Text1");
     int changes = 0;
     int moves = 0;
@@ -95,9 +95,18 @@ TEST_F(ScintillaEditTest, HandlersGetKeyCodes) {
         {Qt::Key_B, Qt::ControlModifier, 56, 'B', 2},
         {Qt::Key_1, controlShift, 10, '1', 3},
         {Qt::Key_Exclam, controlShift, 10, '1', 3},
+        // A German keyboard has these signs above its digits.
         {Qt::Key_QuoteDbl, controlShift, 11, '2', 3},
         {Qt::Key_section, controlShift, 12, '3', 3},
+        {Qt::Key_Slash, controlShift, 16, '7', 3},
         {Qt::Key_Equal, controlShift, 19, '0', 3},
+        // A French one has them below, and its letters elsewhere.
+        {Qt::Key_6, controlShift, 15, '6', 3},
+        {Qt::Key_Ampersand, Qt::ControlModifier, 10, '1', 2},
+        {Qt::Key_Eacute, Qt::ControlModifier, 11, '2', 2},
+        {Qt::Key_Apostrophe, Qt::ControlModifier, 13, '4', 2},
+        {Qt::Key_A, Qt::ControlModifier, 24, 'A', 2},
+        {Qt::Key_Period, controlShift, 59, 0, 0},
         {Qt::Key_Equal, controlShift, 21, 0, 0},
         {Qt::Key_AsciiCircum, controlShift, 0, '6', 3},
         {Qt::Key_Space, controlShift, 65, key_code::space, 3},

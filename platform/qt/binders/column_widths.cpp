@@ -38,11 +38,12 @@ ColumnWidths::ColumnWidths(const ReportView& list, QTreeView& view, QObject* par
 }
 
 void ColumnWidths::note(const RowChange& change) {
+    const std::vector<int> before = needed_;
     if (list_.count() == 0) needed_.assign(needed_.size(), 0);
     const bool all = change.kind == RowChange::Kind::renewed;
     if (change.kind != RowChange::Kind::removed)
         measure(all ? 0 : change.first, all ? static_cast<int>(list_.count()) - 1 : change.last);
-    placeSoon();
+    if (needed_ != before) placeSoon();
 }
 
 void ColumnWidths::measure(int first, int last) {

@@ -18,6 +18,9 @@ void bindEditControl(EditControl& edit, QWidget& place, FormLink& link) {
     auto* layout = new QVBoxLayout(&place);
     layout->setContentsMargins({});
     layout->addWidget(widget);
+    // Tab comes to it where it comes to the place, which it would reach last otherwise.
+    place.setFocusPolicy(Qt::StrongFocus);
+    QWidget::setTabOrder(&place, widget);
     place.setFocusProxy(widget);
     const auto tellOvertype = [surface] { keyStates().setOvertype(surface->overtype()); };
     surface->overtypeChanged.connect(tellOvertype);

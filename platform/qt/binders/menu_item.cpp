@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <algorithm>
 #include <set>
 
 #include "platform/form.h"
@@ -101,10 +102,13 @@ void bindMenus(FormLink& link) {
         if (item->parent()) parents.insert(item->parent());
     }
     if (items.empty()) return;
-    QMenuBar& bar = menuBarOf(link.window());
-    QHash<const MenuItem*, QWidget*> places{{nullptr, &bar}};
+    // Where all the tops are hidden, being popups, there is no bar to have them.
+    const bool onlyPopups = std::none_of(items.begin(), items.end(),
+                                         [](const MenuItem* item) { return !item->parent() && item->visible(); });
+    QWidget& top = onlyPopups ? link.window() : menuBarOf(link.window());
+    QHash<const MenuItem*, QWidget*> places{{nullptr, &top}};
     for (MenuItem* item : items) {
-        QWidget& place = *places.value(item->parent(), &bar);
+        QWidget& place = *places.value(item->parent(), &top);
         if (parents.contains(item)) {
             places.insert(item, &addMenu(*item, place, link));
         } else {

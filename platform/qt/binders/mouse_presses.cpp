@@ -1,6 +1,7 @@
 #include "platform/qt/binders/mouse_presses.h"
 
 #include <QAbstractItemView>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QWidget>
 #include <utility>
@@ -38,6 +39,7 @@ private:
     std::function<void(const MousePress&)> tell_;
 };
 
+/// Keeps presses beside the rows from the list.
 class ChoiceKeeper : public QObject {
 public:
     ChoiceKeeper(const QAbstractItemView& list, FormLink& link) : QObject(&link), list_(list) {}
@@ -53,6 +55,28 @@ private:
     const QAbstractItemView& list_;
 };
 
+/// Tells the menu key as a right press on the row in focus.
+class MenuKey : public QObject {
+public:
+    MenuKey(const QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell)
+        : QObject(&link), list_(list), tell_(std::move(tell)) {}
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::ContextMenu) return false;
+        if (static_cast<const QContextMenuEvent&>(*event).reason() != QContextMenuEvent::Keyboard) return false;
+        const QPoint place = list_.visualRect(list_.currentIndex()).center();
+        const MousePress press = {.button = MousePress::right, .shift = 0, .x = place.x(), .y = place.y()};
+        QMetaObject::invokeMethod(
+            this, [this, press] { tell_(press); }, Qt::QueuedConnection);
+        return true;
+    }
+
+private:
+    const QAbstractItemView& list_;
+    std::function<void(const MousePress&)> tell_;
+};
+
 }  // namespace
 
 void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
@@ -63,6 +87,7 @@ void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
 void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell) {
     // The filter that comes last is asked first.
     list.viewport()->installEventFilter(new ChoiceKeeper(list, link));
+    list.installEventFilter(new MenuKey(list, link, tell));
     tellMousePresses(*list.viewport(), *list.viewport(), link, std::move(tell));
 }
 

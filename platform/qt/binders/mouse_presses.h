@@ -17,8 +17,8 @@ class FormLink;
 void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
                       std::function<void(const MousePress&)> tell);
 
-/// The same for the presses on a list. A right one beside the rows leaves the user's choice as it is, for a menu that
-/// opens there is about that choice.
+/// The same for the presses on a list, and the menu key as a right press on the row in focus. A right one beside the
+/// rows leaves the user's choice as it is, for a menu that opens there is about that choice.
 void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell);
 
 }  // namespace kelvor::qt

@@ -44,7 +44,7 @@ public:
         const bool many = std::max(selection().size(), rows.size()) > manyRuns;
         if (many && command.testFlag(Clear) && !rows.isEmpty()) {
             const QSignalBlocker blocker(this);
-            QItemSelectionModel::select({}, Clear);
+            QItemSelectionModel::select(QItemSelection(), Clear);
         }
         QItemSelectionModel::select(rows, command);
     }

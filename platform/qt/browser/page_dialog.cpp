@@ -3,8 +3,10 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace kelvor::qt {
@@ -13,6 +15,9 @@ namespace {
 
 constexpr qsizetype longestText = 2000;
 constexpr int longestEntry = 10000;
+
+/// What the icon and the buttons of a title bar take, in heights of the bar.
+constexpr int titleBarParts = 5;
 
 }  // namespace
 
@@ -32,6 +37,11 @@ PageAnswer askForPage(QWidget& view, const QString& text, bool canRefuse, QStrin
     QObject::connect(buttons, &Box::rejected, &dialog, &QDialog::reject);
     auto* layout = new QVBoxLayout(&dialog);
     for (QWidget* part : std::initializer_list<QWidget*>{label, line, silence, buttons}) layout->addWidget(part);
+
+    QFont titleFont = dialog.font();
+    titleFont.setBold(true);
+    dialog.setMinimumWidth(QFontMetrics(titleFont).horizontalAdvance(dialog.windowTitle()) +
+                           titleBarParts * dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight));
 
     const bool accepted = dialog.exec() == QDialog::Accepted;
     if (accepted && entry) *entry = line->text();

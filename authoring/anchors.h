@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kelvor {
 
@@ -8,5 +9,10 @@ namespace kelvor {
 /// "" when nothing was entered or the box was cancelled.
 std::string askAnchorUrl();
 std::string askAnchorName();
+
+/// What stands before the text of a link and of a name anchor; the values as they stand. Both end in closingAnchor.
+std::string openingAnchor(std::string_view target);
+std::string openingNameAnchor(std::string_view name);
+inline constexpr std::string_view closingAnchor = "</A>";
 
 }  // namespace kelvor

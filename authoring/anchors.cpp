@@ -1,4 +1,4 @@
-#include "authoring/anchor_prompts.h"
+#include "authoring/anchors.h"
 
 #include "platform/platform.h"
 
@@ -13,6 +13,14 @@ std::string askAnchorName() {
     return platform().dialogs.input(
         {.prompt = "Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
          .title = "Make named anchor"});
+}
+
+std::string openingAnchor(std::string_view target) {
+    return "<A HREF=\"" + std::string(target) + "\">";
+}
+
+std::string openingNameAnchor(std::string_view name) {
+    return "<A NAME=\"" + std::string(name) + "\">";
 }
 
 }  // namespace kelvor
