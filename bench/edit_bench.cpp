@@ -2,98 +2,24 @@
 // "Time" is the edit control's, `bare_ms` the other's, `ratio` the first by the second. The iterations are fixed,
 // since the time that counts is that of one side only.
 
-#include <Qsci/qsciscintillabase.h>
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "bench/bare_scintilla.h"
 #include "platform/form.h"
 #include "platform/qt/scintilla_edit.h"
 #include "platform/text_buffer.h"
 
-namespace kelvor {
+namespace kelvor::bench {
 namespace {
 
-using Sci = QsciScintillaBase;
-using Clock = std::chrono::steady_clock;
-
-double secondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-/// Lines of 60 bytes with one match each, CR LF at their ends.
-std::string lines(int count) {
-    const std::string line = "<TD ALIGN=\"left\"><FONT SIZE=\"2\">Some table text</FONT></TD>\r\n";
-    std::string text;
-    text.reserve(line.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) text += line;
-    return text;
-}
-
-constexpr int linesOf12Megabytes = 200'000;
 constexpr int linesOf100Megabytes = 1'640'000;
-const std::string oldText = "size=\"2\"";
-const std::string newText = "SIZE=\"+1\"";
-
-/// Scintilla with as little around it as the work allows.
-class BareScintilla : public Sci {
-public:
-    BareScintilla() {
-        SendScintilla(SCI_SETCODEPAGE, static_cast<long>(SC_CP_UTF8));
-        SendScintilla(SCI_SETMODEVENTMASK, 0L);
-    }
-    void append(const std::string& text) { send(SCI_APPENDTEXT, text); }
-    long send(unsigned int message, const std::string& text) {
-        return SendScintilla(message, static_cast<uintptr_t>(text.size()), text.data());
-    }
-};
-
-/// Both times of all iterations, in seconds.
-class Comparison {
-public:
-    explicit Comparison(benchmark::State& state) : state_(state) {}
-    ~Comparison() {
-        state_.counters["bare_ms"] = benchmark::Counter(bare_ * 1000, benchmark::Counter::kAvgIterations);
-        state_.counters["ratio"] = ours_ / bare_;
-    }
-    Comparison(const Comparison&) = delete;
-    Comparison& operator=(const Comparison&) = delete;
-
-    void add(double ours, double bare) {
-        state_.SetIterationTime(ours);
-        ours_ += ours;
-        bare_ += bare;
-    }
-
-private:
-    benchmark::State& state_;
-    double ours_ = 0;
-    double bare_ = 0;
-};
-
-double bareReplaceAll(const std::string& text) {
-    BareScintilla bare;
-    bare.append(text);
-    const auto start = Clock::now();
-    bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
-    long from = 0;
-    for (;;) {
-        bare.SendScintilla(Sci::SCI_SETTARGETRANGE, static_cast<unsigned long>(from),
-                           bare.SendScintilla(Sci::SCI_GETLENGTH));
-        const long found = bare.send(Sci::SCI_SEARCHINTARGET, oldText);
-        if (found < 0) break;
-        bare.send(Sci::SCI_REPLACETARGET, newText);
-        from = found + static_cast<long>(newText.size());
-    }
-    bare.SendScintilla(Sci::SCI_ENDUNDOACTION);
-    return secondsSince(start);
-}
 
 double replaceAll(EditControl& edit, const std::string& text) {
     edit.setText(text);
@@ -205,7 +131,7 @@ BENCHMARK(LoadALargeFile<qt::ScintillaEdit>)->Iterations(5)->UseManualTime()->Un
 BENCHMARK(LoadALargeFile<TextBuffer>)->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace kelvor
+}  // namespace kelvor::bench
 
 int main(int argumentCount, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

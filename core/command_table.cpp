@@ -16,6 +16,11 @@
 #include "authoring/strip_tags.h"
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
+#include "batch/case_change.h"
+#include "batch/extended_find.h"
+#include "batch/find.h"
+#include "batch/find_replace.h"
+#include "batch/multi.h"
 #include "core/document.h"
 #include "core/document_assistant.h"
 #include "core/edit_commands.h"
@@ -63,6 +68,8 @@ constexpr CommandRow commands[] = {
     {"mnuEdit_Paste", mnuEdit_Paste_Click},
     {"mnuEdit_SelectAll", mnuEdit_SelectAll_Click},
     {"mnuEdit_Delete", mnuEdit_Delete_Click},
+    {"mnuEdit_Find", mnuEdit_Find_Click},
+    {"mnuEdit_FindReplace", mnuEdit_FindReplace_Click},
     {"mnuInsert_Date", mnuInsert_Date_Click},
     {"mnuTools_StripTags", mnuTools_StripTags_Click},
     {"mnuEdit_StripSel", mnuEdit_StripSel_Click},
@@ -82,6 +89,9 @@ constexpr CommandRow commands[] = {
     {"mnuInsert_Link_telnet", linkToScheme<LinkScheme::telnet>},
     {"mnuInsert_Link_wais", linkToScheme<LinkScheme::wais>},
 
+    {"mnuTools_ChangeLinks", mnuTools_ChangeLinks_Click},
+    {"mnuEdit_eFind", mnuEdit_eFind_Click},
+    {"mnuTools_multi", mnuTools_multi_Click},
     {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
     {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
     {"mnuTools_Tavlok", runTavlok},
@@ -187,11 +197,8 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {
-    "mnuEdit_Find",      "mnuEdit_FindReplace", "mnuTools_ChangeLinks", "mnuEdit_eFind",
-    "mnuTools_multi",    "mnuTools_Format",     "mnuInsert_Image",      "mnuInsert_Links",
-    "mnuInsert_Scripts", "mnuInsert_TableWiz",  "mnuFile_Pref",
-};
+constexpr const char* rowsToCome[] = {"mnuTools_Format",   "mnuInsert_Image",    "mnuInsert_Links",
+                                      "mnuInsert_Scripts", "mnuInsert_TableWiz", "mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));
@@ -246,6 +253,10 @@ void connectDocuments() {
     static const Connection popup = CDocument::rightPressed().connectScoped([] {
         checkSelText();
         popUp("mnuRClick");
+    });
+    static const Connection gone = CDocument::windowGone().connectScoped([] {
+        forgetFindDocument();
+        forgetReplaceDocument();
     });
     static const Connection chords = CDocument::editChord().connectScoped(Edit_Action);
 }

@@ -8,6 +8,8 @@
 #include "authoring/special_character_insertion.h"
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
+#include "batch/find.h"
+#include "batch/find_replace.h"
 #include "core/document_assistant.h"
 #include "core/edit_commands.h"
 #include "core/file_close.h"
@@ -62,6 +64,8 @@ constexpr ButtonRow mainRows[] = {
     {"Open", mnuFile_Open_Click},
     {"Save", mnuFile_Save_Click},
     {"Save As", mnuFile_SaveAs_Click},
+    {"Find", mnuEdit_Find_Click},
+    {"findReplace", mnuEdit_FindReplace_Click},
     {"Copy", mnuEdit_Copy_Click},
     {"Cut", mnuEdit_Cut_Click},
     {"Paste", mnuEdit_Paste_Click},
@@ -115,10 +119,10 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Find",       "findReplace", "Links",       "Image",      "Scripts",
-                                      "Table",      "Format",      "form_open",   "form_text",  "form_textarea",
-                                      "form_check", "form_radio",  "form_select", "form_image", "form_hidden",
-                                      "form_pw",    "form_reset",  "form_button", "form_submit"};
+constexpr const char* keysToCome[] = {"Links",       "Image",      "Scripts",       "Table",      "Format",
+                                      "form_open",   "form_text",  "form_textarea", "form_check", "form_radio",
+                                      "form_select", "form_image", "form_hidden",   "form_pw",    "form_reset",
+                                      "form_button", "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {

@@ -60,28 +60,8 @@ Target openTarget(const std::string& path) {
     return {path, createFile(path), true, {}, false};
 }
 
-/// Writes all of `bytes` from the file's begin; false, and why in errno, when it could not.
-bool writeWhole(int descriptor, std::string_view bytes) {
-    for (std::size_t written = 0; written < bytes.size();) {
-        const auto count = uninterrupted([&] {
-            return systemCalls().pwrite(descriptor, bytes.data() + written, bytes.size() - written,
-                                        static_cast<off_t>(written));
-        });
-        if (count == 0) errno = EIO;
-        if (count <= 0) return false;
-        written += static_cast<std::size_t>(count);
-    }
-    return true;
-}
-
 bool truncateTo(int descriptor, off_t length) {
     return uninterrupted([&] { return systemCalls().ftruncate(descriptor, length); }) == 0;
-}
-
-/// Waits until the bytes are on the disk. File systems that have no such order are taken at their word.
-bool flush(int descriptor) {
-    if (uninterrupted([&] { return systemCalls().fsync(descriptor); }) == 0) return true;
-    return errno == EINVAL || errno == EROFS || errno == ENOSYS || errno == EOPNOTSUPP;
 }
 
 /// Sets room aside for the new bytes before the first of them is written. False when the disk says that there

@@ -78,4 +78,22 @@ std::string readToEnd(int descriptor, off_t size, const std::string& path) {
     return bytes;
 }
 
+bool writeWhole(int descriptor, std::string_view bytes) {
+    for (std::size_t written = 0; written < bytes.size();) {
+        const auto count = uninterrupted([&] {
+            return systemCalls().pwrite(descriptor, bytes.data() + written, bytes.size() - written,
+                                        static_cast<off_t>(written));
+        });
+        if (count == 0) errno = EIO;
+        if (count <= 0) return false;
+        written += static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+bool flush(int descriptor) {
+    if (uninterrupted([&] { return systemCalls().fsync(descriptor); }) == 0) return true;
+    return errno == EINVAL || errno == EROFS || errno == ENOSYS || errno == EOPNOTSUPP;
+}
+
 }  // namespace kelvor

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/system_calls.h"
 
@@ -25,5 +26,12 @@ std::optional<RegularFile> openRegularFile(const std::string& path, int flags);
 /// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
 /// writes as they are read have no size. Throws Error.
 std::string readToEnd(int descriptor, off_t size, const std::string& path);
+
+/// Writes all of `bytes` from the file's begin; false, and why in errno, when it could not.
+bool writeWhole(int descriptor, std::string_view bytes);
+
+/// Waits until the bytes are on the disk; false, and why in errno, when it reports an error. File systems that have no
+/// such order are taken at their word.
+bool flush(int descriptor);
 
 }  // namespace kelvor

@@ -1,7 +1,10 @@
 #include "platform/system_calls.h"
 
 #include <fcntl.h>
+#include <sys/xattr.h>
 #include <unistd.h>
+
+#include <cstdio>
 
 namespace kelvor {
 
@@ -9,14 +12,19 @@ SystemCalls kernelCalls() {
     SystemCalls calls;
     calls.open = [](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); };
     calls.stat = ::stat;
+    calls.lstat = ::lstat;
     calls.fstat = ::fstat;
     calls.pread = ::pread;
     calls.pwrite = ::pwrite;
     calls.fallocate = ::fallocate;
     calls.ftruncate = ::ftruncate;
+    calls.fchown = ::fchown;
+    calls.fchmod = ::fchmod;
+    calls.fsetxattr = ::fsetxattr;
     calls.fsync = ::fsync;
     calls.close = ::close;
     calls.unlink = ::unlink;
+    calls.rename = ::rename;
     return calls;
 }
 

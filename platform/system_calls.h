@@ -15,14 +15,19 @@ namespace kelvor {
 struct SystemCalls {
     std::function<int(const char* path, int flags, mode_t mode)> open;
     std::function<int(const char* path, struct stat* status)> stat;
+    std::function<int(const char* path, struct stat* status)> lstat;
     std::function<int(int descriptor, struct stat* status)> fstat;
     std::function<ssize_t(int descriptor, void* bytes, std::size_t count, off_t offset)> pread;
     std::function<ssize_t(int descriptor, const void* bytes, std::size_t count, off_t offset)> pwrite;
     std::function<int(int descriptor, int mode, off_t offset, off_t length)> fallocate;
     std::function<int(int descriptor, off_t length)> ftruncate;
+    std::function<int(int descriptor, uid_t owner, gid_t group)> fchown;
+    std::function<int(int descriptor, mode_t mode)> fchmod;
+    std::function<int(int descriptor, const char* name, const void* value, std::size_t size, int flags)> fsetxattr;
     std::function<int(int descriptor)> fsync;
     std::function<int(int descriptor)> close;
     std::function<int(const char* path)> unlink;
+    std::function<int(const char* from, const char* to)> rename;
 };
 
 /// The kernel's own.

@@ -1,11 +1,14 @@
 #include "platform/text_encoding.h"
 
 #include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "platform/code_points.h"
 
@@ -24,13 +27,56 @@ constexpr std::array<char16_t, 32> windows1252Upper = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-std::string textFromWindows1252(std::string_view bytes) {
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char character : bytes) {
-        const auto byte = static_cast<uint8_t>(character);
-        appendCodePoint(text, byte >= 0x80 && byte < 0xA0 ? windows1252Upper[byte - 0x80U] : byte);
+uint64_t wordAt(std::string_view bytes, std::size_t position) {
+    uint64_t word = 0;
+    std::memcpy(&word, bytes.data() + position, sizeof word);
+    return word;
+}
+
+/// Where behind `position` the first byte stands that is not ASCII; most of a page is, so many are taken in one look.
+std::size_t skipAscii(std::string_view bytes, std::size_t position) {
+    constexpr uint64_t highBits = 0x8080808080808080;
+    constexpr std::size_t size = sizeof(uint64_t);
+    const auto isAscii = [](uint64_t word) { return (word & highBits) == 0; };
+    while (position + 4 * size <= bytes.size() &&
+           isAscii(wordAt(bytes, position) | wordAt(bytes, position + size) | wordAt(bytes, position + 2 * size) |
+                   wordAt(bytes, position + 3 * size)))
+        position += 4 * size;
+    while (position + size <= bytes.size() && isAscii(wordAt(bytes, position))) position += size;
+    while (position < bytes.size() && static_cast<uint8_t>(bytes[position]) < 0x80) ++position;
+    return position;
+}
+
+/// A byte's character in UTF-8, with room for a copy of fixed size.
+struct Spelling {
+    std::array<char, 4> bytes{};
+    std::size_t length = 0;
+};
+
+std::array<Spelling, 256> spellWindows1252() {
+    std::array<Spelling, 256> spellings;
+    for (std::size_t byte = 0; byte < spellings.size(); ++byte) {
+        std::string character;
+        appendCodePoint(character,
+                        byte >= 0x80 && byte < 0xA0 ? windows1252Upper[byte - 0x80] : static_cast<int>(byte));
+        std::copy(character.begin(), character.end(), spellings[byte].bytes.begin());
+        spellings[byte].length = character.size();
     }
+    return spellings;
+}
+
+std::string textFromWindows1252(std::string_view bytes) {
+    static const auto spellings = spellWindows1252();
+    std::size_t length = 0;
+    for (const char byte : bytes) length += spellings[static_cast<uint8_t>(byte)].length;
+    std::string text(length + sizeof(Spelling::bytes), '\0');
+    char* end = text.data();
+    for (const char byte : bytes) {
+        const auto& spelling = spellings[static_cast<uint8_t>(byte)];
+        std::memcpy(end, spelling.bytes.data(), sizeof spelling.bytes);
+        end += spelling.length;
+    }
+    text.resize(length);
     return text;
 }
 
@@ -60,23 +106,44 @@ UChar32 unitAt(std::string_view bytes, std::size_t position, bool bigEndian) {
     return bigEndian ? first << 8 | second : second << 8 | first;
 }
 
+/// The bits that no ASCII character has in four units of UTF-16.
+uint64_t bitsBeyondAscii(bool bigEndian) {
+    using Units = std::array<uint8_t, 8>;
+    return std::bit_cast<uint64_t>(bigEndian ? Units{0xFF, 0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF, 0x80}
+                                             : Units{0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF});
+}
+
 /// The text of UTF-16 bytes without their mark; nothing when a unit is torn or a surrogate stands alone.
 std::optional<std::string> textFromUtf16(std::string_view bytes, bool bigEndian) {
     if (bytes.size() % 2 != 0) return std::nullopt;
+    const auto beyondAscii = bitsBeyondAscii(bigEndian);
     std::string text;
     text.reserve(bytes.size() / 2 + bytes.size() / 8);
-    for (std::size_t position = 0; position < bytes.size(); position += 2) {
+    // Characters are appended many at once. Four are the most that one step adds.
+    std::array<char, 8192> characters;
+    std::size_t length = 0;
+    for (std::size_t position = 0; position < bytes.size();) {
+        if (length + 4 > characters.size()) text.append(characters.data(), std::exchange(length, 0));
+        if (position + 8 <= bytes.size() && (wordAt(bytes, position) & beyondAscii) == 0) {
+            const char* low = bytes.data() + position + (bigEndian ? 1 : 0);
+            const std::array<char, 4> four = {low[0], low[2], low[4], low[6]};
+            std::memcpy(characters.data() + length, four.data(), four.size());
+            length += four.size();
+            position += 8;
+            continue;
+        }
         auto value = unitAt(bytes, position, bigEndian);
+        position += 2;
         if (U_IS_SURROGATE(value)) {
-            if (!U_IS_LEAD(value) || position + 2 == bytes.size()) return std::nullopt;
-            position += 2;
+            if (!U_IS_LEAD(value) || position == bytes.size()) return std::nullopt;
             const auto trail = unitAt(bytes, position, bigEndian);
+            position += 2;
             if (!U_IS_TRAIL(trail)) return std::nullopt;
             value = U16_GET_SUPPLEMENTARY(value, trail);
         }
-        appendCodePoint(text, value);
+        U8_APPEND_UNSAFE(characters, length, value);
     }
-    return text;
+    return text.append(characters.data(), length);
 }
 
 void appendUnit(std::string& bytes, UChar32 unit, bool bigEndian) {
@@ -105,11 +172,10 @@ std::optional<std::string> utf16FromText(std::string_view text, bool bigEndian) 
 
 /// What `bytes` hold when their text is not the bytes themselves, mark aside.
 std::optional<DecodedText> decodeByConversion(std::string_view bytes) {
-    const bool bigEndian = bytes.starts_with(utf16BigEndianMark);
-    if (bigEndian || bytes.starts_with(utf16LittleEndianMark)) {
-        if (auto text = textFromUtf16(bytes.substr(2), bigEndian)) {
-            return DecodedText{std::move(*text), bigEndian ? Encoding::utf16BigEndian : Encoding::utf16LittleEndian};
-        }
+    const auto marked = encodingOfMark(bytes);
+    if (marked == Encoding::utf16LittleEndian || marked == Encoding::utf16BigEndian) {
+        if (auto text = decodePiece(bytes.substr(markLength(marked)), marked))
+            return DecodedText{std::move(*text), marked};
     }
     if (!isValidUtf8(bytes)) return DecodedText{textFromWindows1252(bytes), Encoding::windows1252};
     return std::nullopt;
@@ -130,6 +196,37 @@ DecodedText decode(std::string&& bytes) {
     return {std::move(bytes), Encoding::utf8WithMark};
 }
 
+Encoding encodingOfMark(std::string_view bytes) {
+    if (bytes.starts_with(utf16LittleEndianMark)) return Encoding::utf16LittleEndian;
+    if (bytes.starts_with(utf16BigEndianMark)) return Encoding::utf16BigEndian;
+    return bytes.starts_with(utf8Mark) ? Encoding::utf8WithMark : Encoding::utf8;
+}
+
+std::size_t markLength(Encoding encoding) {
+    switch (encoding) {
+        case Encoding::utf8WithMark:
+            return utf8Mark.size();
+        case Encoding::utf16LittleEndian:
+        case Encoding::utf16BigEndian:
+            return utf16LittleEndianMark.size();
+        default:
+            return 0;
+    }
+}
+
+std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding) {
+    switch (encoding) {
+        case Encoding::utf16LittleEndian:
+            return textFromUtf16(bytes, false);
+        case Encoding::utf16BigEndian:
+            return textFromUtf16(bytes, true);
+        case Encoding::windows1252:
+            return textFromWindows1252(bytes);
+        default:
+            return isValidUtf8(bytes) ? std::optional(std::string(bytes)) : std::nullopt;
+    }
+}
+
 std::optional<std::string> encode(std::string_view text, Encoding encoding) {
     switch (encoding) {
         case Encoding::utf8:
@@ -146,18 +243,12 @@ std::optional<std::string> encode(std::string_view text, Encoding encoding) {
     return std::nullopt;
 }
 
+bool isAscii(std::string_view bytes) {
+    return skipAscii(bytes, 0) == bytes.size();
+}
+
 bool isValidUtf8(std::string_view bytes) {
-    constexpr uint64_t highBits = 0x8080808080808080;
-    std::size_t position = 0;
-    while (position < bytes.size()) {
-        // Most of a page is ASCII: eight bytes in one look.
-        while (position + sizeof(uint64_t) <= bytes.size()) {
-            uint64_t word = 0;
-            std::memcpy(&word, bytes.data() + position, sizeof word);
-            if ((word & highBits) != 0) break;
-            position += sizeof word;
-        }
-        if (position == bytes.size()) break;
+    for (auto position = skipAscii(bytes, 0); position < bytes.size(); position = skipAscii(bytes, position)) {
         const auto point = codePointAt(bytes, position);
         if (point.value >= firstStrayByte) return false;
         position += point.length;

@@ -22,8 +22,21 @@ DecodedText decode(std::string_view bytes);
 /// The same, taking the bytes over when they need no change.
 DecodedText decode(std::string&& bytes);
 
+/// The encoding that the mark at the begin of a file names; utf8 when there is none. Whether the file is of that
+/// encoding is for decode() to say.
+Encoding encodingOfMark(std::string_view bytes);
+/// How many bytes an encoding's mark has.
+std::size_t markLength(Encoding encoding);
+
+/// The text of a part of a file of that encoding, in which no mark stands before it and no character is cut; nothing
+/// when the encoding has no such bytes. For files too large to wait for.
+std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding);
+
 /// The bytes of `text` (valid UTF-8), or nothing when it has a character that the encoding lacks.
 std::optional<std::string> encode(std::string_view text, Encoding encoding);
+
+/// Whether `bytes` are ASCII alone, which all encodings but UTF-16 hold alike.
+bool isAscii(std::string_view bytes);
 
 /// Whether `bytes` are well-formed UTF-8: no stray, overlong or surrogate form.
 bool isValidUtf8(std::string_view bytes);

@@ -1,6 +1,5 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -12,7 +11,7 @@
 #include "platform/error.h"
 #include "platform/files.h"
 #include "platform/system_calls.h"
-#include "tests/platform/scratch_directory.h"
+#include "tests/platform/faults.h"
 
 namespace kelvor {
 namespace {
@@ -45,59 +44,6 @@ std::string outcomeOf(const std::string& path, const std::string& bytes, int* nu
         return error.description();
     }
 }
-
-/// Calls of which the one of a given number does something else: it fails, or ends the process.
-struct Saboteur {
-    int at = 0;
-    bool fromThenOn = false;
-    int code = 0;
-    bool kill = false;
-    std::size_t mostBytes = 1 << 20;
-
-    int count = 0;
-    std::string firstHit;
-
-    bool strikes(const char* call) {
-        ++count;
-        if (at == 0 || count < at || (count > at && !fromThenOn)) return false;
-        if (kill) ::kill(getpid(), SIGKILL);
-        if (firstHit.empty()) firstHit = call;
-        errno = code;
-        return true;
-    }
-
-    template <typename Result, typename... Arguments>
-    void sabotage(const char* name, std::function<Result(Arguments...)>& call) {
-        call = [this, name, call](Arguments... arguments) -> Result { return strikes(name) ? -1 : call(arguments...); };
-    }
-
-    SystemCalls calls() {
-        auto calls = kernelCalls();
-        calls.pread = [this](int descriptor, void* bytes, std::size_t size, off_t offset) {
-            return ::pread(descriptor, bytes, std::min(size, mostBytes), offset);
-        };
-        calls.pwrite = [this](int descriptor, const void* bytes, std::size_t size, off_t offset) {
-            return ::pwrite(descriptor, bytes, std::min(size, mostBytes), offset);
-        };
-        // Thousands of saves need not reach the disk.
-        calls.fsync = [](int) { return 0; };
-        sabotage("open", calls.open);
-        sabotage("stat", calls.stat);
-        sabotage("fstat", calls.fstat);
-        sabotage("pread", calls.pread);
-        sabotage("pwrite", calls.pwrite);
-        sabotage("fallocate", calls.fallocate);
-        sabotage("ftruncate", calls.ftruncate);
-        sabotage("fsync", calls.fsync);
-        sabotage("unlink", calls.unlink);
-        // A close that reports an error has closed.
-        calls.close = [this](int descriptor) {
-            const int result = ::close(descriptor);
-            return strikes("close") ? -1 : result;
-        };
-        return calls;
-    }
-};
 
 struct Sizes {
     const char* name;
@@ -264,23 +210,6 @@ TEST(FileSave, GivesOldBytesBackAtTheFileSizeLimit) {
     EXPECT_NE(saidOfNew, "");
     EXPECT_EQ(directory.entryCount(), 1U);
 }
-
-/// A small disk of its own.
-class SmallDisk {
-public:
-    SmallDisk() : mounted_(mount("none", directory_.path().c_str(), "tmpfs", 0, "size=64k") == 0), failure_(errno) {}
-    ~SmallDisk() {
-        if (mounted_) umount2(directory_.path().c_str(), MNT_DETACH);
-    }
-    bool mounted() const { return mounted_; }
-    std::string failure() const { return std::strerror(failure_); }
-    const ScratchDirectory& directory() const { return directory_; }
-
-private:
-    ScratchDirectory directory_;
-    bool mounted_;
-    int failure_;
-};
 
 TEST(FileSave, LeavesTheFileWholeOnAFullDisk) {
     const SmallDisk disk;

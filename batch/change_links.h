@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "platform/edit_control.h"
+
+namespace kelvor {
+
+enum class LinkCase { lower = 1, upper = 2 };
+
+/// Brings the quoted values of an attribute to one case, as one undo step. Lets waiting events run; when one of them
+/// changes the text, the rest of the values stays as it is.
+/// @param what  see parseLinkReferences
+/// @return false when a reference was refused
+bool changeLinks(EditControl& box, const std::string& what, LinkCase caseMode);
+
+}  // namespace kelvor

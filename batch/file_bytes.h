@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/system_calls.h"
+
+namespace kelvor {
+
+/// Reads one file after another into the same memory.
+class FileBytes {
+public:
+    /// The bytes of a file that was found to be a regular one, good until the next call. Throws what readFile throws,
+    /// and std::bad_alloc.
+    /// @param pause  called every few megabytes; what it throws ends the reading
+    std::string_view read(const std::string& path, const std::function<void()>& pause);
+
+private:
+    OpenFile open(const std::string& path);
+    void makeRoom(std::size_t size, std::size_t kept);
+
+    std::unique_ptr<char[]> memory_;
+    std::size_t capacity_ = 0;
+    std::string unsized_;
+    std::string directory_;           ///< of the last file, with "/" at its end
+    std::optional<OpenFile> handle_;  ///< leads to it without the way along its path
+};
+
+}  // namespace kelvor

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "batch/file_bytes.h"
+#include "platform/text_encoding.h"
+#include "platform/text_search.h"
+
+namespace kelvor {
+
+/// Counts one text in one file after another. A file's text is what readWholeFile gives.
+class FileCount {
+public:
+    enum class Outcome { counted, unreadable, stopped };
+    struct Result {
+        Outcome outcome = Outcome::counted;
+        std::size_t count = 0;
+    };
+
+    /// @param text   UTF-8; an empty one stands nowhere
+    /// @param goOn   asked at least every few milliseconds of a count; its false ends the count
+    FileCount(std::string_view text, bool matchCase, std::function<bool()> goOn);
+
+    /// How often the text stands in a file; a match that overlaps the one before does not count. A file whose text is
+    /// exactly "error" is taken for one that cannot be read.
+    Result in(const std::string& path);
+
+private:
+    void pause() const;
+    std::size_t countIn(std::string_view text, bool* beyondAscii = nullptr) const;
+    std::size_t countTo(std::size_t end, std::string_view text, std::size_t& from, bool* beyondAscii) const;
+    std::optional<std::size_t> countAsUtf8(std::string_view bytes) const;
+    std::optional<std::size_t> countByPieces(std::string_view bytes, Encoding encoding) const;
+    bool everyPiece(std::string_view bytes, bool (*isSo)(std::string_view)) const;
+    Result countInFile(const std::string& path);
+
+    TextSearch search_;
+    std::function<bool()> goOn_;
+    FileBytes file_;
+    std::size_t textLength_;
+    std::size_t longestMatch_;
+    std::size_t pieceLength_;
+    bool isAscii_;
+    bool needsBeyondAscii_;  ///< no ASCII text alone has it, in whatever case
+    bool hasLineEnd_;
+};
+
+}  // namespace kelvor

@@ -1,0 +1,202 @@
+#include "batch/find_replace.h"
+
+#include "authoring/common.h"
+#include "batch/find.h"
+#include "core/frame.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+const std::string closeCaption = "&Close";
+const std::string cancelCaption = "&Cancel";
+
+int sizeOf(const std::string& text) {
+    return static_cast<int>(text.size());
+}
+
+Answer askToReplace() {
+    return platform().dialogs.message({.text = "Replace this instance?",
+                                       .title = "Find and Replace",
+                                       .icon = MessageIcon::question,
+                                       .buttons = MessageButtons::yesNoCancel});
+}
+
+}  // namespace
+
+FindReplace& findReplace() {
+    static FormInstance<FindReplace> instance;
+    return instance.get();
+}
+
+FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
+    onLoad = [this] { Form_Load(); };
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    unloaded.connect([this] { Form_Unload(); });
+    for (EditControl* box : {&txtFindText, &txtReplace}) box->gotFocus.connect([box] { selectAllOf(*box); });
+    txtFindText.changed.connect([this] { txtFindText_Change(); });
+    chkWithin.clicked.connect([this] { chkWithin_Click(); });
+    cmdReplaceOne.clicked.connect([this] {
+        replaceOneMode_ = true;
+        replace();
+    });
+    cmdReplaceAll.clicked.connect([this] {
+        replaceOneMode_ = false;
+        replace();
+    });
+    cmdClose.clicked.connect([this] { cmdClose_Click(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void FindReplace::Form_Load() {
+    txtFindText.setText(activeText().selText());
+    docCaption = mainForm().activeForm().caption();
+    txtFindText.SetFocus();
+}
+
+void FindReplace::Form_QueryUnload(bool& cancel) {
+    if (cmdClose.caption() != cancelCaption) return;
+    cancelRequested_ = true;
+    cancel = true;
+}
+
+void FindReplace::Form_Unload() {
+    if (hasMdiChild()) activeText().SetFocus();
+}
+
+/// With the box ticked the document's selection is the range, without it the text to find.
+void FindReplace::chkWithin_Click() {
+    txtFindText.setText(chkWithin.value() ? std::string() : activeText().selText());
+    if (chkWithin.value()) txtFindText.SetFocus();
+}
+
+void FindReplace::txtFindText_Change() {
+    searchStart_ = 0;
+    foundAt_ = 0;
+}
+
+void FindReplace::cmdClose_Click() {
+    if (cmdClose.caption() == cancelCaption) {
+        cancelRequested_ = true;
+    } else {
+        unload();
+    }
+}
+
+/// An error on the way leaves the controls as disableC has made them.
+void FindReplace::replace() {
+    if (refuseEmptyFindText(txtFindText.text())) return txtFindText.SetFocus();
+    disableC();
+    Run run = beginRun();
+    if (replaceOneMode_) {
+        replaceAsking(run);
+    } else {
+        replaceAllAtOnce(run);
+    }
+    endRun(run);
+}
+
+FindReplace::Run FindReplace::beginRun() {
+    const EditWindow& window = mainForm().activeForm();
+    EditControl& edit = window.Text1;
+    docCaption = window.caption();
+    const int options = (chkWord.value() ? find_option::wholeWord : 0) + (chkCase.value() ? find_option::matchCase : 0);
+    const bool within = chkWithin.value();
+    searchStart_ = within ? edit.selStart() : 0;
+    const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
+    edit.setSelLength(0);
+    platform().screen.setMousePointer(MousePointer::hourglass);
+    return {edit, txtFindText.text(), txtReplace.text(), options, searchEnd};
+}
+
+void FindReplace::endRun(Run& run) {
+    platform().screen.setMousePointer(MousePointer::standard);
+    platform().dialogs.message({.text = std::to_string(run.count) + " replacements made.",
+                                .title = "Find and Replace",
+                                .icon = MessageIcon::information});
+    run.edit.setSelLength(0);
+    enableC();
+}
+
+void FindReplace::replaceAsking(Run& run) {
+    while (findMatch(run)) {
+        platform().screen.setMousePointer(MousePointer::standard);
+        const Answer answer = askToReplace();
+        if (answer == Answer::cancel) return;
+        if (answer == Answer::yes) {
+            replaceMatch(run);
+        } else {
+            searchStart_ = foundAt_ + run.edit.selLength();
+        }
+        pumpEvents();
+    }
+}
+
+void FindReplace::replaceAllAtOnce(Run& run) {
+    const EditControl::Batch batch(run.edit);
+    while (findMatch(run)) {
+        if (cancelRequested_ && confirmsCancel()) return;
+        replaceMatch(run);
+        pumpEvents();
+    }
+}
+
+/// Selects the next match.
+bool FindReplace::findMatch(Run& run) {
+    foundAt_ = run.edit.Find(run.text, searchStart_, run.searchEnd, run.options);
+    if (foundAt_ < 0) searchStart_ = 0;
+    return foundAt_ >= 0;
+}
+
+void FindReplace::replaceMatch(Run& run) {
+    const int matchLength = run.edit.selLength();
+    run.edit.setSelText(run.replacement);
+    searchStart_ = foundAt_ + sizeOf(run.replacement);
+    run.searchEnd += sizeOf(run.replacement) - matchLength;
+    ++run.count;
+}
+
+bool FindReplace::confirmsCancel() {
+    cancelRequested_ = platform().dialogs.message({.text = "Cancel find and replace?",
+                                                   .title = "Confirm cancel",
+                                                   .icon = MessageIcon::question,
+                                                   .buttons = MessageButtons::yesNo}) == Answer::yes;
+    return cancelRequested_;
+}
+
+void FindReplace::disableC() {
+    cancelRequested_ = false;
+    setControlsEnabled(false);
+    if (replaceOneMode_) {
+        cmdClose.setEnabled(false);
+    } else {
+        cmdClose.setCaption(cancelCaption);
+    }
+}
+
+void FindReplace::enableC() {
+    setControlsEnabled(true);
+    if (!replaceOneMode_) cmdClose.setCaption(closeCaption);
+    cmdClose.setEnabled(true);
+}
+
+/// The controls that no run leaves to the user, the frame among them.
+void FindReplace::setControlsEnabled(bool enabled) {
+    Control* const controls[] = {&txtFindText, &txtReplace,    &chkWord,       &chkCase,
+                                 &chkWithin,   &cmdReplaceOne, &cmdReplaceAll, &cmdHelp};
+    for (Control* control : controls) control->setEnabled(enabled);
+    mainForm().setEnabled(enabled);
+}
+
+void forgetReplaceDocument() {
+    for (Form* form : loadedForms())
+        if (auto* replace = dynamic_cast<FindReplace*>(form)) replace->docCaption.clear();
+}
+
+void mnuEdit_FindReplace_Click() {
+    openToolForm(findReplace(), ShowMode::floating);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,15 @@
+#include "batch/walk_filters.h"
+
+namespace kelvor {
+
+void fillWithFilters(ComboBox& combo, const std::vector<WalkFilter>& filters) {
+    for (const WalkFilter& filter : filters) combo.addItem(filter.text);
+    combo.setListIndex(0);
+}
+
+void walkForEach(DirWalker& walker, const std::vector<std::string>& patterns, const std::string& directory,
+                 bool withSubdirectories) {
+    for (const std::string& pattern : patterns) walker.Walk(directory, pattern, withSubdirectories ? 0 : 1);
+}
+
+}  // namespace kelvor

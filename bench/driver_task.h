@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kelvor::bench {
+
+/// What a task did, in words that a peer's result can be compared with, and the seconds that it took.
+struct TaskResult {
+    std::string result;
+    double elapsed = 0;
+    double processor = 0;
+};
+
+/// Runs `work` and measures it; `work` gives the result.
+TaskResult measured(const std::function<std::string()>& work);
+
+using Task = std::function<TaskResult(const std::vector<std::string>& arguments)>;
+
+/// A task of the driver. Each stands in a file driver_*.cpp of its own and enters itself:
+/// `const RegisteredTask task("walk", "TREE PATTERN", walk);`
+class RegisteredTask {
+public:
+    /// @param arguments  what the command line has after the task's name; as many are required
+    RegisteredTask(const std::string& name, const std::string& arguments, Task task);
+};
+
+}  // namespace kelvor::bench

@@ -1,0 +1,25 @@
+#include "KVFileSystem/dir_walker.h"
+#include "bench/driver_task.h"
+
+namespace kelvor::bench {
+
+namespace {
+
+/// Finds the files below a directory whose names match; the result is how many.
+TaskResult walk(const std::vector<std::string>& arguments) {
+    return measured([&] {
+        std::vector<std::string> paths;
+        DirWalker walker;
+        walker.ItemFound = [&](const std::string& sPath, const std::string& sFileName, bool&) {
+            paths.push_back(sPath + sFileName);
+        };
+        walker.Walk(arguments.at(0), arguments.at(1), 0);
+        return std::to_string(paths.size());
+    });
+}
+
+const RegisteredTask task("walk", "TREE PATTERN", walk);
+
+}  // namespace
+
+}  // namespace kelvor::bench

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/platform.h"
+
+namespace kelvor::bench {
+
+/// Surroundings without a window or a user, in force while they live: edit controls are in memory, dialogs are
+/// answered at once (messages are shown on standard error), waiting events do not come.
+class HeadlessPlatform : private Dialogs,
+                         private Screen,
+                         private Shell,
+                         private Clock,
+                         private Clipboard,
+                         private HelpViewer,
+                         private Windows {
+public:
+    HeadlessPlatform() { setPlatform(&platform_); }
+    ~HeadlessPlatform() override { setPlatform(nullptr); }
+    HeadlessPlatform(const HeadlessPlatform&) = delete;
+    HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
+
+private:
+    Answer message(const Message& message) override;
+    std::string input(const InputRequest& /*request*/) override { return {}; }
+    std::vector<std::string> openFiles(const FileRequest& /*request*/) override { return {}; }
+    std::optional<std::string> saveFile(const FileRequest& /*request*/) override { return {}; }
+    std::optional<int> color() override { return {}; }
+    std::optional<std::string> folder(const std::string& /*title*/, const std::string& /*start*/) override {
+        return {};
+    }
+
+    void beep() override {}
+    void setMousePointer(MousePointer /*pointer*/) override {}
+    std::vector<std::string> fonts() override { return {}; }
+    void processEvents() override {}
+
+    bool open(const std::string& /*target*/) override { return false; }
+    void start(const std::vector<std::string>& /*words*/, const std::string& /*workingDirectory*/) override {}
+
+    DateTime now() override { return {}; }
+    std::string shortDate(const Date& /*day*/) override { return {}; }
+    std::string mediumDate(const Date& /*day*/) override { return {}; }
+    std::string longDate(const Date& /*day*/) override { return {}; }
+    std::string time(const DateTime& /*moment*/) override { return {}; }
+    std::string monthName(const Date& /*day*/) override { return {}; }
+    std::string dayName(const Date& /*day*/) override { return {}; }
+
+    std::string text() override { return {}; }
+    void setText(const std::string& /*text*/) override {}
+
+    void show(const std::string& /*address*/) override {}
+
+    void create(Form& /*form*/) override {}
+    void destroy(Form& /*form*/) override {}
+    void showModal(Form& /*form*/) override {}
+    void showModeless(Form& /*form*/, bool /*owned*/) override {}
+    void hide(Form& /*form*/) override {}
+    void popupMenu(MenuItem& /*menu*/) override {}
+    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
+
+    Platform platform_{*this, *this, *this, *this, *this, *this, *this};
+};
+
+}  // namespace kelvor::bench

@@ -1,0 +1,161 @@
+#include "platform/file_replace.h"
+
+#include <fcntl.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <optional>
+
+#include "platform/file_error.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/system_calls.h"
+
+namespace kelvor {
+
+namespace {
+
+/// A failure of the temporary file, with the name of the file for which it was.
+Error temporaryError(int code, const std::string& temporary, const std::string& path) {
+    return fileError(code, temporary + ", which was to become " + path);
+}
+
+bool isSameMoment(const timespec& left, const timespec& right) {
+    return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
+}
+
+/// Whether nothing happened to the file. The time of the last change of its state cannot be set back, so a write
+/// that leaves size and time as they were shows too.
+bool isUntouched(const struct stat& before, const struct stat& now) {
+    return before.st_dev == now.st_dev && before.st_ino == now.st_ino && before.st_size == now.st_size &&
+           isSameMoment(before.st_mtim, now.st_mtim) && isSameMoment(before.st_ctim, now.st_ctim);
+}
+
+/// Sees to it that the path still leads to the file that was read. Whether another file may take its place: it
+/// has one name, and the path is that name.
+bool isOneNamedFile(const ReplaceableFile& target) {
+    const char* path = target.path.c_str();
+    struct stat named {};
+    if (uninterrupted([&] { return systemCalls().lstat(path, &named); }) != 0) throw fileError(errno, target.path);
+    const bool isLink = S_ISLNK(named.st_mode);
+    if (isLink && uninterrupted([&] { return systemCalls().stat(path, &named); }) != 0) {
+        throw fileError(errno, target.path);
+    }
+    if (!isUntouched(target.opened.status, named)) {
+        throw Error(error_number::pathAccess, "Another program changed the file meanwhile: " + target.path);
+    }
+    return !isLink && named.st_nlink == 1;
+}
+
+/// The names of a file's extended attributes, each ended by a NUL; nothing when they cannot be told.
+std::optional<std::string> attributeNames(int descriptor) {
+    const auto size = flistxattr(descriptor, nullptr, 0);
+    if (size < 0) return errno == ENOTSUP ? std::optional("") : std::nullopt;
+    std::string names(static_cast<std::size_t>(size), '\0');
+    if (size > 0 && flistxattr(descriptor, names.data(), names.size()) != size) return std::nullopt;
+    return names;
+}
+
+bool copyAttribute(int from, int to, const char* name) {
+    const auto size = fgetxattr(from, name, nullptr, 0);
+    if (size < 0) return false;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    if (size > 0 && fgetxattr(from, name, value.data(), value.size()) != size) return false;
+    return systemCalls().fsetxattr(to, name, value.data(), value.size(), 0) == 0;
+}
+
+bool copyAttributes(int from, int to) {
+    const auto names = attributeNames(from);
+    if (!names) return false;
+    for (std::size_t start = 0; start < names->size(); start = names->find('\0', start) + 1) {
+        const char* name = names->c_str() + start;
+        // A write takes a program's capabilities from its file, and so does this.
+        if (std::string_view(name) != "security.capability" && !copyAttribute(from, to, name)) return false;
+    }
+    return true;
+}
+
+/// Gives the temporary file owner, attributes and mode of the one whose place it is to take; whether it has them.
+bool copyRights(const RegularFile& from, int to) {
+    constexpr mode_t copiedBits = 01777;
+    struct stat own {};
+    if (uninterrupted([&] { return systemCalls().fstat(to, &own); }) != 0) return false;
+    const auto& status = from.status;
+    const bool sameOwner = own.st_uid == status.st_uid && own.st_gid == status.st_gid;
+    if (!sameOwner && systemCalls().fchown(to, status.st_uid, status.st_gid) != 0) return false;
+    return copyAttributes(from.file.descriptor(), to) && systemCalls().fchmod(to, status.st_mode & copiedBits) == 0;
+}
+
+/// Writes the bytes into a new file. Whether it also has the target's rights.
+bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
+    constexpr mode_t ownerOnly = 0600;
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    OpenFile file(uninterrupted([&] { return systemCalls().open(temporary.c_str(), flags, ownerOnly); }));
+    if (file.descriptor() < 0 || !writeWhole(file.descriptor(), bytes)) {
+        throw temporaryError(errno, temporary, target.path);
+    }
+    const bool hasRights = copyRights(target.opened, file.descriptor());
+    if (!flush(file.descriptor()) || !file.close()) throw temporaryError(errno, temporary, target.path);
+    return hasRights;
+}
+
+/// Puts the temporary file in the target's place; false when the disk or the directory does not let it.
+bool takePlace(const std::string& temporary, const std::string& path) {
+    if (uninterrupted([&] { return systemCalls().rename(temporary.c_str(), path.c_str()); }) == 0) return true;
+    if (errno == EXDEV || errno == EACCES || errno == EPERM || errno == EROFS || errno == EBUSY) return false;
+    throw fileError(errno, path);
+}
+
+bool isOwnFile(const struct stat& status) {
+    return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
+}
+
+}  // namespace
+
+ReplaceableFile readForReplacement(const std::string& path) {
+    auto opened = openRegularFile(path, O_RDWR);
+    if (!opened) throw fileError(ENOENT, path);
+    auto bytes = readToEnd(opened->file.descriptor(), opened->status.st_size, path);
+    return {path, std::move(*opened), std::move(bytes)};
+}
+
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
+    const bool hasRights = writeTemporary(target, bytes, temporary);
+    if (isOneNamedFile(target) && hasRights && takePlace(temporary, target.path)) return;
+    saveFileInPlace(target.path, bytes);
+    // One that does not go is met by clearTemporary; the target is written all the same.
+    uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
+}
+
+void clearTemporary(const std::string& temporary) {
+    struct stat status {};
+    if (uninterrupted([&] { return systemCalls().lstat(temporary.c_str(), &status); }) != 0) {
+        if (errno == ENOENT) return;
+        throw fileError(errno, temporary);
+    }
+    if (!isOwnFile(status)) {
+        throw Error(error_number::fileAlreadyExists,
+                    "Something else stands in the temporary file's place: " + temporary);
+    }
+    if (uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); }) != 0) {
+        throw fileError(errno, temporary);
+    }
+}
+
+std::vector<std::string> abandonedTemporaries(const std::string& temporary) {
+    const auto own = directoryPart(temporary);
+    const auto base = directoryPart(own);
+    const auto name = fileNamePart(own);
+    const auto begin = name.substr(0, name.find('-') + 1);
+    std::vector<std::string> found;
+    for (const std::string& other : directoriesIn(base)) {
+        if (!other.starts_with(begin) || other == name) continue;
+        auto path = joinPath(joinPath(base, other), fileNamePart(temporary));
+        struct stat status {};
+        if (lstat(path.c_str(), &status) == 0 && isOwnFile(status)) found.push_back(std::move(path));
+    }
+    return found;
+}
+
+}  // namespace kelvor

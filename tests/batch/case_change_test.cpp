@@ -1,0 +1,177 @@
+#include "batch/case_change.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "core/frame.h"
+#include "tests/frame_fixture.h"
+
+namespace kelvor {
+namespace {
+
+constexpr std::size_t nameBox = 1;
+constexpr std::size_t hrefBox = 6;
+using Rows = std::vector<std::string>;
+
+class CaseChangeForm : public FrameFixture {
+protected:
+    CaseChangeForm() { std::filesystem::create_directories(directory.path("site/sub")); }
+    ~CaseChangeForm() override {
+        form().cmdClose.setCaption("&Close");  // a run that failed keeps the form open
+        form().unload();
+    }
+
+    CaseChange& form() { return caseChange(); }
+    /// Shows the form with HREF and NAME ticked.
+    void show() {
+        mnuTools_ChangeLinks_Click();
+        form().activated.raise();
+        for (const std::size_t box : {hrefBox, nameBox}) form().chkVal[box].setValue(true);
+    }
+    /// Shows it with files in its list.
+    void showList(const Rows& names) {
+        show();
+        form().optWhere.select(1);
+        Rows paths;
+        for (const std::string& name : names) paths.push_back(directory.path(name));
+        platform.expectOpen(paths);
+        form().cmdAddFiles.click();
+    }
+    /// The results, each as "name attribute icon".
+    Rows results() {
+        Rows rows;
+        for (const auto& row : form().ListView1.rows()) {
+            rows.push_back(std::filesystem::path(row.cells.at(0)).filename().string() + " " + row.cells.at(1) + " " +
+                           std::to_string(row.icon));
+        }
+        return rows;
+    }
+    void expectRunning(bool running) {
+        EXPECT_EQ(form().cmdClose.caption(), running ? "&Cancel" : "&Close");
+        EXPECT_NE(form().cmdApply.enabled(), running);
+        for (const int page : {0, 1}) EXPECT_NE(form().SSTab1.tabEnabled(page), running);
+        EXPECT_EQ(form().SSTab1.tab(), 2);
+    }
+    void expectCancel() {
+        platform.expectMessage({.text = "Are you sure that you wish to cancel?",
+                                .title = "Confirm cancel",
+                                .icon = MessageIcon::question,
+                                .buttons = MessageButtons::yesNo},
+                               Answer::yes);
+    }
+};
+
+TEST_F(CaseChangeForm, AListedFileIsReadAndSavedForEachAttribute) {
+    directory.write("a.htm", "<A HREF=\"X.HTM\" NAME=\"Top\">\n\xE4");
+    directory.write("b.htm", "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
+    showList({"a.htm", "b.htm"});
+    form().cmdApply.click();
+    EXPECT_EQ(results(), (Rows{"a.htm NAME=\" 1", "a.htm HREF=\" 1", "b.htm NAME=\" 1", "b.htm HREF=\" 2"}));
+    EXPECT_EQ(directory.read("a.htm"), "<A HREF=\"x.htm\" NAME=\"top\">\n\xE4");
+    EXPECT_EQ(directory.read("b.htm"), "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
+    expectRunning(false);
+    form().optCase.select(1);
+    form().cmdApply.click();
+    EXPECT_EQ(directory.read("a.htm"), "<A HREF=\"X.HTM\" NAME=\"TOP\">\n\xE4");
+}
+
+TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
+    for (const char* name : {"a.html", "b.asp", "sub/c.shtml", "d.txt"})
+        directory.write("site/" + std::string(name), "SRC=\"A\" HREF=\"B\"");
+    show();
+    form().chkVal[nameBox].setValue(false);
+    form().optWhere.select(2);
+    EXPECT_FALSE(form().cmdApply.enabled());
+    platform.expectFolder("Select the starting directory.", directory.path("site"));
+    form().lblStartDir.doubleClick();
+    form().chkSubDir.click();
+    form().cboFilter.choose(3);
+    form().cmdApply.click();
+    EXPECT_EQ(results(), (Rows{"a.html HREF=\" 1", "c.shtml HREF=\" 1", "b.asp HREF=\" 1"}));
+    EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"b\"");
+
+    // Without files the run stays unfinished, and the form open.
+    form().lblStartDir.setCaption(directory.path("settings"));
+    platform.expectMessage(
+        {.text = "There are no files matching the selected filter(s) in " + directory.path("settings/"),
+         .title = "No files to search",
+         .icon = MessageIcon::exclamation});
+    form().cmdApply.click();
+    expectRunning(true);
+    EXPECT_EQ(platform.pointer, MousePointer::hourglass);
+    expectCancel();
+    form().cmdClose.click();
+    EXPECT_FALSE(form().unload());
+}
+
+TEST_F(CaseChangeForm, AFileThatFailsEndsTheRunAndKeepsItsBytes) {
+    // In capitals the letter is one that the file's encoding lacks.
+    const std::string bytes = "HREF=\"\xB5\"";
+    for (const auto& [mode, error] : {std::pair(0444U, 70), std::pair(0644U, 5)}) {
+        chmod(directory.write("a.htm", bytes).c_str(), mode);
+        showList({"a.htm"});
+        form().optCase.select(mode == 0444U ? 0 : 1);
+        int number = 0;
+        setErrorSink([&](const Error& thrown) { number = thrown.number(); });
+        form().cmdApply.click();
+        EXPECT_EQ(number, error);
+        EXPECT_EQ(directory.read("a.htm"), bytes);
+        expectRunning(true);
+        form().cmdClose.setCaption("&Close");
+        form().unload();
+        std::filesystem::remove(directory.path("a.htm"));
+    }
+}
+
+TEST_F(CaseChangeForm, CancelIsHeardBetweenFiles) {
+    for (const char* name : {"a.htm", "b.htm"}) directory.write(name, "HREF=\"A\" NAME=\"B\"");
+    showList({"a.htm", "b.htm"});
+    form().ListView1.followRows([this](const RowChange&) {
+        if (form().ListView1.count() != 1) return;
+        expectRunning(true);
+        form().cmdClose.click();
+    });
+    expectCancel();
+    form().cmdApply.click();
+    expectRunning(false);
+    EXPECT_EQ(directory.read("a.htm"), "HREF=\"a\" NAME=\"b\"");
+    EXPECT_EQ(directory.read("b.htm"), "HREF=\"A\" NAME=\"B\"");
+}
+
+TEST_F(CaseChangeForm, TheActiveDocumentIsChangedAsOneStepWhileItTakesNoInput) {
+    EditWindow& window = openText("page.htm", "HREF=\"A\" HREF=\"B<\" HREF=\"C\"");
+    show();
+    form().chkVal[nameBox].setValue(false);
+    window.Text1.changed.connect([] { EXPECT_FALSE(mainForm().enabled()); });
+    form().cmdApply.click();
+    EXPECT_TRUE(mainForm().enabled());
+    EXPECT_EQ(window.Text1.text(), "HREF=\"a\" HREF=\"b<\" HREF=\"c\"");
+    EXPECT_EQ(results(), (Rows{"page.htm HREF=\" 1"}));
+    mainForm().setEnabled(false);
+    window.Text1.undo();
+    EXPECT_EQ(window.Text1.text(), "HREF=\"A\" HREF=\"B<\" HREF=\"C\"");
+}
+
+TEST_F(CaseChangeForm, TheScopeFreesItsOwnControls) {
+    showList({"a", "b"});
+    EXPECT_FALSE(form().optWhere[0].enabled() || form().Frame1.enabled() || form().Frame2.enabled());
+    form().cmdRemoveOne.click();
+    EXPECT_EQ(form().lstFiles.rows(), (Rows{directory.path("b")}));
+    EXPECT_TRUE(form().cmdApply.enabled());
+    form().cmdRemoveOne.click();
+    EXPECT_FALSE(form().cmdApply.enabled() || form().cmdRemoveOne.enabled());
+
+    // Coming back from a dialog keeps the choice; a document that was opened meanwhile takes it.
+    form().optWhere.select(2);
+    form().activated.raise();
+    EXPECT_TRUE(form().Frame1.enabled() && form().cboFilter.enabled());
+    openText("page.htm", "");
+    form().activated.raise();
+    EXPECT_TRUE(form().optWhere[0].value() && form().optWhere[0].enabled() && form().cmdApply.enabled());
+    EXPECT_FALSE(form().Frame1.enabled() || form().Frame3.enabled() || form().cmdAddFiles.enabled());
+}
+
+}  // namespace
+}  // namespace kelvor

@@ -1,0 +1,196 @@
+#include "batch/extended_find.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+#include "authoring/common.h"
+#include "tests/batch/waiting_events.h"
+#include "tests/kelvor_fixture.h"
+
+namespace kelvor {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ExtendedFindForm : public KelvorTest {
+protected:
+    ExtendedFindForm() {
+        start();
+        std::filesystem::create_directories(files.path("site/sub"));
+        mnuEdit_eFind_Click();
+    }
+    ~ExtendedFindForm() override { form.unload(); }
+
+    /// Picks the folder "site" and enters the text.
+    void enter(const std::string& text) {
+        platform.expectFolder("Select the starting directory.", files.path("site"));
+        form.lblDirFolder.doubleClick();
+        form.rtbFind.setText(text);
+    }
+    /// The rows of the results as "name count", in their order.
+    Texts rows() {
+        Texts texts;
+        for (const auto& row : form.ListView1.rows())
+            texts.push_back(std::filesystem::relative(row.cells[0], files.path("site")).string() + " " + row.cells[1]);
+        return texts;
+    }
+    Texts sortedRows() {
+        Texts texts = rows();
+        std::sort(texts.begin(), texts.end());
+        return texts;
+    }
+    void expectQuestion(Answer answer) {
+        platform.expectMessage({.text = "Are you sure you want to cancel?",
+                                .title = "Confirm Cancel",
+                                .icon = MessageIcon::question,
+                                .buttons = MessageButtons::yesNo},
+                               answer);
+    }
+
+    ExtendedFind& form = extendedFind();
+};
+
+TEST_F(ExtendedFindForm, BeginsWithAFolderAndATextOnly) {
+    EXPECT_EQ(platform.shownModeless.back(), "frmEfind owned");
+    EXPECT_FALSE(form.cmdBegin.enabled());
+    EXPECT_FALSE(form.SSTab1.tabEnabled(1));
+    EXPECT_FALSE(form.ProgressBar1.visible());
+    form.rtbFind.setText("x");
+    platform.expectFolder("Select the starting directory.", {});
+    form.lblDirFolder.doubleClick();
+    EXPECT_FALSE(form.cmdBegin.enabled());
+    enter("x");
+    EXPECT_TRUE(form.cmdBegin.enabled());
+    platform.expectFolder("Select the starting directory.", {});
+    form.lblDirFolder.doubleClick();
+    EXPECT_EQ(form.lblDirFolder.caption(), files.path("site"));
+    form.rtbFind.setText("");
+    EXPECT_FALSE(form.cmdBegin.enabled());
+}
+
+TEST_F(ExtendedFindForm, TellsThatNoFileMatches) {
+    enter("x");
+    form.chkCase.setValue(true);
+    platform.expectMessage({.text = "There are no files matching the selected filter in " + files.path("site/"),
+                            .title = "No files to search",
+                            .icon = MessageIcon::exclamation});
+    form.cmdBegin.click();
+    EXPECT_EQ(platform.beeps, 1);
+    EXPECT_FALSE(form.chkCase.value());
+    EXPECT_FALSE(form.SSTab1.tabEnabled(1));
+    EXPECT_EQ(form.cmdClose.caption(), "&Close");
+    EXPECT_EQ(platform.pointer, MousePointer::standard);
+}
+
+TEST_F(ExtendedFindForm, GivesEachFilterItsPatterns) {
+    for (const char* kind : {"htm", "html", "shtml", "cgi", "c", "vbs", "js", "pl", "txt", "asp", "css"})
+        files.write(std::string("site/x.") + kind, "");
+    const Texts found[] = {
+        {"asp", "c", "cgi", "css", "htm", "html", "js", "pl", "shtml", "txt", "vbs"},
+        {"htm", "html", "shtml"},
+        {"cgi"},
+        {"c"},
+        {"vbs"},
+        {"js"},
+        {"pl"},
+        {"c", "cgi", "pl"},
+        {"txt"},
+        {"asp"},
+        {"asp", "c", "cgi", "htm", "html", "pl", "shtml", "txt"},
+    };
+    ASSERT_EQ(form.cboFilter.list().size(), std::size(found));
+    enter("x");
+    for (std::size_t row = 0; row < std::size(found); ++row) {
+        form.cboFilter.choose(static_cast<int>(row));
+        form.cmdBegin.click();
+        Texts expected;
+        for (const std::string& kind : found[row]) expected.push_back("x." + kind + " 0");
+        EXPECT_EQ(sortedRows(), expected) << form.cboFilter.text();
+    }
+}
+
+TEST_F(ExtendedFindForm, ListsEachFileWithItsCountAndSortsThemAsTexts) {
+    files.write("site/a.htm", "Cat cat CAT");
+    files.write("site/b.htm", std::string(10, '.'));
+    files.write("site/bad\xFF.htm", "error");
+    files.write("site/sub/d.htm", "catcatcatcatcatcatcatcatcatcat");
+    enter("cat");
+    form.chkSubDir.click();
+    form.cmdBegin.click();
+    EXPECT_EQ(sortedRows(), (Texts{"a.htm 3", "b.htm 0", "bad\xFF.htm Error", "sub/d.htm 10"}));
+    EXPECT_EQ(form.SSTab1.tab(), 1);
+    EXPECT_TRUE(form.SSTab1.tabEnabled(1));
+    EXPECT_EQ(form.ListView1.selectedRow(), 0);
+    EXPECT_EQ(form.lblStatus.caption(), "Status:");
+    EXPECT_FALSE(form.ProgressBar1.visible());
+    form.ListView1.clickColumn(0);
+    EXPECT_EQ(rows(), (Texts{"a.htm 3", "b.htm 0", "bad\xFF.htm Error", "sub/d.htm 10"}));
+    form.ListView1.clickColumn(1);
+    EXPECT_EQ(rows(), (Texts{"bad\xFF.htm Error", "a.htm 3", "sub/d.htm 10", "b.htm 0"}));
+
+    form.chkCase.click();
+    form.cmdBegin.click();
+    EXPECT_EQ(sortedRows(), (Texts{"a.htm 1", "b.htm 0", "bad\xFF.htm Error"}));
+}
+
+TEST_F(ExtendedFindForm, OpensTheSelectedRowsAndKeepsThoseThatFailSelected) {
+    for (const char* name : {"a.htm", "b\xE9.htm", "gone.htm"}) files.write(std::string("site/") + name, "x");
+    enter("x");
+    form.cmdBegin.click();
+    form.ListView1.clickColumn(0);
+    const auto path = files.path("site/gone.htm");
+    std::filesystem::remove(path);
+    form.ListView1.choose(0, {0, 1, 2});
+    platform.expectPopup([this](MenuItem&) { form.mnuLV1_open.click(); });
+    platform.expectMessage({.text = "The file " + path + " does not exist.",
+                            .title = "File Open Error",
+                            .icon = MessageIcon::exclamation});
+    platform.expectMessage({.text = "An error occurred while opening " + path +
+                                    "\r\nMake sure that the file is not already locked by another application.",
+                            .title = "File open error",
+                            .icon = MessageIcon::critical});
+    form.ListView1.mouseDown.raise({MousePress::left});
+    form.ListView1.mouseDown.raise({MousePress::right});
+    EXPECT_EQ(documentManager()->count(), 2U);
+    EXPECT_EQ(menu("mnuFile_RecentFiles_1").caption(), files.path("site/a.htm"));
+    for (const int row : {0, 1, 2}) EXPECT_EQ(form.ListView1.isSelected(row), row == 2) << row;
+    form.mnuLV1_Clear.click();
+    EXPECT_FALSE(form.ListView1.isSelected(2));
+
+    form.unload();
+    EXPECT_EQ(platform.focused, "Text1");
+}
+
+TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
+    for (int i = 0; i < 10; ++i)
+        std::filesystem::resize_file(files.write("site/" + std::to_string(i), ""), 150'000'000);
+    enter("x");
+    std::optional<WaitingEvents> before;
+    std::optional<WaitingEvents> during;
+    // The first events of the third file come before it is read.
+    form.ProgressBar1.follow([&](Aspect) {
+        if (form.ProgressBar1.value() != 2 || before) return;
+        EXPECT_EQ(form.lblStatus.caption(), "Searching files:");
+        before.emplace([&] {
+            expectQuestion(Answer::no);
+            EXPECT_FALSE(form.unload());
+            during.emplace([&] {
+                expectQuestion(Answer::yes);
+                form.cmdClose.click();
+            });
+        });
+    });
+    form.cmdBegin.click();
+    EXPECT_TRUE(during && during->haveRun());
+    EXPECT_EQ(form.ListView1.count(), 2U);
+    EXPECT_EQ(form.SSTab1.tab(), 1);
+    EXPECT_EQ(form.cmdClose.caption(), "&Close");
+    form.ProgressBar1.follow({});
+    during.reset();
+}
+
+}  // namespace
+}  // namespace kelvor

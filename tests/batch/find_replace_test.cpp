@@ -1,0 +1,137 @@
+#include "batch/find_replace.h"
+
+#include <gtest/gtest.h>
+
+#include "core/frame.h"
+#include "tests/batch/waiting_events.h"
+#include "tests/frame_fixture.h"
+
+namespace kelvor {
+namespace {
+
+class FindReplaceForm : public FrameFixture {
+protected:
+    ~FindReplaceForm() override {
+        form().cmdClose.setCaption("&Close");  // a run that failed keeps the form open
+        form().unload();
+    }
+
+    FindReplace& form() { return findReplace(); }
+    /// Shows the form over a text, with its selection in brackets, which is the range.
+    void show(std::string text, const std::string& sought, const std::string& replacement) {
+        const auto start = text.find('[');
+        const auto end = text.find(']');
+        if (start != std::string::npos) text = text.erase(end, 1).erase(start, 1);
+        window.Text1.setText(text);
+        mnuEdit_FindReplace_Click();
+        if (start != std::string::npos) {
+            window.Text1.setSelStart(static_cast<int>(start));
+            window.Text1.setSelLength(static_cast<int>(end - start) - 1);
+            form().chkWithin.click();
+        }
+        form().txtFindText.setText(sought);
+        form().txtReplace.setText(replacement);
+    }
+    void expect(const std::string& text, const std::string& title, MessageButtons buttons, Answer answer) {
+        const auto icon = buttons == MessageButtons::ok ? MessageIcon::information : MessageIcon::question;
+        platform.expectMessage({.text = text, .title = title, .icon = icon, .buttons = buttons}, answer);
+    }
+    void expectCount(int count) {
+        expect(std::to_string(count) + " replacements made.", "Find and Replace", MessageButtons::ok, Answer::ok);
+    }
+    /// The outcome; all is free again.
+    void expectOutcome(const std::string& after) {
+        EXPECT_EQ(window.Text1.text(), after);
+        EXPECT_EQ(window.Text1.selLength(), 0);
+        EXPECT_TRUE(mainForm().enabled());
+        for (Control* control : form().controls()) EXPECT_TRUE(control->enabled()) << control->name();
+        EXPECT_EQ(form().cmdClose.caption(), "&Close");
+        EXPECT_EQ(platform.pointer, MousePointer::standard);
+    }
+
+    EditWindow& window{openText("a.htm", "")};
+};
+
+TEST_F(FindReplaceForm, AllAtOnceReplacesInItsRangeAsOneStep) {
+    struct Row {
+        std::string before;
+        std::string sought;
+        std::string replacement;
+        bool wordAndCase;
+        std::string after;
+        int count;
+    };
+    const std::vector<Row> rows = {
+        {"a bAb", "a", "aa", false, "aa baab", 2},
+        {"[aXaXa]Xa", "x", "long", false, "alongalongaXa", 2},
+        {"[aXaX]X", "x", "", false, "aaX", 2},
+        {"a []bab", "a", "x", false, "a bab", 0},
+        {"cat concat CAT", "cat", "dog", true, "dog concat CAT", 1},
+        // Matches of other lengths than the text's move the end of the range by what they are.
+        {"[\u212Ak\u212Ak]k", "k", "", false, "k", 4},
+        {"[kk\u212A\u212A]\u212A", "\u212A", "<\u212A>", false, "<\u212A><\u212A><\u212A><\u212A>\u212A", 4},
+    };
+    for (const Row& row : rows) {
+        show(row.before, row.sought, row.replacement);
+        const std::string before = window.Text1.text();
+        form().chkWord.setValue(row.wordAndCase);
+        form().chkCase.setValue(row.wordAndCase);
+        expectCount(row.count);
+        form().cmdReplaceAll.click();
+        expectOutcome(row.after);
+        if (row.count > 0) window.Text1.undo();
+        EXPECT_EQ(window.Text1.text(), before);
+        form().cmdClose.click();
+        EXPECT_EQ(platform.focused, "Text1");
+    }
+}
+
+TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {
+    show("a\u212Abkckk", "k", "xx");
+    for (const Answer answer : {Answer::no, Answer::yes, Answer::no, Answer::cancel})
+        expect("Replace this instance?", "Find and Replace", MessageButtons::yesNoCancel, answer);
+    expectCount(1);
+    form().cmdReplaceOne.click();
+    expectOutcome("a\u212Abxxckk");
+    EXPECT_EQ(window.Text1.selStart(), 9);
+}
+
+TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
+    for (const bool goesOn : {true, false}) {
+        show("xaxbx", "x", "-");
+        const WaitingEvents events([&] {
+            EXPECT_FALSE(mainForm().enabled() || form().txtFindText.enabled() || form().cmdHelp.enabled());
+            EXPECT_EQ(platform.pointer, MousePointer::hourglass);
+            goesOn ? form().cmdClose.click() : static_cast<void>(form().unload());
+        });
+        expect("Cancel find and replace?", "Confirm cancel", MessageButtons::yesNo, goesOn ? Answer::no : Answer::yes);
+        expectCount(goesOn ? 3 : 1);
+        form().cmdReplaceAll.click();
+        expectOutcome(goesOn ? "-a-b-" : "-axbx");
+    }
+}
+
+TEST_F(FindReplaceForm, TheSelectionIsTheTextToFindUntilItIsTheRange) {
+    window.Text1.setText("cat");
+    window.Text1.selectAll();
+    mnuEdit_FindReplace_Click();
+    EXPECT_EQ(form().txtFindText.text(), "cat");
+    form().chkWithin.click();
+    platform.expectMessage(
+        {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
+    form().cmdReplaceOne.click();
+    form().chkWithin.click();
+    EXPECT_EQ(form().txtFindText.text(), "cat");
+
+    // Without a document the run fails, and the controls stay as it left them.
+    window.unload();
+    mainForm().mdi.remove(window);
+    expectError(91, "Object variable or With block variable not set");
+    form().cmdReplaceAll.click();
+    EXPECT_TRUE(mainForm().enabled());
+    EXPECT_FALSE(form().cmdReplaceAll.enabled());
+    EXPECT_FALSE(form().unload());
+}
+
+}  // namespace
+}  // namespace kelvor

@@ -1,0 +1,121 @@
+#include "batch/find.h"
+
+#include <gtest/gtest.h>
+
+#include "core/frame.h"
+#include "support/settings.h"
+#include "tests/frame_fixture.h"
+
+namespace kelvor {
+namespace {
+
+class FindForm : public FrameFixture {
+protected:
+    ~FindForm() override { find().unload(); }
+
+    Find& find() { return findForm(); }
+    void press(const std::string& text) {
+        find().cboFindText.type(text);
+        find().cmdFind.click();
+    }
+    void pressInVain(const std::string& text) {
+        platform.expectMessage(
+            {.text = "Search string not found.", .title = "Find Results", .icon = MessageIcon::information});
+        press(text);
+        EXPECT_EQ(find().cmdFind.caption(), "&Find");
+    }
+    /// Position and text of the selection.
+    static std::string selection() {
+        const EditControl& text = mainForm().activeForm().Text1;
+        return std::to_string(text.selStart()) + ":" + text.selText();
+    }
+};
+
+TEST_F(FindForm, GoesFromMatchToMatchAndDoesNotWrap) {
+    struct Row {
+        std::string text;
+        std::string sought;
+        std::vector<std::string> matches;
+        std::string next;  ///< the match behind the failed search; "" when there is none
+    };
+    const std::vector<Row> rows = {
+        {"cat Cat", "cat", {"0:cat", "4:Cat"}, "4:Cat"},
+        {"xcat", "cat", {"1:cat"}, ""},
+        {"x", "x", {"0:x"}, "0:x"},
+        // Characters count, and not bytes: the match's may be other ones than the text's.
+        {"xxüüü", "üüü", {"2:üüü"}, "2:üüü"},
+        {"k", "\u212A", {"0:k"}, "0:k"},
+        {"\u212Ak", "k", {"0:\u212A", "3:k"}, "0:\u212A"},
+    };
+    for (const Row& row : rows) {
+        openText(row.text, row.text);
+        mnuEdit_Find_Click();
+        for (const std::string& match : row.matches) {
+            press(row.sought);
+            EXPECT_EQ(selection(), match);
+            EXPECT_EQ(find().cmdFind.caption(), "Find &Next");
+        }
+        pressInVain(row.sought);
+        row.next.empty() ? pressInVain(row.sought) : press(row.sought);
+        EXPECT_TRUE(row.next.empty() || selection() == row.next) << selection();
+        find().unload();
+        EXPECT_EQ(platform.focused, "Text1");
+    }
+}
+
+TEST_F(FindForm, TakesTheEndOfTheSearchAtItsOpeningAndWithAnotherCaption) {
+    EditWindow& first = openText("a.htm", "cat");
+    mnuEdit_Find_Click();
+    first.Text1.setText("xxx cat");
+    pressInVain("cat");
+    openText("b.htm", "cat cat cat");
+    press("cat");
+    EXPECT_EQ(selection(), "0:cat");
+    openText("b.htm", "cat cat");
+    press("cat");
+    EXPECT_EQ(selection(), "4:cat") << "two windows of one caption are one document";
+    forgetFindDocument();
+    press("cat");
+    EXPECT_EQ(selection(), "0:cat") << "a closed document is another one";
+}
+
+TEST_F(FindForm, ATypedTextBeginsAnewAndAChosenRowGoesOn) {
+    EditWindow& window = openText("a.htm", "cat dog Cat cats");
+    SaveSetting(application, "Find_Hist", "FindItem1", "dog");
+    window.Text1.setSelLength(3);
+    mnuEdit_Find_Click();
+    EXPECT_EQ(find().cboFindText.text(), "cat");
+    find().cmdFind.click();
+    find().cboFindText.choose(1);
+    EXPECT_EQ(find().cmdFind.caption(), "Find &Next");
+    find().cmdFind.click();
+    EXPECT_EQ(selection(), "4:dog");
+    find().chkWord.click();
+    press("cats");
+    EXPECT_EQ(selection(), "12:cats");
+    find().chkCase.click();
+    press("Cat");
+    EXPECT_EQ(selection(), "8:Cat");
+    press("cats");
+    EXPECT_EQ(find().cboFindText.list(), (std::vector<std::string>{"cats", "Cat", "cats", "cat", "dog"}));
+    platform.expectMessage(
+        {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
+    press("");
+    EXPECT_EQ(platform.focused, "cboFindText");
+}
+
+TEST_F(FindForm, TheHistoryFillsUpAndThenTakesNewTextsOnTop) {
+    openText("a.htm", "one two three four five six ONE");
+    mnuEdit_Find_Click();
+    for (const char* text : {"one", "two", "three", "four", "two", "five", "six", "ONE"}) press(text);
+    std::string stored;
+    const auto rows = GetAllSettings(application, "Find_Hist");
+    for (const Setting& row : *rows) stored += row.key + "=" + row.value + ";";
+    EXPECT_EQ(stored, "FindItem1=ONE;FindItem2=six;FindItem3=one;FindItem4=two;FindItem5=three;");
+    find().unload();
+    mnuEdit_Find_Click();
+    EXPECT_EQ(find().cboFindText.list(), (std::vector<std::string>{"ONE", "six", "one", "two", "three"}));
+}
+
+}  // namespace
+}  // namespace kelvor

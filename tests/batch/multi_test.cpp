@@ -1,0 +1,237 @@
+#include "batch/multi.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "authoring/common.h"
+#include "authoring/special_chars.h"
+#include "platform/paths.h"
+#include "support/report_error.h"
+#include "support/settings.h"
+#include "tests/kelvor_fixture.h"
+
+namespace kelvor {
+namespace {
+
+namespace fs = std::filesystem;
+
+const Message cancelQuestion = {.text = "Are you sure that you want to cancel?",
+                                .title = "Cancel multifile find and replace",
+                                .icon = MessageIcon::question,
+                                .buttons = MessageButtons::yesNo};
+const Message duplicateQuestion = {
+    .text =
+        "You have selected a non case sensitive find and replace. You have duplicate entries withing the items "
+        "which you wish to find. Please note that if you do not remove these items, you may experience incorrect "
+        "results.\r\n\r\nAbort operation now?",
+    .title = "Duplicate find items found",
+    .icon = MessageIcon::question,
+    .buttons = MessageButtons::yesNo};
+
+class MultiForm : public KelvorTest {
+protected:
+    MultiForm() {
+        initSpecialChars();
+        start();
+        form.load();
+    }
+    ~MultiForm() override { form.unload(); }
+
+    void add(const std::string& find, const std::string& replacement) {
+        form.txtFind.type(find);
+        form.txtReplace.type(replacement);
+        form.cmdAdd.click();
+    }
+    void choose(const std::vector<std::string>& paths) {
+        platform.expectOpen(paths);
+        form.cmdBrowse.click();
+    }
+    static Message couldNotWrite(const std::string& path) {
+        return {.text = "Could not write to " + path + " skipping file.",
+                .title = "Multifile Find and Replace",
+                .icon = MessageIcon::critical};
+    }
+
+    Multi& form = multi();
+};
+
+TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {
+    platform.expectMessage(
+        {.text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation});
+    form.cmdAdd.click();
+    EXPECT_EQ(platform.beeps, 1);
+    add("a", "b");
+    EXPECT_EQ(platform.focused, "txtFind");
+    EXPECT_EQ(form.txtFind.text() + form.txtReplace.text(), "");
+    form.txtFind.type("c");
+    const Message addQuestion = {.text =
+                                     "The find text input box has data in it that has not been added to the "
+                                     "summary.\r\nDo you want to add it now?",
+                                 .title = "Find text not added to summary",
+                                 .icon = MessageIcon::question,
+                                 .buttons = MessageButtons::yesNo};
+    form.mfrTab.choose(2);
+    platform.expectMessage(addQuestion, Answer::no);
+    form.mfrTab.choose(1);
+    EXPECT_EQ(form.lstSummary.count(), 1U);
+    form.mfrTab.choose(0);
+    platform.expectMessage(addQuestion, Answer::yes);
+    form.mfrTab.choose(1);
+    EXPECT_EQ(form.lstSummary.cell(1, 0) + "|" + form.lstSummary.cell(1, 1), "c|");
+
+    EXPECT_FALSE(form.cmdStart.enabled());
+    choose({files.path("one.htm"), files.path("two.htm")});
+    EXPECT_TRUE(form.cmdStart.enabled());
+    EXPECT_EQ(lastDir, files.path("").substr(0, lastDir.size()));
+    form.cmdRemove.click();
+    EXPECT_EQ(form.lbxTargetFiles.rows(), (std::vector{files.path("two.htm")}));
+    form.cmdRemove.click();
+    EXPECT_FALSE(form.cmdRemove.enabled() || form.cmdClearFiles.enabled() || form.cmdStart.enabled());
+    choose({});
+    EXPECT_EQ(form.lbxTargetFiles.count(), 0U);
+    form.cmdRemoveSummary.click();
+    EXPECT_FALSE(form.cmdRemoveItem.enabled() || form.cmdRemoveSummary.enabled());
+}
+
+TEST_F(MultiForm, PrefillsBothWaysAndThenCountsItsRowsFromTheirOwn) {
+    choose({files.path("one.htm")});
+    form.cmdAddSC.click();
+    ASSERT_EQ(form.lstSummary.count(), 62U);
+    EXPECT_EQ(form.lstSummary.cell(61, 0) + form.lstSummary.cell(61, 1), "ÿ&yuml;");
+    EXPECT_TRUE(form.chkCase.value() && !form.chkCase.enabled() && !form.cmdAddSC.enabled());
+    EXPECT_FALSE(form.cmdStart.enabled());
+    add("x", "y");
+    EXPECT_TRUE(form.cmdStart.enabled());
+    EXPECT_EQ(form.lstSummary.cell(0, 0) + form.lstSummary.cell(0, 1), "Ày");
+    EXPECT_EQ(form.lstSummary.cell(62, 0) + form.lstSummary.cell(62, 1), "x");
+    form.cmdRemoveSummary.click();
+    EXPECT_TRUE(!form.chkCase.value() && form.chkCase.enabled() && form.cmdAddSC.enabled());
+    form.Option1[1].click();
+    form.cmdAddSC.click();
+    EXPECT_EQ(form.lstSummary.cell(0, 0) + form.lstSummary.cell(0, 1), "&Agrave;À");
+}
+
+TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
+    const auto one = files.write("one.htm", "abc a");
+    const auto readOnly = files.write("two.htm", "abc");
+    const auto latin = files.write("three.htm", "\xE9 abc\n");
+    const auto last = files.write("four.htm", "none\n");
+    fs::permissions(readOnly, fs::perms::owner_read);
+    const auto before = fs::last_write_time(last) - std::chrono::hours(1);
+    fs::last_write_time(last, before);
+    // A run that was killed has left its text.
+    const auto abandoned = directoryPart(temporaryDirectory()) + "/kelvor-killed";
+    fs::create_directory(abandoned);
+    std::ofstream(abandoned + "/temp.$$$") << "text";
+
+    add("a", "→");
+    add("abc", "x");
+    add("\xC3\xA9", "→");
+    choose({one, readOnly, files.path("missing.htm"), latin, last});
+    form.chkCase.click();
+    for (const auto& path : {readOnly, files.path("missing.htm"), latin}) platform.expectMessage(couldNotWrite(path));
+    form.cmdStart.click();
+    fs::remove_all(abandoned);
+
+    EXPECT_EQ(files.read("one.htm"), "x →\r\n");
+    EXPECT_EQ(files.read("two.htm"), "abc");
+    EXPECT_EQ(files.read("three.htm"), "\xE9 abc\n");
+    EXPECT_EQ(files.read("four.htm"), "none\n");
+    EXPECT_GT(fs::last_write_time(last), before);
+    const auto log = files.read("program/errorlog.txt");
+    for (const auto& words :
+         {abandoned + "/temp.$$$", "The file is read-only: " + readOnly, std::string("encoding lacks a character")})
+        EXPECT_NE(log.find(words), std::string::npos) << log;
+    EXPECT_EQ(form.cmdClose.caption(), "&Close");
+    EXPECT_EQ(form.ProgressBar1.value(), 0);
+    EXPECT_EQ(form.ProgressBar1.maximum(), 5);
+    EXPECT_TRUE(form.cmdStart.enabled() && !form.chkCase.value() && !form.cmdClose.isDefault());
+    EXPECT_EQ(platform.pointer, MousePointer::standard);
+}
+
+TEST_F(MultiForm, AsksAboutDuplicatesByTheModeOfTheSearch) {
+    const auto one = files.write("one.htm", "foo Foo\r\n");
+    add("Foo", "1");
+    add("foo", "2");
+    choose({one});
+    platform.expectMessage(duplicateQuestion, Answer::yes);
+    form.cmdStart.click();
+    EXPECT_EQ(files.read("one.htm"), "foo Foo\r\n");
+    EXPECT_TRUE(form.cmdStart.enabled());
+    form.chkCase.click();
+    form.cmdStart.click();
+    EXPECT_EQ(files.read("one.htm"), "2 1\r\n");
+    files.write("one.htm", "foo Foo\r\n");
+    platform.expectMessage(duplicateQuestion, Answer::no);
+    form.cmdStart.click();
+    EXPECT_EQ(files.read("one.htm"), "1 1\r\n");
+}
+
+TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
+    const std::vector paths = {files.write("one.htm", "a\r\n"), files.write("two.htm", "a\r\n")};
+    const auto bothFiles = [this] { return files.read("one.htm") + files.read("two.htm"); };
+    add("a", "b");
+    // The user's acts: when the bar gets its range, and behind the first file.
+    std::function<void()> atStart;
+    std::function<void()> afterOne;
+    form.ProgressBar1.follow([&](Aspect) {
+        auto& act = form.ProgressBar1.value() == 0 ? atStart : afterOne;
+        if (const auto once = std::exchange(act, nullptr)) once();
+    });
+    choose(paths);
+    atStart = [&] {
+        EXPECT_EQ(form.cmdClose.caption(), "&Cancel");
+        EXPECT_TRUE(form.cmdClose.isDefault());
+        choose(paths);
+        EXPECT_FALSE(form.cmdAdd.enabled() || form.cmdStart.enabled());
+        // Closing the window asks as Cancel does, and the form stays.
+        platform.expectMessage(cancelQuestion, Answer::yes);
+        EXPECT_FALSE(form.unload());
+    };
+    form.cmdStart.click();
+    EXPECT_EQ(bothFiles(), "a\r\na\r\n");
+
+    afterOne = [&] {
+        platform.expectMessage(cancelQuestion, Answer::yes);
+        form.cmdClose.click();
+    };
+    form.cmdStart.click();
+    EXPECT_EQ(bothFiles(), "b\r\na\r\n");
+
+    // No goes on with the other files, though the list is empty by then.
+    const int roundsBefore = platform.eventRounds;
+    afterOne = [&] {
+        platform.expectMessage(cancelQuestion, Answer::no);
+        form.cmdClose.click();
+        form.cmdClearFiles.click();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    };
+    form.cmdStart.click();
+    EXPECT_EQ(bothFiles(), "b\r\nb\r\n");
+    EXPECT_GT(platform.eventRounds, roundsBefore);
+}
+
+TEST_F(MultiForm, StopsWithWordsWhenItsTemporaryFileIsNotItsOwn) {
+    const auto one = files.write("one.htm", "a\r\n");
+    const auto planted = getTempDir() + "temp.$$$";
+    fs::create_symlink(one, planted);
+    add("a", "b");
+    choose({one});
+    installErrorReporting();
+    platform.expectMessage({.text = "An application error has occurred:\r\n\r\nError number: 58\r\nError description: "
+                                    "Something else stands in the temporary file's place: " +
+                                    planted,
+                            .title = "Application Error",
+                            .icon = MessageIcon::critical});
+    form.cmdStart.click();
+    EXPECT_EQ(files.read("one.htm"), "a\r\n");
+    EXPECT_EQ(form.cmdClose.caption(), "&Close");
+    fs::remove(planted);
+}
+
+}  // namespace
+}  // namespace kelvor

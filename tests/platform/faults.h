@@ -1,0 +1,122 @@
+#pragma once
+
+#include <grp.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <string>
+
+#include "platform/system_calls.h"
+#include "tests/platform/scratch_directory.h"
+
+namespace kelvor {
+
+/// Calls of which the one of a given number does something else: it fails, or ends the process.
+struct Saboteur {
+    int at = 0;
+    bool fromThenOn = false;
+    int code = 0;
+    bool kill = false;
+    std::size_t mostBytes = 1 << 20;
+
+    int count = 0;
+    std::string firstHit;
+
+    bool strikes(const char* call) {
+        ++count;
+        if (at == 0 || count < at || (count > at && !fromThenOn)) return false;
+        if (kill) ::kill(getpid(), SIGKILL);
+        if (firstHit.empty()) firstHit = call;
+        errno = code;
+        return true;
+    }
+
+    template <typename Result, typename... Arguments>
+    void sabotage(const char* name, std::function<Result(Arguments...)>& call) {
+        call = [this, name, call](Arguments... arguments) -> Result { return strikes(name) ? -1 : call(arguments...); };
+    }
+
+    SystemCalls calls() {
+        auto calls = kernelCalls();
+        calls.pread = [this](int descriptor, void* bytes, std::size_t size, off_t offset) {
+            return ::pread(descriptor, bytes, std::min(size, mostBytes), offset);
+        };
+        calls.pwrite = [this](int descriptor, const void* bytes, std::size_t size, off_t offset) {
+            return ::pwrite(descriptor, bytes, std::min(size, mostBytes), offset);
+        };
+        // Thousands of saves need not reach the disk.
+        calls.fsync = [](int) { return 0; };
+        sabotage("open", calls.open);
+        sabotage("stat", calls.stat);
+        sabotage("fstat", calls.fstat);
+        sabotage("pread", calls.pread);
+        sabotage("pwrite", calls.pwrite);
+        sabotage("fallocate", calls.fallocate);
+        sabotage("ftruncate", calls.ftruncate);
+        sabotage("fsync", calls.fsync);
+        sabotage("unlink", calls.unlink);
+        sabotage("lstat", calls.lstat);
+        sabotage("fchown", calls.fchown);
+        sabotage("fchmod", calls.fchmod);
+        sabotage("fsetxattr", calls.fsetxattr);
+        sabotage("rename", calls.rename);
+        // A close that reports an error has closed.
+        calls.close = [this](int descriptor) {
+            const int result = ::close(descriptor);
+            return strikes("close") ? -1 : result;
+        };
+        return calls;
+    }
+};
+
+/// A small disk of its own.
+class SmallDisk {
+public:
+    SmallDisk() : mounted_(mount("none", directory_.path().c_str(), "tmpfs", 0, "size=64k") == 0), failure_(errno) {}
+    ~SmallDisk() {
+        if (mounted_) umount2(directory_.path().c_str(), MNT_DETACH);
+    }
+    bool mounted() const { return mounted_; }
+    std::string failure() const { return std::strerror(failure_); }
+    const ScratchDirectory& directory() const { return directory_; }
+
+private:
+    ScratchDirectory directory_;
+    bool mounted_;
+    int failure_;
+};
+
+/// Runs `steps` in a process of its own, which may end in any way; its status as waitpid gives it.
+inline int inChild(const std::function<int()>& steps) {
+    fflush(stdout);
+    const auto child = fork();
+    if (child == 0) {
+        const int result = steps();
+        fflush(stdout);
+        _exit(result);
+    }
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return status;
+}
+
+/// The same as a user whom modes bind; root becomes one. What a failed expectation says is seen, its failure shows in
+/// the status.
+inline int asOrdinaryUser(const std::function<void()>& steps) {
+    constexpr uid_t nobody = 65534;
+    return inChild([&] {
+        const bool changed =
+            geteuid() != 0 || (setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0);
+        if (changed) steps();
+        return changed && !testing::Test::HasFailure() ? 0 : 1;
+    });
+}
+
+}  // namespace kelvor
