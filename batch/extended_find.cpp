@@ -86,6 +86,7 @@ void ExtendedFind::setUpMenu() {
 }
 
 void ExtendedFind::Form_Load() {
+    keys_.setHookedRTB(&rtbFind);
     objDirWalk_ = std::make_unique<DirWalker>();
     objDirWalk_->ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
         objDirWalk_ItemFound(sPath, sFileName);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "KVFileSystem/dir_walker.h"
+#include "authoring/htmlkeys.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
@@ -63,6 +64,7 @@ private:
     void confirmCancel();
     void openMulti();
 
+    htmlkeys keys_;
     std::unique_ptr<DirWalker> objDirWalk_;
     std::vector<std::string> foundFiles_;   ///< full paths
     std::vector<ReportView::Row> results_;  ///< path and count of each file done in this run

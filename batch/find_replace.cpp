@@ -51,6 +51,8 @@ FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
 }
 
 void FindReplace::Form_Load() {
+    findKeys_.setHookedRTB(&txtFindText);
+    replaceKeys_.setHookedRTB(&txtReplace);
     txtFindText.setText(activeText().selText());
     docCaption = mainForm().activeForm().caption();
     txtFindText.SetFocus();

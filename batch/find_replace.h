@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "authoring/htmlkeys.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/edit_control.h"
@@ -59,6 +60,8 @@ private:
     void enableC();
     void setControlsEnabled(bool enabled);
 
+    htmlkeys findKeys_;
+    htmlkeys replaceKeys_;
     bool replaceOneMode_ = false;
     bool cancelRequested_ = false;
     int searchStart_ = 0;

@@ -3,7 +3,7 @@
 #include "authoring/common.h"
 #include "authoring/special_chars.h"
 #include "batch/file_rewrite.h"
-#include "core/file_filter.h"
+#include "batch/pick_files.h"
 #include "core/frame.h"
 #include "platform/file_replace.h"
 #include "platform/paths.h"
@@ -44,21 +44,6 @@ bool abortForDuplicates() {
         "items which you wish to find. Please note that if you do not remove these items, you may "
         "experience incorrect results.\r\n\r\nAbort operation now?",
         "Duplicate find items found");
-}
-
-/// The files that the user picks; none when the dialog was cancelled.
-std::vector<std::string> chosenTargets() {
-    using namespace dialog_flag;
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.initDir = lastDir;
-    dialog.dialogTitle = "Select the target files (multiple selections allowed)";
-    dialog.filter = fileFilter;
-    dialog.filterIndex = preferredFilterIndex();
-    dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
-    dialog.fileName.clear();
-    if (!answered(dialog, &CommonDialog::ShowOpen)) return {};
-    lastDir = directoryPart(dialog.fileName);
-    return dialog.fileNames;
 }
 
 std::string withoutTrailingBlanks(std::string text) {
@@ -219,7 +204,7 @@ void Multi::fillMultiSpecialChars() {
 }
 
 void Multi::cmdBrowse_Click() {
-    lbxTargetFiles.addRows(chosenTargets());
+    lbxTargetFiles.addRows(pickFiles("Select the target files (multiple selections allowed)"));
     if (lbxTargetFiles.count() == 0) return;
     lbxTargetFiles.setSelectedRow(0);
     checkTargets();

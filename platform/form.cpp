@@ -71,8 +71,10 @@ bool Form::askUnload() {
     queryUnload.raise(cancel);
     if (cancel || kind_ != Kind::frame) return !cancel;
     const auto forms = registry();
-    return std::all_of(forms.begin(), forms.end(),
-                       [](Form* form) { return form->kind_ != Kind::child || form->askUnload(); });
+    const bool agreed = std::all_of(forms.begin(), forms.end(),
+                                    [](Form* form) { return form->kind_ != Kind::child || form->askUnload(); });
+    if (agreed) childrenAgreed.raise(cancel);
+    return agreed && !cancel;
 }
 
 void Form::finishUnload() {

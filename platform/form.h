@@ -52,6 +52,8 @@ public:
     Event<> resized;
     /// A handler sets the flag to keep the form open.
     Event<bool&> queryUnload;
+    /// The frame's: all its child windows have agreed to go; a handler sets the flag to keep everything open.
+    Event<bool&> childrenAgreed;
     Event<> unloaded;
     Event<MousePress> mouseDown;
 

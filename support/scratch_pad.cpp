@@ -72,10 +72,8 @@ void ScratchPad::setUpMenu() {
 void ScratchPad::Form_Load() {
     keys_.setHookedRTB(&spRTF1);
     spRTF1.SetFocus();
-    // The program's end asks too, while Cancel can still stop it.
-    frameCloses_ = mainForm().queryUnload.connectScoped([this](bool& cancel) {
-        if (!cancel) Form_QueryUnload(cancel);
-    });
+    // The program's end asks too, behind the documents, while Cancel can still stop it.
+    frameCloses_ = mainForm().childrenAgreed.connectScoped([this](bool& cancel) { Form_QueryUnload(cancel); });
 }
 
 void ScratchPad::Form_QueryUnload(bool& cancel) {

@@ -159,6 +159,8 @@ bool ScintillaWidget::event(QEvent* event) {
 bool ScintillaWidget::viewportEvent(QEvent* event) {
     // While a window is being painted no handler may run.
     if (event->type() == QEvent::Paint) return QsciScintillaBase::viewportEvent(event);
+    // What a Batch leaves unpainted is lost when the window gets another size.
+    if (event->type() == QEvent::Resize) setUpdatesEnabled(true);
     return handled([&] { return QsciScintillaBase::viewportEvent(event); });
 }
 

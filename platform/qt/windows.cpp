@@ -126,6 +126,10 @@ void QtWindows::showModal(Form& form) {
     // An exit in the meantime ends all loops and leaves the form as it is.
     const auto still = windows_.find(&form);
     if (still != windows_.end()) hide(form);
+    // A window manager may give the keyboard to a window that is just going.
+    QWidget* below = QApplication::activeModalWidget();
+    if (!below) below = frameWidget();
+    if (below) below->activateWindow();
 }
 
 void QtWindows::showModeless(Form& form, bool owned) {

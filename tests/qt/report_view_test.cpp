@@ -149,7 +149,7 @@ TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
     QTest::mouseClick(view_.viewport(), Qt::RightButton, {}, {20, view_.viewport()->height() - 5});
     QTest::mouseClick(view_.viewport(), Qt::RightButton, {}, view_.visualRect(at(1)).center());
     EXPECT_EQ(selectedInView(), Rows{1});
-    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {});
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
     QCoreApplication::sendEvent(&view_, &menuKey);
     press(2);
     QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.visualRect(at(2)).center());

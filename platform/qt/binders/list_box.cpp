@@ -14,6 +14,7 @@ namespace {
 void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link) {
     showRows(widget, rows, link);
     widget.setUniformItemSizes(true);
+    widget.setItemDelegate(new RowCells(&link));
     // While the rows change the widget chooses for itself; the control tells its own choice after that.
     const auto following = std::make_shared<bool>(false);
     list.followRows([&rows, following](const RowChange& change) {

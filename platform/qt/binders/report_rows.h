@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QIcon>
-#include <QStyledItemDelegate>
 
 #include "platform/qt/binders/string_rows.h"
 
@@ -27,9 +26,9 @@ private:
 
 /// Paints the cells: paths, which stand in the first column, are cut in the middle, other texts at their end. A tool
 /// tip shows what is cut.
-class ReportCells : public QStyledItemDelegate {
+class ReportCells : public RowCells {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using RowCells::RowCells;
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;

@@ -89,6 +89,11 @@ bool StringRows::setData(const QModelIndex& index, const QVariant& value, int ro
     return editor_ && role == Qt::EditRole && editor_(index.row(), fromQt(value.toString()));
 }
 
+QSize RowCells::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    constexpr int room = 4;  // pixels
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, room);
+}
+
 void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link) {
     view.setModel(&rows);
     QObject::connect(&link, &QObject::destroyed, &view, [&view] { view.setModel(nullptr); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QStyledItemDelegate>
 #include <QTimer>
 #include <functional>
 #include <string>
@@ -55,6 +56,14 @@ public:
 private:
     const std::vector<std::string>& rows_;
     Editor editor_;
+};
+
+/// Paints the rows of a list with some room between them, so that the accents of capitals are whole.
+class RowCells : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 
 /// Shows `rows`, which end with the link, in `view`, which may outlive them.
