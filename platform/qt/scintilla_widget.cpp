@@ -198,6 +198,8 @@ void ScintillaWidget::type(QKeyEvent* event) {
         SendScintilla(SCI_REPLACESEL, "\t");
         return;
     }
+    // Escape is the dialog's.
+    if (isField_ && event->key() == Qt::Key_Escape) return event->ignore();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     const bool alternate = event->modifiers().testFlag(Qt::AltModifier);
     if (control == alternate) return QsciScintillaBase::keyPressEvent(event);
