@@ -139,7 +139,7 @@ private:
     std::string path_;
     std::string name_;
     std::vector<Level> levels_;
-    alignas(dirent64) std::array<char, 65536> entries_;
+    alignas(dirent64) std::array<char, 65536> entries_{};
 };
 
 void TreeWalk::run(const std::string& top) {

@@ -1,9 +1,11 @@
 #include "batch/file_bytes.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 #include "platform/file_error.h"
 #include "platform/regular_file.h"
@@ -12,10 +14,11 @@ namespace kelvor {
 
 namespace {
 
-/// Bytes read at a time, few enough that the next pause is near.
-constexpr std::size_t step = std::size_t{4} << 20;
-/// What is kept from one file to the next. Most pages need less, and fresh memory costs more than reading them.
-constexpr std::size_t leastCapacity = std::size_t{1} << 20;
+/// Bytes read at a time, few enough that the next pause is near even on a slow disk.
+constexpr std::size_t step = std::size_t{1} << 20;
+/// What is kept from one file to the next, for most pages need less and fresh memory costs more than reading them.
+/// Also what the kernel takes for a large page; to give a gigabyte of small ones back takes a tenth of a second.
+constexpr std::size_t leastCapacity = std::size_t{2} << 20;
 
 }  // namespace
 
@@ -54,8 +57,8 @@ std::string_view FileBytes::read(const std::string& path, const std::function<vo
         });
         if (count < 0) throw fileError(errno, path);
         length += static_cast<std::size_t>(count);
-        const bool short_ = static_cast<std::size_t>(count) < wanted;
-        if (count == 0 || (short_ && length == size)) return {memory_.get(), length};
+        const bool endShows = static_cast<std::size_t>(count) < wanted;
+        if (count == 0 || (endShows && length == size)) return {memory_.get(), length};
         if (length == capacity_) makeRoom(2 * capacity_, length);
         pause();
     }
@@ -66,8 +69,10 @@ void FileBytes::makeRoom(std::size_t size, std::size_t kept) {
     if (size <= capacity_) return;
     if (kept == 0) memory_.reset();
     capacity_ = 0;
-    size = std::max(size, leastCapacity);
-    auto larger = std::make_unique_for_overwrite<char[]>(size);
+    size = (size + leastCapacity - 1) / leastCapacity * leastCapacity;
+    std::unique_ptr<char, Free> larger(static_cast<char*>(std::aligned_alloc(leastCapacity, size)));
+    if (!larger) throw std::bad_alloc();
+    madvise(larger.get(), size, MADV_HUGEPAGE);
     if (kept > 0) std::memcpy(larger.get(), memory_.get(), kept);
     memory_ = std::move(larger);
     capacity_ = size;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,7 +24,11 @@ private:
     OpenFile open(const std::string& path);
     void makeRoom(std::size_t size, std::size_t kept);
 
-    std::unique_ptr<char[]> memory_;
+    struct Free {
+        void operator()(char* memory) const { std::free(memory); }
+    };
+
+    std::unique_ptr<char, Free> memory_;
     std::size_t capacity_ = 0;
     std::string unsized_;
     std::string directory_;           ///< of the last file, with "/" at its end

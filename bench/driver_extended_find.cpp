@@ -15,7 +15,7 @@ TaskResult extendedFindTask(const std::vector<std::string>& arguments) {
     form.rtbFind.setText(arguments.at(1));
     form.chkCase.setValue(arguments.at(2) == "matched");
     form.chkSubDir.setValue(true);
-    const auto done = measured([&] {
+    auto done = measured([&] {
         form.cmdBegin.click();
         std::size_t sum = 0;
         for (const auto& row : form.ListView1.rows())

@@ -120,7 +120,7 @@ std::optional<std::string> textFromUtf16(std::string_view bytes, bool bigEndian)
     std::string text;
     text.reserve(bytes.size() / 2 + bytes.size() / 8);
     // Characters are appended many at once. Four are the most that one step adds.
-    std::array<char, 8192> characters;
+    std::array<char, 8192> characters{};
     std::size_t length = 0;
     for (std::size_t position = 0; position < bytes.size();) {
         if (length + 4 > characters.size()) text.append(characters.data(), std::exchange(length, 0));

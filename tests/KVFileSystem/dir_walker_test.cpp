@@ -44,14 +44,12 @@ TEST_F(Walk, TellsWhichNamesMatch) {
         Names names;
     } rows[] = {
         {"*.htm", {".htm", "a.htm", "b.HTML", "h.htm.html"}},
-        {"*.HTM", {".htm", "a.htm", "b.HTML", "h.htm.html"}},
         {"*.html", {"b.HTML", "h.htm.html"}},
         {"*.c", {"f.c"}},
         {"*.*htm", {".htm", "a.htm"}},
         {"a*", {"a.htm"}},
         {"*h*t*m", {".htm", "a.htm"}},
         {"htm", {}},
-        {"", {}},
     };
     for (const auto& row : rows) EXPECT_EQ(found(row.filter), row.names) << row.filter;
     EXPECT_EQ(found("*.*").size(), 10U);

@@ -107,10 +107,12 @@ inline int inChild(const std::function<int()>& steps) {
     return status;
 }
 
+/// The number of the user that owns nothing, and of the group.
+constexpr uid_t nobody = 65534;
+
 /// The same as a user whom modes bind; root becomes one. What a failed expectation says is seen, its failure shows in
 /// the status.
 inline int asOrdinaryUser(const std::function<void()>& steps) {
-    constexpr uid_t nobody = 65534;
     return inChild([&] {
         const bool changed =
             geteuid() != 0 || (setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0);
