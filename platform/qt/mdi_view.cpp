@@ -22,6 +22,9 @@ namespace {
 /// In characters; what of a path the list of windows shows.
 constexpr int longestRow = 70;
 
+/// What the icon and the buttons of a title bar take, in heights of the bar.
+constexpr int titleBarParts = 5;
+
 /// A child's window. Its close box asks the form, which alone takes the window away.
 class ChildWindow : public QMdiSubWindow {
 public:
@@ -33,6 +36,14 @@ public:
 
     Form* form() const { return form_; }
     void release() { form_ = nullptr; }
+
+    /// The end of a path is what has to be read. A maximised window's title stands in the frame's.
+    void showTitle() {
+        if (!widget()) return;
+        const QString title = widget()->windowTitle();
+        const int room = width() - titleBarParts * style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        setWindowTitle(isMaximized() ? title : fontMetrics().elidedText(title, Qt::ElideLeft, room));
+    }
 
 protected:
     void closeEvent(QCloseEvent* event) override {
@@ -47,10 +58,12 @@ protected:
 
     void changeEvent(QEvent* event) override {
         QMdiSubWindow::changeEvent(event);
-        if (event->type() != QEvent::WindowStateChange || !widget()) return;
-        const QString title = widget()->windowTitle();
-        // An icon has no room for the directories.
-        setWindowTitle(isMinimized() ? title.section(QLatin1Char('/'), -1) : title);
+        if (event->type() == QEvent::WindowStateChange) showTitle();
+    }
+
+    void resizeEvent(QResizeEvent* event) override {
+        QMdiSubWindow::resizeEvent(event);
+        showTitle();
     }
 
 private:
@@ -110,6 +123,7 @@ void MdiView::show(Form& child) {
     if (!widget) return;
     auto* window = new ChildWindow(child);
     window->setWidget(widget);
+    connect(widget, &QWidget::windowTitleChanged, window, &ChildWindow::showTitle);
     widget->show();
     windows_.insert(&child, window);
     area_.addSubWindow(window);

@@ -1,5 +1,6 @@
 #include <QProcess>
 #include <QTreeView>
+#include <filesystem>
 
 #include "authoring/convert.h"
 #include "authoring/date_time.h"
@@ -74,6 +75,7 @@ std::pair<int, std::string> checked(const std::string& path) {
 
 TEST_F(Page, WrittenWithTheCommandsAloneHasNoErrorForAChecker) {
     ASSERT_TRUE(started_);
+    std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt"));
     const std::string path = files.write("page.htm", "");
     openByDialog({path});
     choose("mnuInsert_Tags");
@@ -96,9 +98,9 @@ TEST_F(Page, WrittenWithTheCommandsAloneHasNoErrorForAChecker) {
     choose("mnuInsert_SpecialChars");
     insertCharacter("&eacute;");
     choose("mnuInsert_SpecialChars");
-    typeBefore("</P>",
-               " and \xC3\xBC"
-               "ber all open, as of ");
+    typeBefore("</P>", " and ");
+    source().setSelText("\xC3\xBC");
+    type("ber all open, as of ");
     select("caf&eacute;");
     answerPrompt("place");
     choose("mnuInsert_Link_name");

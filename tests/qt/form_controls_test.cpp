@@ -201,10 +201,16 @@ TEST_F(Tabs, ARefusedPageIsLeftAgain) {
     EXPECT_EQ(widget_.currentIndex(), 0);
 }
 
-TEST_F(Binding, ALayoutHasAPageForEachTab) {
+TEST_F(Binding, PagesAreLookedIntoForTheFaultsOfALayout) {
     make<TabControl>("SSTab1", std::vector<std::string>{"A", "B"});
-    add<QTabWidget>("SSTab1").addTab(new QWidget, "");
-    EXPECT_EQ(bindForm(form_, window_), std::vector<std::string>{"test: SSTab1 has 1 pages in the layout for 2 tabs"});
+    make<MonthView>("MonthView1");
+    auto* page = new QWidget;
+    add<QTabWidget>("SSTab1").addTab(page, "");
+    (new QCalendarWidget(page))->setObjectName("MonthView1");
+    (new QLineEdit(page))->setObjectName("txtForgotten");
+    EXPECT_EQ(bindForm(form_, window_),
+              (std::vector<std::string>{"test: SSTab1 has 1 pages in the layout for 2 tabs",
+                                        "test: txtForgotten, a QLineEdit, belongs to no control"}));
 }
 
 TEST_F(Binding, AnAmpersandOfALabelMarksAKeyOnlyWhereItIsToldTo) {

@@ -102,8 +102,11 @@ private:
         answered_ = dialog;
         const auto steps = std::move(dialogs_.front());
         dialogs_.pop_front();
-        steps(*dialog);
-        answered_ = nullptr;
+        // Not in the timer's own event, which would not come again for a dialog above this one.
+        QTimer::singleShot(0, dialog, [this, steps, dialog] {
+            steps(*dialog);
+            if (answered_ == dialog) answered_ = nullptr;
+        });
     }
 
     QTimer dialogPoll_;

@@ -135,7 +135,7 @@ TEST_F(Frame, AChildsCloseBoxAsksItsForm) {
 }
 
 TEST_F(Frame, ArrangesItsChildren) {
-    for (const char* name : {"/web/one", "/two", "/three"}) open(name);
+    for (const char* name : {"/web/in/a/directory/that/lies/deep/one", "/two", "/three"}) open(name);
     const QRect inside = area().viewport()->rect();
     using Arrangement = MdiArea::Arrangement;
     for (const auto arrangement : {Arrangement::tileHorizontally, Arrangement::tileVertically}) {
@@ -159,13 +159,13 @@ TEST_F(Frame, ArrangesItsChildren) {
     EXPECT_EQ(subWindow(*children_[0]).geometry().bottomLeft(), inside.bottomLeft());
     frame_.mdi.arrange(Arrangement::tileHorizontally);
     EXPECT_TRUE(subWindow(*children_[0]).isMinimized());
-    EXPECT_EQ(subWindow(*children_[0]).windowTitle(), "one");
+    EXPECT_TRUE(subWindow(*children_[0]).windowTitle().endsWith("p/one"));
+    EXPECT_FALSE(subWindow(*children_[0]).windowTitle().startsWith("/web"));
     EXPECT_FALSE(subWindow(*children_[0]).geometry().intersects(subWindow(*children_[2]).geometry()));
 
     frame_.mdi.activate(*children_[2]);
     frame_.mdi.activate(*children_[0]);
     EXPECT_FALSE(subWindow(*children_[0]).isMinimized()) << "its tab brings an icon back";
-    EXPECT_EQ(subWindow(*children_[0]).windowTitle(), "/web/one");
 }
 
 TEST_F(Frame, TheWindowMenuListsTheChildren) {
