@@ -76,18 +76,7 @@ bool copyAttributes(int from, int to) {
     return true;
 }
 
-/// Gives the temporary file owner, attributes and mode of the one whose place it is to take; whether it has them.
-bool copyRights(const RegularFile& from, int to) {
-    constexpr mode_t copiedBits = 01777;
-    struct stat own {};
-    if (uninterrupted([&] { return systemCalls().fstat(to, &own); }) != 0) return false;
-    const auto& status = from.status;
-    const bool sameOwner = own.st_uid == status.st_uid && own.st_gid == status.st_gid;
-    if (!sameOwner && systemCalls().fchown(to, status.st_uid, status.st_gid) != 0) return false;
-    return copyAttributes(from.file.descriptor(), to) && systemCalls().fchmod(to, status.st_mode & copiedBits) == 0;
-}
-
-/// Writes the bytes into a new file. Whether it also has the target's rights.
+/// Writes the bytes into a new file. Whether it also has the target's extended attributes.
 bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
     constexpr mode_t ownerOnly = 0600;
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
@@ -95,20 +84,38 @@ bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const
     if (file.descriptor() < 0 || !writeWhole(file.descriptor(), bytes)) {
         throw temporaryError(errno, temporary, target.path);
     }
-    const bool hasRights = copyRights(target.opened, file.descriptor());
+    const bool hasAttributes = copyAttributes(target.opened.file.descriptor(), file.descriptor());
     if (!flush(file.descriptor()) || !file.close()) throw temporaryError(errno, temporary, target.path);
-    return hasRights;
+    return hasAttributes;
 }
 
-/// Puts the temporary file in the target's place; false when the disk or the directory does not let it.
-bool takePlace(const std::string& temporary, const std::string& path) {
-    if (uninterrupted([&] { return systemCalls().rename(temporary.c_str(), path.c_str()); }) == 0) return true;
-    if (errno == EXDEV || errno == EACCES || errno == EPERM || errno == EROFS || errno == EBUSY) return false;
-    throw fileError(errno, path);
+bool giveRights(const struct stat& status, const char* temporary) {
+    constexpr mode_t copiedBits = 01777;
+    return systemCalls().lchown(temporary, status.st_uid, status.st_gid) == 0 &&
+           systemCalls().chmod(temporary, status.st_mode & copiedBits) == 0;
+}
+
+/// Puts the temporary file in the target's place, with its owner and mode; false when the disk or the directory does
+/// not let it.
+bool takePlace(const char* temporary, const ReplaceableFile& target) {
+    const bool hasRights = giveRights(target.opened.status, temporary);
+    const auto rename = [&] { return systemCalls().rename(temporary, target.path.c_str()); };
+    if (hasRights && uninterrupted(rename) == 0) return true;
+    const int code = errno;
+    // What is left is this user's again, so that the next file can take its place.
+    systemCalls().lchown(temporary, geteuid(), getegid());
+    const bool canBeWritten = code == EXDEV || code == EACCES || code == EPERM || code == EROFS || code == EBUSY;
+    if (hasRights && !canBeWritten) throw fileError(code, target.path);
+    return false;
 }
 
 bool isOwnFile(const struct stat& status) {
     return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
+}
+
+bool isOwnDirectory(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid();
 }
 
 }  // namespace
@@ -121,8 +128,8 @@ ReplaceableFile readForReplacement(const std::string& path) {
 }
 
 void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
-    const bool hasRights = writeTemporary(target, bytes, temporary);
-    if (isOneNamedFile(target) && hasRights && takePlace(temporary, target.path)) return;
+    const bool hasAttributes = writeTemporary(target, bytes, temporary);
+    if (isOneNamedFile(target) && hasAttributes && takePlace(temporary.c_str(), target)) return;
     saveFileInPlace(target.path, bytes);
     // One that does not go is met by clearTemporary; the target is written all the same.
     uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
@@ -150,10 +157,10 @@ std::vector<std::string> abandonedTemporaries(const std::string& temporary) {
     const auto begin = name.substr(0, name.find('-') + 1);
     std::vector<std::string> found;
     for (const std::string& other : directoriesIn(base)) {
-        if (!other.starts_with(begin) || other == name) continue;
-        auto path = joinPath(joinPath(base, other), fileNamePart(temporary));
-        struct stat status {};
-        if (lstat(path.c_str(), &status) == 0 && isOwnFile(status)) found.push_back(std::move(path));
+        const auto directory = joinPath(base, other);
+        if (!other.starts_with(begin) || other == name || !isOwnDirectory(directory)) continue;
+        auto path = joinPath(directory, fileNamePart(temporary));
+        if (listingFinds(path)) found.push_back(std::move(path));
     }
     return found;
 }

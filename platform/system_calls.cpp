@@ -18,8 +18,8 @@ SystemCalls kernelCalls() {
     calls.pwrite = ::pwrite;
     calls.fallocate = ::fallocate;
     calls.ftruncate = ::ftruncate;
-    calls.fchown = ::fchown;
-    calls.fchmod = ::fchmod;
+    calls.lchown = ::lchown;
+    calls.chmod = ::chmod;
     calls.fsetxattr = ::fsetxattr;
     calls.fsync = ::fsync;
     calls.close = ::close;

@@ -21,8 +21,8 @@ struct SystemCalls {
     std::function<ssize_t(int descriptor, const void* bytes, std::size_t count, off_t offset)> pwrite;
     std::function<int(int descriptor, int mode, off_t offset, off_t length)> fallocate;
     std::function<int(int descriptor, off_t length)> ftruncate;
-    std::function<int(int descriptor, uid_t owner, gid_t group)> fchown;
-    std::function<int(int descriptor, mode_t mode)> fchmod;
+    std::function<int(const char* path, uid_t owner, gid_t group)> lchown;
+    std::function<int(const char* path, mode_t mode)> chmod;
     std::function<int(int descriptor, const char* name, const void* value, std::size_t size, int flags)> fsetxattr;
     std::function<int(int descriptor)> fsync;
     std::function<int(int descriptor)> close;

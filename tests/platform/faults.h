@@ -63,8 +63,8 @@ struct Saboteur {
         sabotage("fsync", calls.fsync);
         sabotage("unlink", calls.unlink);
         sabotage("lstat", calls.lstat);
-        sabotage("fchown", calls.fchown);
-        sabotage("fchmod", calls.fchmod);
+        sabotage("lchown", calls.lchown);
+        sabotage("chmod", calls.chmod);
         sabotage("fsetxattr", calls.fsetxattr);
         sabotage("rename", calls.rename);
         // A close that reports an error has closed.
