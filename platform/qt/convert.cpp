@@ -2,6 +2,9 @@
 
 #include <QTextDocument>
 #include <QWidget>
+#include <algorithm>
+
+#include "platform/code_points.h"
 
 namespace kelvor::qt {
 
@@ -31,6 +34,13 @@ QString plainLines(std::string_view text) {
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return lines;
+}
+
+QString rowText(std::string_view text) {
+    constexpr std::size_t longest = 1000;
+    std::size_t length = std::min(text.size(), longest);
+    while (length < text.size() && isContinuationByte(text[length])) ++length;
+    return plainLines(text.substr(0, length)).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 QString elidedInTheMiddle(const QString& text, int limit) {

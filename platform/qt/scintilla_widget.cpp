@@ -194,6 +194,9 @@ bool ScintillaWidget::runClipboardKey(const QKeyEvent& event) {
 }
 
 void ScintillaWidget::type(QKeyEvent* event) {
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    // What the text does not take moves the focus in the widget around it.
+    if (isField_ && isTab && !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
     if (event->key() == Qt::Key_Tab && event->modifiers() == (isField_ ? Qt::ControlModifier : Qt::NoModifier)) {
         SendScintilla(SCI_REPLACESEL, "\t");
         return;
@@ -245,10 +248,6 @@ void ScintillaWidget::changeEvent(QEvent* event) {
     QsciScintillaBase::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
         showColors(textColor_, backColor_);
-}
-
-bool ScintillaWidget::focusNextPrevChild(bool next) {
-    return isField_ ? QAbstractScrollArea::focusNextPrevChild(next) : QsciScintillaBase::focusNextPrevChild(next);
 }
 
 QByteArray ScintillaWidget::fromMimeData(const QMimeData* source, bool& rectangular) const {

@@ -60,7 +60,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
 
 private:

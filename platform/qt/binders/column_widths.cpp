@@ -55,7 +55,7 @@ void ColumnWidths::measure(int first, int last) {
     for (int row = first; row <= last; row += step) {
         for (int column = 0; column < static_cast<int>(needed_.size()); ++column) {
             const bool hasIcon = column == 0 && list_.rows()[static_cast<std::size_t>(row)].icon > 0;
-            const int width = metrics.horizontalAdvance(toQt(list_.cell(row, column))) + margins + 1;
+            const int width = metrics.horizontalAdvance(rowText(list_.cell(row, column))) + margins + 1;
             int& needed = needed_[static_cast<std::size_t>(column)];
             needed = std::max(needed, width + (hasIcon ? iconWidth : 0));
         }
@@ -92,6 +92,11 @@ int ColumnWidths::shareOf(int space) const {
         --open;
     }
     return widths.empty() ? 0 : widths.back();
+}
+
+void ColumnWidths::placeAsTold() {
+    drawn_ = false;
+    place();
 }
 
 void ColumnWidths::place() {

@@ -23,6 +23,8 @@ public:
     /// Takes rows that are new or have changed into account, soon.
     void note(const RowChange& change);
     void place();
+    /// The same after a width was told, which takes back what the user has drawn.
+    void placeAsTold();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -19,7 +19,7 @@ QString withoutMarks(QString text) {
 
 /// The widget knows access keys only where it has a field to lead to; elsewhere it shows each "&".
 QString shownText(const Label& label, bool hasField) {
-    const QString caption = plainLines(label.caption());
+    QString caption = plainLines(label.caption());
     if (label.useMnemonic() == hasField) return caption;
     return hasField ? menuText(caption) : withoutMarks(caption);
 }

@@ -10,16 +10,6 @@
 
 namespace kelvor::qt {
 
-namespace {
-
-/// A cell's text in one line.
-QString cellText(const std::string& cell) {
-    QString text = plainLines(cell);
-    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-}
-
-}  // namespace
-
 ReportRows::ReportRows(const ReportView& list, QObject* parent)
     : FollowedRows([&list] { return list.count(); }, parent),
       list_(list),
@@ -33,7 +23,7 @@ int ReportRows::columnCount(const QModelIndex& parent) const {
 QVariant ReportRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
     if (row >= list_.count()) return {};
-    if (role == Qt::DisplayRole) return cellText(list_.cell(index.row(), index.column()));
+    if (role == Qt::DisplayRole) return rowText(list_.cell(index.row(), index.column()));
     const auto icon = static_cast<std::size_t>(list_.rows()[row].icon);
     if (role == Qt::DecorationRole && index.column() == 0 && icon > 0 && icon <= icons_.size()) return icons_[icon - 1];
     return {};

@@ -144,7 +144,7 @@ void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
     });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
     link.follow(list, widget, [selections, widths](Aspect aspect) {
-        if (aspect == Aspect::value) return widths->place();
+        if (aspect == Aspect::value) return widths->placeAsTold();
         selections->showSoon();
     });
     QObject::connect(&widget, &QTreeView::doubleClicked, &link,

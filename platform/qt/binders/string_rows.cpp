@@ -77,7 +77,7 @@ int StringRows::columnCount(const QModelIndex& parent) const {
 QVariant StringRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
     if ((role != Qt::DisplayRole && role != Qt::EditRole) || row >= rows_.size()) return {};
-    return toQt(rows_[row]);
+    return role == Qt::DisplayRole ? rowText(rows_[row]) : toQt(rows_[row]);
 }
 
 Qt::ItemFlags StringRows::flags(const QModelIndex& index) const {
