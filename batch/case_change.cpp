@@ -127,8 +127,10 @@ void CaseChange::lblStartDir_DblClick() {
 }
 
 void CaseChange::browseForFiles() {
-    lstFiles.addRows(pickFiles("Select files (multiple selections allowed)"));
-    if (lstFiles.count() > 0) lstFiles.setSelectedRow(0);
+    const auto files = pickFiles("Select files (multiple selections allowed)");
+    if (files.empty()) return;
+    lstFiles.addRows(files);
+    lstFiles.setSelectedRow(0);
     checkButtons();
     checkApplyButton();
 }
@@ -149,7 +151,8 @@ void CaseChange::checkApplyButton() {
     const int where = optWhere.selected();
     const bool ready = where == activeDocument || (where == listOfFiles && lstFiles.count() > 0) ||
                        (where == directoryTree && lblStartDir.caption() != noDirectory);
-    cmdApply.setEnabled(ready && !getReplaceValues().empty());
+    // A run that goes on, or was left without files, keeps the button.
+    if (cmdClose.caption() == closeCaption) cmdApply.setEnabled(ready && !getReplaceValues().empty());
 }
 
 void CaseChange::checkButtons() {

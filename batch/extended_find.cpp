@@ -58,8 +58,9 @@ ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
     onLoad = [this] { Form_Load(); };
     unloaded.connect([this] { Form_Unload(); });
     queryUnload.connect([this](bool& cancel) {
-        cancel = cmdClose.caption() == cancelCaption;
-        if (cancel) confirmCancel();
+        if (cmdClose.caption() != cancelCaption) return;
+        cancel = true;
+        if (cmdClose.enabled()) confirmCancel();
     });
     lblDirFolder.doubleClicked.connect([this] { lblDirFolder_DblClick(); });
     rtbFind.changed.connect([this] { checkBegin(); });

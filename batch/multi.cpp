@@ -204,8 +204,9 @@ void Multi::fillMultiSpecialChars() {
 }
 
 void Multi::cmdBrowse_Click() {
-    lbxTargetFiles.addRows(pickFiles("Select the target files (multiple selections allowed)"));
-    if (lbxTargetFiles.count() == 0) return;
+    const auto targets = pickFiles("Select the target files (multiple selections allowed)");
+    if (targets.empty()) return;
+    lbxTargetFiles.addRows(targets);
     lbxTargetFiles.setSelectedRow(0);
     checkTargets();
 }
