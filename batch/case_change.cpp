@@ -100,10 +100,8 @@ void CaseChange::Form_Load() {
     checkApplyButton();
 }
 
-/// The window is activated also when a dialog of its own closes; the user's choice then stays as it is.
 void CaseChange::Form_Activate() {
     const bool hasDocument = hasMdiChild();
-    if (std::exchange(hadDocument_, hasDocument) == hasDocument) return;
     optWhere[activeDocument].setEnabled(hasDocument);
     optWhere.select(hasDocument ? activeDocument : listOfFiles);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -95,8 +94,6 @@ private:
     int scope_ = 0;  ///< of the run in progress
     bool badLinks_ = false;
     bool cancelVal_ = false;
-    /// Whether a document was open when the form was last activated.
-    std::optional<bool> hadDocument_;
 };
 
 /// The one dialog.

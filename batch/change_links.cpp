@@ -12,7 +12,7 @@ bool changeLinks(EditControl& box, const std::string& what, LinkCase caseMode) {
     const int textLength = box.textLength();
     int growth = 0;  // a few letters have another length in the other case
     for (const htmlLink& link : references.links) {
-        if (box.textLength() != textLength + growth) break;
+        if (box.textLength() != textLength + growth) return false;
         box.setSelStart(link.linkStart + growth);
         box.setSelLength(link.linkEnd - link.linkStart + 1);
         const std::string value = box.selText();

@@ -50,7 +50,7 @@ Find::Find() : Form("find", "Find") {
 void Find::Form_Load() {
     const EditWindow& window = mainForm().activeForm();
     searchEnd_ = window.Text1.textLength();
-    docCaption = window.caption();
+    docCaption_ = window.caption();
     // A store that cannot be read is told, and the search works without its history.
     guarded([this] { fillFindHist(); });
     if (window.Text1.selLength() > 0) cboFindText.setText(window.Text1.selText());
@@ -89,8 +89,8 @@ void Find::cmdFind_Click() {
 
 void Find::followDocument() {
     const EditWindow& window = mainForm().activeForm();
-    if (window.caption() == docCaption) return;
-    docCaption = window.caption();
+    if (window.caption() == docCaption_) return;
+    docCaption_ = window.caption();
     searchStart_ = 0;
     searchEnd_ = window.Text1.textLength();
     foundAt_ = 0;
@@ -125,11 +125,6 @@ bool refuseEmptyFindText(const std::string& text) {
     beepAndShow(
         {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
     return true;
-}
-
-void forgetFindDocument() {
-    for (Form* form : loadedForms())
-        if (auto* find = dynamic_cast<Find*>(form)) find->docCaption.clear();
 }
 
 void mnuEdit_Find_Click() {

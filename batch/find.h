@@ -24,9 +24,6 @@ public:
     Button cmdClose{*this, "cmdClose", "&Close"};
     Button cmdHelp{*this, "cmdHelp", "&Help"};
 
-    /// The caption of the document window that the search belongs to. In a window of another one a search begins anew.
-    std::string docCaption;
-
 private:
     void Form_Load();
     void Form_Unload();
@@ -38,6 +35,8 @@ private:
     void followDocument();
     void search(EditControl& edit, const std::string& text);
 
+    /// Of the document window that the search belongs to. In a window of another one a search begins anew.
+    std::string docCaption_;
     int searchStart_ = 0;
     /// The document's length when the search came to it: what is added later lies behind the end.
     int searchEnd_ = 0;
@@ -53,9 +52,6 @@ void addFindToReg(const std::string& text);
 
 /// Whether `text` is none to search for; the user has been told then.
 bool refuseEmptyFindText(const std::string& text);
-
-/// A document was closed: no search goes on in it.
-void forgetFindDocument();
 
 void mnuEdit_Find_Click();
 

@@ -54,7 +54,6 @@ void FindReplace::Form_Load() {
     findKeys_.setHookedRTB(&txtFindText);
     replaceKeys_.setHookedRTB(&txtReplace);
     txtFindText.setText(activeText().selText());
-    docCaption = mainForm().activeForm().caption();
     txtFindText.SetFocus();
 }
 
@@ -101,9 +100,7 @@ void FindReplace::replace() {
 }
 
 FindReplace::Run FindReplace::beginRun() {
-    const EditWindow& window = mainForm().activeForm();
-    EditControl& edit = window.Text1;
-    docCaption = window.caption();
+    EditControl& edit = activeText();
     const int options = (chkWord.value() ? find_option::wholeWord : 0) + (chkCase.value() ? find_option::matchCase : 0);
     const bool within = chkWithin.value();
     searchStart_ = within ? edit.selStart() : 0;
@@ -122,8 +119,9 @@ void FindReplace::endRun(Run& run) {
     enableC();
 }
 
+/// The form can be closed between two questions; that ends the run.
 void FindReplace::replaceAsking(Run& run) {
-    while (findMatch(run)) {
+    while (isLoaded() && findMatch(run)) {
         platform().screen.setMousePointer(MousePointer::standard);
         const Answer answer = askToReplace();
         if (answer == Answer::cancel) return;
@@ -190,11 +188,6 @@ void FindReplace::setControlsEnabled(bool enabled) {
                                  &chkWithin,   &cmdReplaceOne, &cmdReplaceAll, &cmdHelp};
     for (Control* control : controls) control->setEnabled(enabled);
     mainForm().setEnabled(enabled);
-}
-
-void forgetReplaceDocument() {
-    for (Form* form : loadedForms())
-        if (auto* replace = dynamic_cast<FindReplace*>(form)) replace->docCaption.clear();
 }
 
 void mnuEdit_FindReplace_Click() {

@@ -28,9 +28,6 @@ public:
     Button cmdClose{*this, "cmdClose", "&Close"};
     Button cmdHelp{*this, "cmdHelp", "&Help"};
 
-    /// The caption of the document window of the last run.
-    std::string docCaption;
-
 private:
     /// What one run works on.
     struct Run {
@@ -70,9 +67,6 @@ private:
 
 /// The one dialog.
 FindReplace& findReplace();
-
-/// A document was closed: nothing of it is remembered.
-void forgetReplaceDocument();
 
 void mnuEdit_FindReplace_Click();
 

@@ -146,6 +146,8 @@ void Multi::cmdAdd_Click() {
                      .icon = MessageIcon::exclamation});
         return txtFind.SetFocus();
     }
+    // Removed rows that were filled in count too; a pair without its replacement would delete what it finds.
+    if (nextRow_ < 1) throw Error(error_number::subscriptOutOfRange, "The summary has no row for the replacement text");
     lstSummary.addRow({txtFind.text()});
     lstSummary.setCell(nextRow_ - 1, 1, txtReplace.text());
     ++nextRow_;

@@ -1,5 +1,6 @@
 // Runs one task of the tools that work on whole directory trees, without a window:
-// batch_driver TASK ARGUMENTS... prints one line: seconds elapsed, seconds of the processor, result.
+// batch_driver TASK ARGUMENTS... prints one line: seconds elapsed, seconds of the processor,
+// seconds of the longest pause between two rounds of waiting events, result.
 
 #include <chrono>
 #include <ctime>
@@ -42,7 +43,7 @@ int run(const std::vector<std::string>& words) {
     const HeadlessPlatform platform;
     setErrorSink([](const Error& error) { throw Error(error); });
     const auto done = found->second.task({words.begin() + 1, words.end()});
-    std::cout << done.elapsed << '\t' << done.processor << '\t' << done.result << '\n';
+    std::cout << done.elapsed << '\t' << done.processor << '\t' << done.pause << '\t' << done.result << '\n';
     return 0;
 }
 
@@ -53,7 +54,9 @@ TaskResult measured(const std::function<std::string()>& work) {
     const auto start = Clock::now();
     const auto processor = processorSeconds();
     TaskResult done;
+    forgetPauses();
     done.result = work();
+    done.pause = endPause();
     done.processor = processorSeconds() - processor;
     done.elapsed = std::chrono::duration<double>(Clock::now() - start).count();
     return done;

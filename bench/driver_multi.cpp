@@ -40,8 +40,8 @@ TaskResult multiTask(const std::vector<std::string>& arguments) {
     form.load();
     addPairs(form, arguments.at(1));
     form.lbxTargetFiles.addRows(pages);
-    // Cancelled, it still sees the files.
-    form.cmdBrowse.click();
+    // No dialog has chosen the files, so none has set the button free.
+    form.cmdStart.setEnabled(true);
     std::optional<Unflushed> unflushed;
     if (arguments.at(2) == "unflushed") unflushed.emplace();
     TaskResult done = measured([&] {

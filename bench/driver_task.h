@@ -11,6 +11,7 @@ struct TaskResult {
     std::string result;
     double elapsed = 0;
     double processor = 0;
+    double pause = 0;  ///< the longest one between two rounds of waiting events
 };
 
 /// Runs `work` and measures it; `work` gives the result.

@@ -4,6 +4,13 @@
 
 namespace kelvor::bench {
 
+/// Ends a time in which waiting events were not let run, and begins the next one.
+/// @return seconds of the longest one so far
+double endPause();
+
+/// Forgets the times so far.
+void forgetPauses();
+
 /// Surroundings without a window or a user, in force while they live: edit controls are in memory, dialogs are
 /// answered at once (messages are shown on standard error), waiting events do not come.
 class HeadlessPlatform : private Dialogs,
@@ -32,7 +39,7 @@ private:
     void beep() override {}
     void setMousePointer(MousePointer /*pointer*/) override {}
     std::vector<std::string> fonts() override { return {}; }
-    void processEvents() override {}
+    void processEvents() override { endPause(); }
 
     bool open(const std::string& /*target*/) override { return false; }
     void start(const std::vector<std::string>& /*words*/, const std::string& /*workingDirectory*/) override {}

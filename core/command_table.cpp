@@ -254,10 +254,6 @@ void connectDocuments() {
         checkSelText();
         popUp("mnuRClick");
     });
-    static const Connection gone = CDocument::windowGone().connectScoped([] {
-        forgetFindDocument();
-        forgetReplaceDocument();
-    });
     static const Connection chords = CDocument::editChord().connectScoped(Edit_Action);
 }
 

@@ -56,11 +56,6 @@ Event<>& CDocument::rightPressed() {
     return event;
 }
 
-Event<>& CDocument::windowGone() {
-    static Event<> event;
-    return event;
-}
-
 Event<int>& CDocument::editChord() {
     static Event<int> event;
     return event;
@@ -275,7 +270,6 @@ void CDocument::editWindow_Unload() {
         frame.StatusBar1.setPanelText(panel::saved, "File Saved: No Files Open ");
         unloadFixedForms();
     }
-    windowGone().raise();
     tracker_.reset();
     // A document that failed half way through opening has no tab.
     if (docTabStrip_->contains(strUniqueID_)) docTabStrip_->remove(strUniqueID_);

@@ -86,8 +86,6 @@ public:
 
     /// Raised for a right press in the text, to show the popup menu.
     static Event<>& rightPressed();
-    /// Raised when a document's window goes: nothing of it is to be gone on with.
-    static Event<>& windowGone();
     /// Raised for the clipboard and undo chords: the action's number for Edit_Action.
     static Event<int>& editChord();
 

@@ -48,6 +48,7 @@ public:
 
     /// The load procedure.
     Event<>::Handler onLoad;
+    /// Comes to the front after another form; not after a dialog of its own.
     Event<> activated;
     Event<> resized;
     /// A handler sets the flag to keep the form open.

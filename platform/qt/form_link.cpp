@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QStackedWidget>
+#include <utility>
 
 #include "platform/form.h"
 #include "platform/qt/convert.h"
@@ -25,6 +26,13 @@ void bringToTop(QWidget& widget) {
         }
     }
     widget.raise();
+}
+
+/// Whether the window becomes active after another form's. A message or a file dialog of its own, or another
+/// program, that had the keyboard meanwhile does not count.
+bool comesForward(QWidget& window) {
+    static QPointer<QWidget> active;
+    return std::exchange(active, &window) != &window;
 }
 
 }  // namespace
@@ -126,7 +134,7 @@ bool FormLink::filterWindow(QEvent& event) {
             form.resized.raise();
             return false;
         case QEvent::WindowActivate:
-            if (form.kind() != Form::Kind::child) form.activated.raise();
+            if (form.kind() != Form::Kind::child && comesForward(window_)) form.activated.raise();
             return false;
         default:
             return false;

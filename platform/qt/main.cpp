@@ -17,7 +17,8 @@ int main(int argumentCount, char** arguments) {
     starting.reset();
 
     qt::QtPlatform platform;
-    application.onExitWanted = [] { return mainForm().unload(); };
+    // A run that has disabled the frame still works on its documents.
+    application.onExitWanted = [] { return mainForm().enabled() && mainForm().unload(); };
     platform.windows().onFrameGone = [] { QCoreApplication::quit(); };
     int result = 0;
     if (startKelvor()) result = application.run();

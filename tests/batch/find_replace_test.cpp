@@ -96,6 +96,15 @@ TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {
     EXPECT_EQ(window.Text1.selStart(), 9);
 }
 
+TEST_F(FindReplaceForm, ClosedBetweenTwoQuestionsItEndsTheRun) {
+    show("xax", "x", "-");
+    const WaitingEvents events([&] { EXPECT_TRUE(form().unload()); });
+    expect("Replace this instance?", "Find and Replace", MessageButtons::yesNoCancel, Answer::yes);
+    expectCount(1);
+    form().cmdReplaceOne.click();
+    expectOutcome("-ax");
+}
+
 TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
     for (const bool goesOn : {true, false}) {
         show("xaxbx", "x", "-");

@@ -74,9 +74,6 @@ TEST_F(FindForm, TakesTheEndOfTheSearchAtItsOpeningAndWithAnotherCaption) {
     openText("b.htm", "cat cat");
     press("cat");
     EXPECT_EQ(selection(), "4:cat") << "two windows of one caption are one document";
-    forgetFindDocument();
-    press("cat");
-    EXPECT_EQ(selection(), "0:cat") << "a closed document is another one";
 }
 
 TEST_F(FindForm, ATypedTextBeginsAnewAndAChosenRowGoesOn) {

@@ -98,6 +98,14 @@ TEST_F(MultiForm, PrefillsBothWaysAndThenCountsItsRowsFromTheirOwn) {
     EXPECT_TRUE(form.cmdStart.enabled());
     EXPECT_EQ(summary(0), "À|y");
     EXPECT_EQ(summary(62), "x|");
+    // Fewer rows counted than were removed: a pair is refused, for without its replacement it would delete.
+    form.lstSummary.setSelectedRow(0);
+    for (int count = 0; count < 2; ++count) form.cmdRemoveItem.click();
+    int number = 0;
+    setErrorSink([&](const Error& thrown) { number = thrown.number(); });
+    add("z", "y");
+    EXPECT_EQ(number, 9);
+    EXPECT_EQ(form.lstSummary.count(), 61U);
     form.cmdRemoveSummary.click();
     EXPECT_TRUE(!form.chkCase.value() && form.chkCase.enabled() && form.cmdAddSC.enabled());
     form.Option1[1].click();
