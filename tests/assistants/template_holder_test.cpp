@@ -1,9 +1,8 @@
 #include "assistants/template_holder.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
+#include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"
 
 namespace kelvor {
@@ -12,12 +11,9 @@ namespace {
 class Templates : public KelvorTest {
 protected:
     Templates() {
-        for (const char* name : {"default template", "My Default Template copy", "Page"}) addTemplate(name, "<P>");
+        for (const char* name : {"my default template copy", "Page"})
+            files.write(std::string("program/Templates/") + name + ".tpl", "<P>");
         start();
-    }
-
-    void addTemplate(const std::string& name, const std::string& text) {
-        files.write("program/Templates/" + name + ".tpl", text);
     }
 
     /// Chooses New, and runs `steps` on the dialog while it is shown.
@@ -28,47 +24,60 @@ protected:
         });
         menu("mnuFile_New").click();
     }
+    void expectTold(const std::string& title, const std::string& text, MessageIcon icon) {
+        platform.expectMessage({.text = text, .title = title, .icon = icon});
+    }
 
     bool exists(const std::string& name) { return std::filesystem::exists(templateFile(name)); }
 };
 
-TEST_F(Templates, NewOpensTheChosenOneUntitled) {
-    inDialog([](TemplateHolder& holder) {
-        EXPECT_EQ(holder.lbxTemplates.rows(),
-                  (std::vector<std::string>{"default template", "My Default Template copy", "Page"}));
+TEST_F(Templates, OpenTakesTheChosenOneUntitledAndEditTheFileItself) {
+    inDialog([this](TemplateHolder& holder) {
+        EXPECT_EQ(holder.lbxTemplates.rows(), (std::vector<std::string>{"my default template copy", "Page"}));
         EXPECT_EQ(holder.lbxTemplates.selectedRow(), 0);
-        holder.lbxTemplates.doubleClick(2);
+        std::filesystem::remove(templateFile("Page"));
+        platform.expectMessage(noSuchFile(templateFile("Page")));
+        platform.expectMessage(openError(templateFile("Page")));
+        holder.lbxTemplates.doubleClick(1);
+        EXPECT_TRUE(holder.isLoaded());
+        files.write("program/Templates/Page.tpl", "<P>");
+        holder.lbxTemplates.doubleClick(1);
         EXPECT_FALSE(holder.isLoaded());
     });
     EXPECT_EQ(mainForm().activeForm().caption(), "Untitled 1");
-    EXPECT_TRUE(documentManager()->currentDocument().IsUntitled());
     EXPECT_TRUE(menu("mnuEdit").visible());
     EXPECT_EQ(mainForm().untitledCount, 2);
-}
-
-TEST_F(Templates, EditOpensTheFileItself) {
     inDialog([](TemplateHolder& holder) {
-        holder.lbxTemplates.setSelectedRow(2);
+        holder.lbxTemplates.setSelectedRow(1);
         holder.cmdEdit.click();
+        EXPECT_FALSE(holder.isLoaded());
     });
     EXPECT_EQ(mainForm().activeForm().caption(), templateFile("Page"));
     EXPECT_EQ(menu("mnuFile_RecentFiles_0").caption(), templateFile("Page"));
 }
 
-TEST_F(Templates, DeleteAsksAndProtectsTheDefaultOnes) {
+TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
     inDialog([this](TemplateHolder& holder) {
-        for (const int row : {0, 1}) {
-            holder.lbxTemplates.setSelectedRow(row);
-            platform.expectMessage({.text = "You can not delete the default template.\r\n"
-                                            "You can open and modify the default template with the editor.",
-                                    .title = "Template deletion error",
-                                    .icon = MessageIcon::exclamation});
-            holder.cmdDelete.click();
-        }
-        holder.lbxTemplates.setSelectedRow(2);
+        expectTold("Illegal character in requested template name", "A template name cannot contain a period(.).",
+                   MessageIcon::critical);
+        EXPECT_FALSE(holder.lbxTemplates.edit(1, "a.b"));
+        expectTold("Illegal filename",
+                   "A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
+                   MessageIcon::critical);
+        EXPECT_FALSE(holder.lbxTemplates.edit(1, "a/b"));
+        EXPECT_TRUE(exists("Page"));
+        EXPECT_TRUE(holder.lbxTemplates.edit(1, "Letter"));
+        EXPECT_FALSE(exists("Page"));
+        holder.lbxTemplates.setSelectedRow(0);
+        expectTold("Template deletion error",
+                   "You can not delete the default template.\r\n"
+                   "You can open and modify the default template with the editor.",
+                   MessageIcon::exclamation);
+        holder.cmdDelete.click();
+        holder.lbxTemplates.setSelectedRow(1);
         for (const Answer answer : {Answer::no, Answer::yes}) {
-            EXPECT_TRUE(exists("Page"));
-            platform.expectMessage({.text = "Delete [Page.tpl] template?",
+            EXPECT_TRUE(exists("Letter"));
+            platform.expectMessage({.text = "Delete [Letter.tpl] template?",
                                     .title = "Delete confirmation",
                                     .icon = MessageIcon::question,
                                     .buttons = MessageButtons::yesNo,
@@ -76,43 +85,10 @@ TEST_F(Templates, DeleteAsksAndProtectsTheDefaultOnes) {
                                    answer);
             holder.cmdDelete.click();
         }
-        EXPECT_EQ(holder.lbxTemplates.count(), 2U);
+        EXPECT_EQ(holder.lbxTemplates.count(), 1U);
     });
-    EXPECT_FALSE(exists("Page"));
-    EXPECT_TRUE(exists("default template"));
-}
-
-TEST_F(Templates, RenamingInPlaceRenamesTheFileOrKeepsTheName) {
-    inDialog([this](TemplateHolder& holder) {
-        platform.expectMessage({.text = "A template name cannot contain a period(.).",
-                                .title = "Illegal character in requested template name",
-                                .icon = MessageIcon::critical});
-        EXPECT_FALSE(holder.lbxTemplates.edit(2, "a.b"));
-        platform.expectMessage({.text = "A filename cannot contain any of the following characters:\r\n"
-                                        "\\ / : * ? \" < > |",
-                                .title = "Illegal filename",
-                                .icon = MessageIcon::critical});
-        EXPECT_FALSE(holder.lbxTemplates.edit(2, "a/b"));
-        EXPECT_TRUE(exists("Page"));
-        EXPECT_TRUE(holder.lbxTemplates.edit(2, "Letter"));
-    });
-    EXPECT_TRUE(exists("Letter"));
-    EXPECT_FALSE(exists("Page"));
-}
-
-TEST_F(Templates, AnOpenThatFailsIsToldAndTheDialogStays) {
-    inDialog([this](TemplateHolder& holder) {
-        std::filesystem::remove(templateFile("Page"));
-        platform.expectMessage({.text = "The file " + templateFile("Page") + " does not exist.",
-                                .title = "File Open Error",
-                                .icon = MessageIcon::exclamation});
-        platform.expectMessage({.text = "An error occurred while opening " + templateFile("Page") +
-                                        "\r\nMake sure that the file is not already locked by another application.",
-                                .title = "File open error",
-                                .icon = MessageIcon::critical});
-        holder.lbxTemplates.doubleClick(2);
-        EXPECT_TRUE(holder.isLoaded());
-    });
+    EXPECT_FALSE(exists("Letter"));
+    EXPECT_TRUE(exists("my default template copy"));
 }
 
 TEST_F(Templates, TheActiveTextBecomesATemplateUnderAFreeName) {
@@ -120,14 +96,12 @@ TEST_F(Templates, TheActiveTextBecomesATemplateUnderAFreeName) {
         "Enter a descriptive name for the template.\r\n\r\nNote: This name must also be a valid filename.";
     open("a.htm", "<HTML>");
     platform.expectInput(prompt, "Create Template.", "Page");
-    platform.expectMessage({.text = "You already have a template file on disk with the filename required by this new "
-                                    "template.\r\n\r\nPlease modify the template name slightly to allow the addition "
-                                    "of the new template to occur.",
-                            .title = "Template file already exists.",
-                            .icon = MessageIcon::question});
+    expectTold("Template file already exists.",
+               "You already have a template file on disk with the filename required by this new template.\r\n\r\n"
+               "Please modify the template name slightly to allow the addition of the new template to occur.",
+               MessageIcon::question);
     platform.expectInput(prompt, "Create Template.", "a.b");
-    platform.expectMessage(
-        {.text = "Template add complete!", .title = "Template added", .icon = MessageIcon::information});
+    expectTold("Template added", "Template add complete!", MessageIcon::information);
     mnuTools_CreateTemplate_Click();
     EXPECT_EQ(files.read("program/Templates/a.b.tpl"), "<HTML>\r\n");
     EXPECT_EQ(files.read("program/Templates/Page.tpl"), "<P>");

@@ -21,63 +21,80 @@ protected:
         text = &open("page.htm", "my word").SourceRTB();
     }
 
-    /// Runs `command` with "word" selected in "my word".
+    /// Runs `command` with "word" selected in "my word"; the text then, and behind a blank the control focused last.
     std::string resultOf(void (*command)()) {
         text->setText("my word");
         text->Find("word");
         platform.focused.clear();
         command();
-        return text->text();
+        return text->text() + " " + platform.focused;
     }
     static void set(const char* setting, const char* value) { SaveSetting(application, "User", setting, value); }
+
+    /// Expects that a file without anchors is chosen and the question answered.
+    void chooseEmpty(Answer answer) {
+        platform.expectOpen({files.write("empty.htm", "<P>")});
+        platform.expectMessage(
+            {.text = "There are no name anchors to link with in the selected file. Select from another file?",
+             .title = "Name anchor error",
+             .icon = MessageIcon::question,
+             .buttons = MessageButtons::yesNo},
+            answer);
+    }
+    void chooseNamed() { platform.expectOpen({files.write("Named.htm", "<P><A NAME=One><A NAME=\"Two\">")}); }
 
     EditControl* text = nullptr;
 };
 
+template <int letter>
+void pressCtrlShift() {
+    KeyPress key{letter, 3};
+    activeText().keyDown.raise(key);
+}
+
 TEST_F(Links, PromptsMakeAnchorsOfWhatIsEntered) {
-    using Row = std::tuple<void (*)(), const char*, const char*, const char*, const char*, const char*>;
-    constexpr auto mail =
+    const std::pair link(
         "Enter the link code.\r\n\r\nLink type: mailto:\r\n\r\nYou need only enter the actual internet link link. "
-        "Example: someone@example.com";
-    constexpr auto address = "Enter the fully qualified URL for this anchor.";
-    constexpr auto name = "Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">";
-    const Row rows[] = {
-        {linkToScheme<LinkScheme::mailto>, mail, "Enter Link Code", "\"a\"@b", "<A HREF=\"mailto:\"a\"@b\">word</A>",
-         "Text1"},
-        {linkToScheme<LinkScheme::mailto>, mail, "Enter Link Code", "", "word", "Text1"},
-        {blankAnchor, address, "Make anchor", "/a", "<A HREF=\"/a\">word</A>", "Text1"},
-        {blankAnchor, address, "Make anchor", "", "word", "Text1"},
-        {nameAnchor, name, "Make named anchor", "top", "<A NAME=\"top\">word</A>", "Text1"},
-        {nameAnchor, name, "Make named anchor", "", "word", ""},
-    };
-    for (const auto& [command, prompt, title, answer, result, focused] : rows) {
-        platform.expectInput(prompt, title, answer);
-        EXPECT_EQ(resultOf(command), "my " + std::string(result));
-        EXPECT_EQ(platform.focused, focused) << result;
+        "Example: someone@example.com",
+        "Enter Link Code");
+    const std::pair address("Enter the fully qualified URL for this anchor.", "Make anchor");
+    const std::pair name("Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
+                         "Make named anchor");
+    for (const auto& [command, prompt, answer, result] : {
+             std::tuple{+linkToScheme<LinkScheme::mailto>, link, "\"a\"@b",
+                        "my <A HREF=\"mailto:\"a\"@b\">word</A> Text1"},
+             {linkToScheme<LinkScheme::mailto>, link, "", "my word Text1"},
+             {blankAnchor, address, "/a", "my <A HREF=\"/a\">word</A> Text1"},
+             {blankAnchor, address, "", "my word Text1"},
+             {pressCtrlShift<'A'>, address, "/a", "my <A HREF=\"/a\">word</A> Text1"},
+             {nameAnchor, name, "top", "my <A NAME=\"top\">word</A> Text1"},
+             {nameAnchor, name, "", "my word "},
+             {pressCtrlShift<'N'>, name, "top", "my <A NAME=\"top\">word</A> Text1"},
+             {pressCtrlShift<'N'>, name, "", "my word Text1"},
+         }) {
+        platform.expectInput(prompt.first, prompt.second, answer);
+        EXPECT_EQ(resultOf(command), result);
     }
 }
 
 TEST_F(Links, AFileIsWrittenAsTheSettingsWantIt) {
     const std::string picture = files.path("Pics/A.gif");
-    const auto link = [&] {
-        lastDir = "/other";
-        platform.expectOpen({picture}, [](const FileRequest& request) {
-            EXPECT_EQ(request.title, "Link to file on this system.");
-            EXPECT_EQ(request.directory, "/other");
-            EXPECT_EQ(request.filterIndex, 4);
-        });
-        return resultOf(linkFileSys);
-    };
+    lastDir = "/other";
     set("DFilter", "3");
-    EXPECT_EQ(link(), "my <A HREF=\"Pics/A.gif\">word</A>");
+    platform.expectOpen({picture}, [](const FileRequest& request) {
+        EXPECT_EQ(request.title, "Link to file on this system.");
+        EXPECT_EQ(request.directory, "/other");
+        EXPECT_EQ(request.filterIndex, 4);
+    });
+    EXPECT_EQ(resultOf(linkFileSys), "my <A HREF=\"Pics/A.gif\">word</A> Text1");
     EXPECT_EQ(lastDir, files.path("Pics"));
-    set("LCase", "True");
-    EXPECT_EQ(link(), "my <A HREF=\"pics/a.gif\">word</A>");
-    set("LCase", "true");
-    set("relPath", "False");
-    EXPECT_EQ(link(), "my <A HREF=\"" + picture + "\">word</A>");
     platform.expectOpen({});
-    EXPECT_EQ(resultOf(linkFileSys), "my word");
+    EXPECT_EQ(resultOf(linkFileSys), "my word ");
+    set("LCase", "True");
+    EXPECT_EQ(linkTarget(picture), "pics/a.gif");
+    set("LCase", "true");
+    set("relPath", "true");
+    EXPECT_EQ(linkTarget(picture), picture) << "only \"True\" counts";
 
     EXPECT_EQ(makeRelativePath("C:\\a\\x.htm", "C:\\b\\y.htm"), "..\\b\\y.htm");
     set("Slash", "True");
@@ -86,27 +103,44 @@ TEST_F(Links, AFileIsWrittenAsTheSettingsWantIt) {
     EXPECT_EQ(makeRelativePath("C:\\a\\x.htm", "C:\\b\\y.htm"), "C:\\b\\y.htm");
 }
 
+TEST(RelativePath, LeadsFromTheDocumentToTheTarget) {
+    for (const auto& [from, to, way] : {
+             std::tuple{"C:\\A\\B\\x.htm", "c:\\a\\b\\Y.htm", "Y.htm"},
+             {"C:\\Été\\x.htm", "c:\\éTÉ\\y.htm", "y.htm"},
+             {"C:\\a\\b\\x.htm", "C:\\a\\y.htm", "../y.htm"},
+             {"C:\\x.htm", "C:\\A\\b\\y.htm", "A/b/y.htm"},
+             {"\\\\Server\\one\\x.htm", "\\\\server\\two\\y.htm", "../two/y.htm"},
+             {"\\\\one\\share\\x.htm", "\\\\two\\share\\y.htm", "\\\\two\\share\\y.htm"},
+             {"C:\\a\\x.htm", "\\\\server\\share\\y.htm", "\\\\server\\share\\y.htm"},
+             {"/web/a/x.htm", "/Web/a/y.htm", "../../Web/a/y.htm"},
+             {"/x.htm", "/a/b\\c/y.htm", "a/b\\c/y.htm"},
+             {"/web/x.htm", "C:\\web\\y.htm", "C:\\web\\y.htm"},
+         }) {
+        EXPECT_EQ(relativePath(from, to, false, '/'), way) << from;
+        EXPECT_EQ(relativePath(from, to, true, '/'), to);
+    }
+    EXPECT_EQ(relativePath("C:\\a\\b\\x.htm", "C:\\c\\y.htm", false, '\\'), "..\\..\\c\\y.htm");
+    EXPECT_EQ(relativePath("/a/x.htm", "/b/y.htm", false, '\\'), "../b/y.htm");
+    EXPECT_THROW(relativePath("page.htm", "/b/y.htm", false, '/'), Error);
+    EXPECT_THROW(relativePath("C:\\a\\x.htm", "page.htm", false, '/'), Error);
+}
+
 TEST_F(Links, NamesAreScannedBehindTheFirstCharacter) {
-    using Rows = std::vector<std::string>;
-    const std::pair<const char*, Rows> cases[] = {
-        {"<A NAME=first><A NAME=x> <a name=\"x\"> <a name='x'>\r\n<A NAME=\"y\" ID=z>", {"x", "x", "'x'", "y\" ID=z"}},
-        {" <A NAME=a<A NAME=b> <A NAME=\"><A NAME=\"\">", {"a<A NAME=b", "b", "", ""}},
-        {"<A NAME=first>", {}},
-    };
     Form form("test", "");
-    for (const auto& [html, names] : cases) {
+    const auto scanned = [&form](const std::string& html) {
         ListBox list(form, "list");
         scanNameAnchors(nameAnchorStart, nameAnchorEnd, html, list);
-        EXPECT_EQ(list.rows(), names);
-        EXPECT_EQ(list.selectedRow(), names.empty() ? -1 : 0);
-    }
+        EXPECT_EQ(list.selectedRow(), list.count() == 0 ? -1 : 0);
+        return list.rows();
+    };
+    using Rows = std::vector<std::string>;
+    EXPECT_EQ(scanned("<A NAME=first><a name=\"x\"> <a name='x'>\r\n<A NAME=\"y\" ID=z>"),
+              (Rows{"x", "'x'", "y\" ID=z"}));
+    EXPECT_EQ(scanned(" <A NAME=a<A NAME=b> <A NAME=\"><A NAME=\"\">"), (Rows{"a<A NAME=b", "b", "", ""}));
     std::string nested = " ";
     for (int anchor = 0; anchor < 1'000'000; ++anchor) nested += nameAnchorStart;
-    for (const char* end : {"", ">"}) {
-        ListBox list(form, "list");
-        EXPECT_THROW(scanNameAnchors(nameAnchorStart, nameAnchorEnd, nested + end, list), Error);
-        EXPECT_LT(list.count(), 20U);
-    }
+    EXPECT_THROW(scanned(nested), Error);
+    EXPECT_THROW(scanned(nested + ">"), Error) << "the names would take all memory";
 }
 
 TEST_F(Links, ANameOfThisDocumentIsLinkedWithoutStayingSelected) {
@@ -126,66 +160,41 @@ TEST_F(Links, ANameOfThisDocumentIsLinkedWithoutStayingSelected) {
     EXPECT_EQ(platform.focused, "Text1");
 }
 
-class LinksToNames : public Links {
-protected:
-    /// Expects that a file without anchors is chosen and the question answered.
-    void chooseEmpty(Answer answer) {
-        platform.expectOpen({files.write("empty.htm", "<P>")});
-        platform.expectMessage(
-            {.text = "There are no name anchors to link with in the selected file. Select from another file?",
-             .title = "Name anchor error",
-             .icon = MessageIcon::question,
-             .buttons = MessageButtons::yesNo},
-            answer);
-    }
-    void chooseNamed() { platform.expectOpen({files.write("Named.htm", "<P><A NAME=One><A NAME=\"Two\">")}); }
-    /// Runs the command, and `steps` while its dialog is shown; they close it.
-    std::string resultOfDialog(const std::function<void(NameAnchorFile&)>& steps) {
-        platform.expectModal([&](Form& form) {
-            steps(dynamic_cast<NameAnchorFile&>(form));
-            EXPECT_FALSE(form.isLoaded());
-        });
-        return resultOf(mnuRClick_Link_linkToNameFile_Click);
-    }
-};
-
-TEST_F(LinksToNames, TheFileIsChosenFirstAndOnlyItIsLowered) {
+TEST_F(Links, AFileWithNamesIsChosenBeforeAndInTheDialog) {
     set("LCase", "True");
+    chooseEmpty(Answer::no);
+    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my word ");
     chooseEmpty(Answer::yes);
     chooseNamed();
-    const std::string result = resultOfDialog([this](NameAnchorFile& form) {
+    platform.expectModal([this](Form& shown) {
+        auto& form = dynamic_cast<NameAnchorFile&>(shown);
         EXPECT_EQ(form.lblNameLinkFile.caption(), files.path("Named.htm"));
         EXPECT_EQ(activeFormName, "nameAnchorFile");
-        platform.expectOpen({});
-        form.cmdCommonD.click();
-        EXPECT_EQ(form.nameAnchors.rows(), (std::vector<std::string>{"One", "Two"}));
-        form.nameAnchors.setSelectedRow(1);
-        form.cmdMakeLink.click();
-    });
-    EXPECT_EQ(result, "my <A HREF=\"named.htm#Two\">word</A>");
-}
-
-TEST_F(LinksToNames, NoEndsTheDialogBeforeAndAfterItIsShown) {
-    chooseEmpty(Answer::no);
-    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my word");
-    platform.expectOpen({});
-    resultOfDialog([this](NameAnchorFile& form) {
-        platform.expectMessage(
-            {.text = "Make a selection first.", .title = "No name anchor selected", .icon = MessageIcon::exclamation});
-        form.cmdMakeLink.click();
-        chooseNamed();
-        form.cmdCommonD.click();
         chooseEmpty(Answer::yes);
         platform.expectOpen({});
         form.cmdCommonD.click();
         EXPECT_FALSE(form.nameAnchors.enabled() || form.cmdMakeLink.enabled());
         EXPECT_EQ(form.lblNameLinkFile.foreColor(), 255);
         EXPECT_EQ(form.nameAnchors.count(), 0U);
-        chooseEmpty(Answer::no);
+        chooseNamed();
         form.cmdCommonD.click();
+        platform.expectOpen({});
+        form.cmdCommonD.click();
+        EXPECT_EQ(form.nameAnchors.rows(), (std::vector<std::string>{"One", "Two"}));
+        form.nameAnchors.doubleClick(1);
     });
-    EXPECT_FALSE(formLoadFailed);
-    EXPECT_TRUE(mainForm().enabled());
+    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my <A HREF=\"named.htm#Two\">word</A> Text1");
+    platform.expectOpen({});
+    platform.expectModal([this](Form& form) {
+        platform.expectMessage(
+            {.text = "Make a selection first.", .title = "No name anchor selected", .icon = MessageIcon::exclamation});
+        dynamic_cast<NameAnchorFile&>(form).cmdMakeLink.click();
+        chooseEmpty(Answer::no);
+        dynamic_cast<NameAnchorFile&>(form).cmdCommonD.click();
+        EXPECT_FALSE(form.isLoaded());
+    });
+    mnuRClick_Link_linkToNameFile_Click();
+    EXPECT_TRUE(mainForm().enabled() && !formLoadFailed);
     EXPECT_EQ(activeFormName, "editWindow");
 }
 

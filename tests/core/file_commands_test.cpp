@@ -1,17 +1,14 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 
 #include "authoring/common.h"
-#include "core/edit_commands.h"
 #include "core/enablement.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
-#include "core/file_save.h"
-#include "core/new_file.h"
 #include "core/recent_files.h"
 #include "support/settings.h"
+#include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"
 
 namespace kelvor {
@@ -21,40 +18,29 @@ class FileCommands : public KelvorTest {
 protected:
     FileCommands() { start(); }
 
-    std::vector<std::string> recentMenu() {
-        std::vector<std::string> rows;
+    /// The names in the menu's rows of recent files, a blank behind each.
+    std::string recentMenu() {
+        std::string names;
         for (int index = 0; index < 5; ++index) {
             const MenuItem& row = menu("mnuFile_RecentFiles_" + std::to_string(index));
-            if (row.visible()) rows.push_back(std::filesystem::path(row.caption()).filename());
+            if (row.visible()) names += std::filesystem::path(row.caption()).filename().string() + " ";
         }
-        return rows;
+        return names;
     }
-
-    void openByDialog(const std::vector<std::string>& names) {
-        std::vector<std::string> paths;
-        for (const std::string& name : names) paths.push_back(files.write(name, name));
-        platform.expectOpen(paths);
-        mnuFile_Open_Click();
-    }
-
-    Message openError(const std::string& path) {
-        return {.text = "An error occurred while opening " + path +
-                        "\r\nMake sure that the file is not already locked by another application.",
-                .title = "File open error",
-                .icon = MessageIcon::critical};
-    }
-
-    Message saveError(const std::string& path) {
-        return {.text = "An error occured while saving the file [" + path + "].",
-                .title = "File Save Error",
-                .icon = MessageIcon::critical};
+    void openByDialog(const std::string& name) {
+        platform.expectOpen({files.write(name, name)});
+        menu("mnuFile_Open").click();
     }
 };
 
-TEST_F(FileCommands, OpenTakesSeveralFilesAndTheirDirectory) {
+TEST_F(FileCommands, OpenTakesSeveralFilesAndTheirDirectoryAndNothingWhenCancelled) {
+    lastDir = "/somewhere";
+    platform.expectOpen({});
+    menu("mnuFile_Open").click();
+    EXPECT_EQ(lastDir, "/somewhere");
+
     SaveSetting(application, "User", "DFilter", "3");
-    const std::vector<std::string> paths = {files.write("a.htm", "1"), files.write("b.htm", "2")};
-    platform.expectOpen(paths, [](const FileRequest& request) {
+    platform.expectOpen({files.write("a.htm", "1"), files.write("b.htm", "2")}, [](const FileRequest& request) {
         EXPECT_EQ(request.title, "Open HTML file (multiple selections allowed)");
         EXPECT_EQ(request.filterIndex, 4);
         EXPECT_TRUE(request.multiple);
@@ -62,97 +48,51 @@ TEST_F(FileCommands, OpenTakesSeveralFilesAndTheirDirectory) {
     });
     menu("mnuFile_Open").click();
     EXPECT_EQ(mainForm().TabStrip1.count(), 2U);
-    EXPECT_EQ(lastDir, files.path("a.htm").substr(0, files.path("a.htm").rfind('/')));
-    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"b.htm", "a.htm"}));
-    EXPECT_TRUE(menu("mnuWindow").visible());
+    EXPECT_EQ(lastDir + "/a.htm", files.path("a.htm"));
+    EXPECT_TRUE(menu("mnuView_Preview").enabled()) << "the commands are switched on also when a tab was clicked before";
     EXPECT_EQ(platform.focused, "Text1");
-}
-
-TEST_F(FileCommands, OpenCancelledDoesNothing) {
-    lastDir = "/somewhere";
-    platform.expectOpen({});
-    menu("mnuFile_Open").click();
-    EXPECT_EQ(lastDir, "/somewhere");
-    EXPECT_FALSE(menu("mnuWindow").visible());
 }
 
 TEST_F(FileCommands, OneFileThatCannotBeReadIsToldAndTheOthersOpen) {
     const std::string pipe = files.path("pipe.htm");
+    const std::string gone = files.path("gone.htm");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    platform.expectOpen({files.write("a.htm", "1"), pipe, files.path("gone.htm"), files.write("b.htm", "2")});
+    openByDialog("a.htm");
+    EXPECT_FALSE(fileOpen(pipe, false));
+    EXPECT_FALSE(menu("mnuEdit").visible()) << "a failed open beside one document empties the frame";
+    platform.expectOpen({pipe, gone, files.write("b.htm", "2")});
     platform.expectMessage(openError(pipe));
-    platform.expectMessage({.text = "The file " + files.path("gone.htm") + " does not exist.",
-                            .title = "File Open Error",
-                            .icon = MessageIcon::exclamation});
-    platform.expectMessage(openError(files.path("gone.htm")));
+    platform.expectMessage(noSuchFile(gone));
+    platform.expectMessage(openError(gone));
     menu("mnuFile_Open").click();
     EXPECT_EQ(documentManager()->MyDocuments().Count(), 2U);
-    EXPECT_EQ(mainForm().TabStrip1.count(), 2U);
-    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"b.htm", "a.htm"}));
+    EXPECT_EQ(recentMenu(), "b.htm a.htm ");
     EXPECT_TRUE(mainForm().enabled());
 }
 
-TEST_F(FileCommands, AFailedOpenBesideOneDocumentEmptiesTheFrame) {
-    open("a.htm", "1");
-    const std::string pipe = files.path("pipe.htm");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(fileOpen(pipe, false));
-    EXPECT_EQ(documentManager()->MyDocuments().Count(), 1U);
-    EXPECT_FALSE(menu("mnuEdit").visible());
-}
-
-TEST_F(FileCommands, RecentListKeepsTheLastFive) {
-    openByDialog({"1", "2", "3", "4", "5", "6"});
-    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"6", "5", "4", "3", "2"}));
-    openByDialog({"4"});
-    EXPECT_EQ(mainForm().recentFiles.Count(), 4U) << "the oldest goes even for a listed file";
-    EXPECT_EQ(mainForm().recentFiles.Item(0), files.path("3"));
-    EXPECT_EQ(GetSetting(application, "Recent_Files", "file 1"), files.path("3"));
-    EXPECT_EQ(GetSetting(application, "Recent_Files", "file 5"), files.path("6")) << "nothing is deleted";
-}
-
-TEST_F(FileCommands, SpellingsOfOnePathInAnotherCaseAreOneEntry) {
-    addOpenFile("/web/Index.htm");
-    addOpenFile("/WEB/index.HTM");
-    EXPECT_EQ(mainForm().recentFiles.Count(), 1U);
-}
-
-TEST_F(FileCommands, AStoredListWithADoubleEntryLeavesTheListHidden) {
-    SaveSetting(application, "Recent_Files", "file 1", "/a");
-    SaveSetting(application, "Recent_Files", "anything", "/A");
+TEST_F(FileCommands, TheRecentListKeepsTheLastFiveAndOpensThemOrTellsThatTheyAreGone) {
+    for (const char* name : {"1", "2", "3", "4", "5", "6", "7"})
+        SaveSetting(application, "Recent_Files", std::string("file ") + name, files.path(name));
     getRegistered_OpenFiles();
-    EXPECT_FALSE(menu("mnuFile_Line2").visible());
-    EXPECT_TRUE(recentMenu().empty());
-}
-
-TEST_F(FileCommands, ALongerStoredListIsCutToTheMenu) {
-    for (int index = 1; index <= 7; ++index)
-        SaveSetting(application, "Recent_Files", "file " + std::to_string(index), "/" + std::to_string(index));
-    getRegistered_OpenFiles();
-    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"5", "4", "3", "2", "1"}));
-    openByDialog({"a.htm", "b.htm"});
-    EXPECT_EQ(recentMenu(), (std::vector<std::string>{"b.htm", "a.htm", "5", "4", "3"}));
-}
-
-TEST_F(FileCommands, SaveAsOffersTheNameOfATitledDocument) {
-    open("a.htm", "x");
-    platform.expectSave("", [](const FileRequest& request) { EXPECT_EQ(request.fileName, "a.htm"); });
-    menu("mnuFile_SaveAs").click();
-}
-
-TEST_F(FileCommands, ARecentFileThatIsGoneIsToldAndStaysListed) {
-    openByDialog({"a.htm"});
-    mnuFile_Close_Click();
-    std::filesystem::remove(files.path("a.htm"));
-    platform.expectMessage({.text = "The file " + files.path("a.htm") + " does not exist.",
-                            .title = "File Open Error",
-                            .icon = MessageIcon::exclamation});
-    menu("mnuFile_RecentFiles_0").click();
-    EXPECT_EQ(recentMenu(), std::vector<std::string>{"a.htm"});
-    files.write("a.htm", "back");
-    menu("mnuFile_RecentFiles_0").click();
-    EXPECT_EQ(mainForm().activeForm().Text1.text(), "back");
+    EXPECT_EQ(recentMenu(), "5 4 3 2 1 ") << "a longer stored list is cut to the menu";
+    files.write("4", "text");
+    menu("mnuFile_RecentFiles_1").click();
+    EXPECT_EQ(mainForm().activeForm().caption(), files.path("4"));
     EXPECT_TRUE(menu("mnuEdit").visible());
+    platform.expectMessage(noSuchFile(files.path("5")));
+    menu("mnuFile_RecentFiles_0").click();
+    EXPECT_EQ(recentMenu(), "5 4 3 2 1 ");
+    openByDialog("a.htm");
+    openByDialog("b.htm");
+    EXPECT_EQ(recentMenu(), "b.htm a.htm 5 4 3 ");
+    openByDialog("a.htm");
+    EXPECT_EQ(mainForm().recentFiles.Count(), 4U) << "the oldest goes even for a listed file";
+    EXPECT_EQ(GetSetting(application, "Recent_Files", "file 1"), files.path("4"));
+    EXPECT_EQ(GetSetting(application, "Recent_Files", "file 5"), files.path("b.htm")) << "nothing is deleted";
+    SaveSetting(application, "Recent_Files", "file 2", "/NEW");
+    SaveSetting(application, "Recent_Files", "file 3", "/new");
+    getRegistered_OpenFiles();
+    EXPECT_FALSE(menu("mnuFile_Line2").visible()) << "a double entry leaves the list hidden";
 }
 
 TEST_F(FileCommands, NewWithoutATemplateTellsWhereTheyBelong) {
@@ -163,122 +103,87 @@ TEST_F(FileCommands, NewWithoutATemplateTellsWhereTheyBelong) {
                             .title = "Template directory missing or empty",
                             .icon = MessageIcon::critical});
     menu("mnuFile_New").click();
-    EXPECT_EQ(platform.beeps, 1);
 }
 
-TEST_F(FileCommands, SaveAsGivesTheDocumentItsFile) {
+TEST_F(FileCommands, SaveAsKeepsEverythingWhenItFailsAndElseGivesTheDocumentItsFile) {
     fileOpen(files.write("t.tpl", "text"), true);
     enableMenuItems();
+    const CDocument& document = documentManager()->currentDocument();
+    const std::string gone = files.path("gone/a.htm");
+    lastDir = "/tmp";
+    platform.expectSave(gone, [](const FileRequest& request) {
+        EXPECT_EQ(request.title, "Save HTML file as");
+        EXPECT_EQ(request.directory, "/tmp");
+        EXPECT_TRUE(request.overwritePrompt);
+    });
+    platform.expectMessage(saveError(gone));
+    menu("mnuFile_Save").click();
+    EXPECT_EQ(document.LongFileName(), "Untitled 1");
+    EXPECT_TRUE(document.IsUntitled());
+    EXPECT_FALSE(std::filesystem::exists(files.path("gone")));
+
     platform.expectSave(files.path("named.htm"));
     menu("mnuFile_Save").click();
-    const CDocument& document = documentManager()->currentDocument();
     EXPECT_FALSE(document.IsUntitled());
     EXPECT_EQ(document.LongFileName(), files.path("named.htm"));
     EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "named.htm");
     EXPECT_EQ(mainForm().activeForm().caption(), files.path("named.htm"));
-    EXPECT_EQ(recentMenu(), std::vector<std::string>{"named.htm"});
+    EXPECT_EQ(recentMenu(), "named.htm ");
     EXPECT_EQ(files.read("named.htm"), "text");
-}
-
-TEST_F(FileCommands, SaveAsIntoADirectoryThatIsGoneKeepsEverything) {
-    CDocument& document = open("a.htm", "x");
-    type("y");
-    const std::string target = files.path("gone/a.htm");
-    platform.expectSave(target);
-    platform.expectMessage(saveError(target));
+    platform.expectSave("", [](const FileRequest& request) { EXPECT_EQ(request.fileName, "named.htm"); });
     menu("mnuFile_SaveAs").click();
-    EXPECT_EQ(document.LongFileName(), files.path("a.htm"));
-    EXPECT_FALSE(document.IsSaved());
-    EXPECT_FALSE(std::filesystem::exists(files.path("gone")));
 }
 
-TEST_F(FileCommands, AReadOnlyFileIsRefusedAndToldEvenForRoot) {
-    CDocument& document = open("a.htm", "x");
-    type("y");
-    chmod(files.path("a.htm").c_str(), 0444);
-    platform.expectMessage(saveError(files.path("a.htm")));
-    menu("mnuFile_Save").click();
-    EXPECT_FALSE(document.IsSaved());
-    EXPECT_EQ(panelText(panel::saved), "File Saved: No");
-    EXPECT_EQ(files.read("a.htm"), "x");
-}
-
-TEST_F(FileCommands, SaveAllGivesATitledOneTheNameChosenBeforeIt) {
+TEST_F(FileCommands, SaveAllGivesATitledOneTheNameChosenBeforeItAndGoesOnLikeCloseAll) {
+    for (const char* name : {"a.htm", "b.htm"}) {
+        open(name, "");
+        chmod(files.path(name).c_str(), 0444);
+    }
     open("first.htm", "1");
-    type("a");
-    fileOpen(files.write("t.tpl", "2"), true);
-    CDocument& last = open("last.htm", "3");
-    platform.expectSave(files.path("chosen.htm"),
-                        [](const FileRequest& request) { EXPECT_TRUE(request.overwritePrompt); });
-    menu("mnuFile_SaveAll").click();
-    EXPECT_EQ(files.read("first.htm"), "a1");
-    EXPECT_EQ(files.read("chosen.htm"), "3");
-    EXPECT_EQ(last.LongFileName(), files.path("chosen.htm"));
-    EXPECT_EQ(recentMenu(), std::vector<std::string>{"chosen.htm"});
-}
-
-TEST_F(FileCommands, SaveAllTellsFailuresOnceAtItsEnd) {
-    open("a.htm", "1");
-    open("b.htm", "2");
-    open("c.htm", "3");
     type("x");
-    chmod(files.path("a.htm").c_str(), 0444);
-    chmod(files.path("b.htm").c_str(), 0444);
+    fileOpen(files.write("t.tpl", "2"), true);
+    const CDocument& last = open("last.htm", "3");
+    platform.expectSave(files.path("chosen.htm"));
     platform.expectMessage(
         {.text = "An error occurred while saving one or more files.  Verify the files before closing.",
          .title = "file save error",
          .icon = MessageIcon::critical});
     menu("mnuFile_SaveAll").click();
-    EXPECT_EQ(files.read("c.htm"), "x3");
-}
+    EXPECT_EQ(files.read("first.htm"), "x1");
+    EXPECT_EQ(files.read("chosen.htm"), "3");
+    EXPECT_EQ(last.LongFileName(), files.path("chosen.htm"));
+    EXPECT_EQ(recentMenu(), "chosen.htm ");
 
-TEST_F(FileCommands, CloseAllGoesOnBehindOneThatIsKept) {
-    open("a.htm", "1");
-    const std::string kept = open("b.htm", "2").LongFileName();
     type("x");
-    open("c.htm", "3");
-    platform.expectMessage(saveQuestion(kept), Answer::cancel);
+    platform.expectMessage(saveQuestion(files.path("chosen.htm")), Answer::cancel);
     menu("mnuFile_CloseAll").click();
-    ASSERT_EQ(documentManager()->MyDocuments().Count(), 1U);
-    EXPECT_EQ(mainForm().activeForm().caption(), kept);
-    EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "b.htm");
+    EXPECT_EQ(mainForm().TabStrip1.count(), 1U) << "the others are closed behind the one that is kept";
+    EXPECT_EQ(mainForm().activeForm().Text1.text(), "x3");
 }
 
-TEST_F(FileCommands, EditCommandsActOnTheDocumentInFront) {
+TEST_F(FileCommands, EditRowsAndTheirChordsActOnceOnTheDocumentInFront) {
     CDocument& document = open("a.htm", "one two");
     EditControl& text = document.SourceRTB();
+    const auto press = [&text](int keyCode, int shift) {
+        KeyPress key{.keyCode = keyCode, .shift = shift};
+        text.keyDown.raise(key);
+        return key.keyCode;
+    };
+    menu("mnuEdit_Delete").click();
+    EXPECT_TRUE(document.IsSaved()) << "without a selection nothing changes";
     menu("mnuEdit_SelectAll").click();
-    EXPECT_EQ(text.selLength(), 7);
     menu("mnuEdit_Copy").click();
     menu("mnuEdit_Delete").click();
     EXPECT_EQ(text.text(), "");
-    menu("mnuEdit_Undo").click();
+    EXPECT_EQ(press('Z', 2), 0);
     EXPECT_EQ(text.text(), "one two");
     text.setSelStart(7);
+    EXPECT_EQ(press('V', 3), 'V') << "with Shift the chord belongs to somebody else";
     menu("mnuEdit_Paste").click();
     EXPECT_EQ(text.text(), "one twoone two");
-}
-
-TEST_F(FileCommands, DeleteWithoutASelectionIsNoChange) {
-    CDocument& document = open("a.htm", "one");
-    menu("mnuEdit_Delete").click();
-    EXPECT_TRUE(document.IsSaved());
-    EXPECT_EQ(document.SourceRTB().text(), "one");
-}
-
-TEST_F(FileCommands, ShortcutsOfHiddenOrDisabledRowsDoNothing) {
-    menu("mnuEdit_Paste").click();
-    menu("mnuFile_Save").click();
-    menu("mnuFile_Print").click();
-    CDocument& document = open("a.htm", "one");
     ControlFunctionForMode(view_mode::preview);
-    platform.clipboardText = "x";
-    Edit_Action(0);
-    EXPECT_EQ(document.SourceRTB().text(), "one");
-    ControlFunctionForMode(view_mode::source);
-    Edit_Action(0);
-    Edit_Action(5);
-    EXPECT_EQ(document.SourceRTB().text(), "xone");
+    EXPECT_EQ(press('V', 2), 0) << "swallowed where the row is disabled";
+    EXPECT_EQ(text.text(), "one twoone two");
 }
 
 }  // namespace

@@ -1,196 +1,344 @@
 #include <fcntl.h>
-#include <signal.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
-#include <random>
 #include <thread>
 
 #include "platform/paths.h"
-#include "tests/support/settings_faults.h"
+#include "platform/system_calls.h"
+#include "support/settings.h"
+#include "tests/fake_platform.h"
 
 namespace kelvor {
 namespace {
 
-TEST_F(SettingsFaults, LivesWithJunkBehindTheDataAndInTheJournal) {
-    const std::string sound = fill();
-    directory.write("settings/settings.db", sound + std::string(500, 'j'));
-    directory.write("settings/settings.db-journal", std::string(500, 'j'));
-    directory.write("settings/settings.db.new", "left by a start that was stopped");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    SaveSetting(application, "User", "Name", "Eve");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Eve");
-    EXPECT_EQ(notices.texts.size(), 0U);
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+/// Something that is wrong until it is let go.
+using Fault = std::shared_ptr<void>;
+
+/// Another program's connection to a file, on which `statements` have been run.
+Fault otherConnection(const std::string& path, const char* statements) {
+    sqlite3* connection = nullptr;
+    EXPECT_EQ(sqlite3_open(path.c_str(), &connection), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(connection, statements, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(connection);
+    return {connection, sqlite3_close};
 }
 
-TEST_F(SettingsFaults, TakesTheJournalOfADamagedFileAlong) {
-    directory.write("settings/settings.db", "");
-    directory.write("settings/settings.db-journal", "its journal");
-    EXPECT_EQ(GetSetting(application, "User", "Name", "standard"), "standard");
-    expectOneNotice("set aside");
-    EXPECT_FALSE(fs::exists(file() + "-journal"));
-    EXPECT_EQ(setAside().size(), 2U);
+/// No file may grow past a size; a write that would is an error of the write.
+Fault fileSizeLimit(rlim_t bytes) {
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limit{bytes, before.rlim_max};
+    const auto handler = signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return {nullptr, [=](void*) {
+                setrlimit(RLIMIT_FSIZE, &before);
+                signal(SIGXFSZ, handler);
+            }};
 }
 
-TEST_F(SettingsFaults, StartsWithTheStoredValuesWhenTheFileIsLocked) {
-    fill();
-    OtherConnection other(file());
-    other.run("BEGIN EXCLUSIVE");
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    const auto waited = std::chrono::steady_clock::now() - start;
-    EXPECT_GE(waited, std::chrono::milliseconds(1500));
-    EXPECT_LT(waited, std::chrono::seconds(5));
-    expectOneNotice("locked");
-    expectWorksInMemory();
-    SaveSetting(application, "User", "Name", "Eve");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Eve");
-    closeSettings();
-    other.run("COMMIT");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    EXPECT_EQ(notices.texts.size(), 0U);
+Fault failing(auto SystemCalls::*call, int code) {
+    SystemCalls calls = kernelCalls();
+    calls.*call = [code](auto...) { return errno = code, -1; };
+    return std::make_shared<ScopedSystemCalls>(calls);
 }
 
-TEST_F(SettingsFaults, KeepsAllValuesWhenALockComesLater) {
-    fill();
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    OtherConnection other(file());
-    other.run("BEGIN EXCLUSIVE");
-    SaveSetting(application, "User", "Name", "Eve");
-    expectOneNotice("locked");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Eve");
-    EXPECT_EQ(countStrings(), 12U);
-    expectWorksInMemory();
-    other.run("ROLLBACK");
+/// A file and its directory are read-only. The super-user writes to everything, so the test is somebody else meanwhile.
+Fault readOnly(const fs::path& file) {
+    const auto self = geteuid();
+    fs::permissions(file, fs::perms(0444));
+    fs::permissions(file.parent_path(), fs::perms(0555));
+    fs::permissions(file.parent_path().parent_path(), fs::perms(0755));
+    EXPECT_EQ(seteuid(self == 0 ? 65534 : self), 0);
+    EXPECT_LT(open(file.c_str(), O_WRONLY | O_CLOEXEC), 0) << "the fault is not there";
+    return {nullptr, [=](void*) {
+                EXPECT_EQ(seteuid(self), 0);
+                fs::permissions(file.parent_path(), fs::perms(0755));
+                fs::permissions(file, fs::perms(0644));
+            }};
+}
+
+/// Over a sound store of several pages, closed. Each box must be expected.
+struct SettingsFaults : testing::Test, FakePlatform {
+    SettingsFaults() {
+        for (int number = 0; number < 12; ++number)
+            SaveSetting(application, "UserStrings", "label" + std::to_string(number), std::string(900, 'x'));
+        setName("Ann");
+        closeSettings();
+        EXPECT_GT(read().size(), 3 * 4096U);
+    }
+    ~SettingsFaults() override {
+        closeSettings();
+        EXPECT_EQ(notices.size(), 0U);
+    }
+
+    /// Any other box than a critical one of the settings fails the test.
+    Answer message(const Message& message) override {
+        EXPECT_EQ(message.title, "Settings");
+        EXPECT_EQ(message.icon, MessageIcon::critical);
+        notices.push_back(message.text);
+        return Answer::ok;
+    }
+
+    std::string read(const std::string& ending = "") const { return directory.read("settings/settings.db" + ending); }
+    void write(const std::string& bytes, const std::string& ending = "") const {
+        directory.write("settings/settings.db" + ending, bytes);
+    }
+    static void setName(const std::string& name) { SaveSetting(application, "User", "Name", name); }
+
+    /// The stored name and how many of the filled-in strings are whole.
+    static std::string contents() {
+        const auto strings = GetAllSettings(application, "UserStrings").value_or(std::vector<Setting>());
+        const auto whole = std::count_if(strings.begin(), strings.end(),
+                                         [](const auto& row) { return row.value == std::string(900, 'x'); });
+        return GetSetting(application, "User", "Name", "none") + " " + std::to_string(whole);
+    }
+
+    /// The bytes of the files that have been set aside.
+    std::vector<std::string> setAside() const {
+        std::vector<std::string> files;
+        for (const auto& entry : fs::directory_iterator(directory.path("settings")))
+            if (entry.path().string().starts_with(file + ".bad-"))
+                files.push_back(directory.read("settings/" + entry.path().filename().string()));
+        return files;
+    }
+
+    /// Exactly one box has come since the last call, and it says `part`.
+    void expectOneNotice(const std::string& part) {
+        ASSERT_EQ(notices.size(), 1U);
+        EXPECT_NE(notices[0].find(part), std::string::npos) << notices[0];
+        notices.clear();
+    }
+
+    TestDirectory directory;
+    std::vector<std::string> notices;
+    const std::string file = directory.path("settings/settings.db");
+};
+
+TEST_F(SettingsFaults, AFileThatCannotBeUsedLosesNothingAndTheRunGoesOnInMemory) {
+    fs::create_directories(directory.path("occupied/settings.db"));
+    fs::create_directory(directory.path("piped"));
+    ASSERT_EQ(mkfifo(directory.path("piped/settings.db").c_str(), 0600), 0);
+    const auto elsewhere = [this](const std::string& place) {
+        return [=, this] { return std::make_shared<ScopedDirectories>(directory.program(), place); };
+    };
+    const auto locked = [this] { return otherConnection(file, "BEGIN EXCLUSIVE"); };
+    struct Row {
+        std::string name;
+        std::function<Fault()> begin;
+        const char* notice;
+        const char* readable = "Ann 12";
+    };
+    for (const Row& row : {
+             Row{"no directory", elsewhere(""), "There is no directory", "none 0"},
+             {"missing directory", elsewhere(directory.path("no/such")), "No such file or directory", "none 0"},
+             {"a directory", elsewhere(directory.path("occupied")), "no regular file", "none 0"},
+             {"a pipe", elsewhere(directory.path("piped")), "no regular file", "none 0"},
+             {"locked at the start", locked, "locked"},
+             {"locked later", locked, "locked"},
+             {"read-only", [this] { return readOnly(file); }, "readonly"},
+             {"nothing can be written", [] { return fileSizeLimit(0); }, "Reason: "},
+             {"no more than a header", [] { return fileSizeLimit(600); }, "Reason: "},
+             {"no more than there is", [this] { return fileSizeLimit(read().size()); }, "Reason: "},
+         }) {
+        SCOPED_TRACE(row.name);
+        if (row.name == "locked later") contents();
+        {
+            const Fault fault = row.begin();
+            EXPECT_EQ(contents(), row.readable);
+            SaveSetting(application, "User", "large", std::string(200000, 'y'));
+            expectOneNotice(row.notice);
+            EXPECT_EQ(GetSetting(application, "User", "large").size(), 200000U);
+            EXPECT_EQ(contents(), row.readable);
+            closeSettings();
+        }
+        EXPECT_EQ(contents(), "Ann 12");
+        EXPECT_EQ(GetSetting(application, "User", "large", "none"), "none");
+        closeSettings();
+    }
 }
 
 TEST_F(SettingsFaults, WaitsForAShortLock) {
-    fill();
-    OtherConnection other(file());
-    other.run("BEGIN EXCLUSIVE");
+    Fault lock = otherConnection(file, "BEGIN EXCLUSIVE");
     std::thread release([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        other.run("COMMIT");
+        std::this_thread::sleep_for(1s);
+        lock.reset();
     });
-    SaveSetting(application, "User", "Name", "Eve");
+    setName("Eve");
     release.join();
     closeSettings();
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Eve");
-    EXPECT_EQ(notices.texts.size(), 0U);
+    EXPECT_EQ(contents(), "Eve 12");
 }
 
-TEST_F(SettingsFaults, GoesOnInMemoryWithoutAUsablePlace) {
-    fs::create_directory(file());
-    const std::pair<std::string, const char*> rows[] = {
-        {"", "There is no directory"},
-        {directory.path("missing/settings"), "No such file or directory"},
-        {directory.path("settings"), "no regular file"},
+TEST_F(SettingsFaults, ADamagedFileIsSetAsideAndTheLastGoodCopyTakesItsPlace) {
+    const std::string sound = read();
+    const std::string good = read(".good");
+    const auto overwritten = [&sound](std::size_t at, std::size_t count) {
+        return std::string(sound).replace(at, count, std::string(count, '\xA5'));
     };
-    for (const auto& [place, part] : rows) {
-        SCOPED_TRACE(place);
-        closeSettings();
-        const ScopedDirectories there(directory.program(), place);
-        EXPECT_EQ(GetSetting(application, "User", "Name", "standard"), "standard");
-        expectOneNotice(part);
-        expectWorksInMemory();
+    const auto madeBy = [this](const char* statements) {
+        fs::remove(directory.path("other.db"));
+        otherConnection(directory.path("other.db"), statements);
+        return directory.read("other.db");
+    };
+    std::size_t kept = 0;
+    for (const auto& [name, damaged] : {
+             std::pair{"empty", std::string()},
+             {"cut in the header", sound.substr(0, 50)},
+             {"cut at the last page", sound.substr(0, sound.size() - 4096)},
+             {"page size", overwritten(16, 2)},
+             {"schema page", overwritten(100, 300)},
+             {"a page in the middle", overwritten(4096, 4096)},
+             {"text", std::string(20000, 'k')},
+             {"another program's table", madeBy("CREATE TABLE setting (name, value)")},
+             {"keys not unique", madeBy("CREATE TABLE setting (id INTEGER PRIMARY KEY, application, section, "
+                                        "folded_key, key, value)")},
+         }) {
+        for (const bool isGood : {true, false}) {
+            SCOPED_TRACE(std::string(name) + (isGood ? "" : ", the copy too"));
+            write(damaged);
+            write(isGood ? good : damaged, ".good");
+            if (isGood) {
+                const Fault full = failing(&SystemCalls::fsync, ENOSPC);
+                EXPECT_EQ(contents(), "Ann 12");
+                expectOneNotice("replaced: No space left on device\r\n\r\nKelvor starts with the last good copy");
+                setName("Zoe");
+                EXPECT_EQ(contents(), "Zoe 12");
+                closeSettings();
+                EXPECT_EQ(read(), damaged);
+            }
+            EXPECT_EQ(contents(), isGood ? "Ann 12" : "none 0");
+            expectOneNotice(isGood ? "Kelvor starts with the last good copy of the settings, made on 20"
+                                   : "Kelvor starts with fresh settings.");
+            setName("Eve");
+            closeSettings();
+            EXPECT_EQ(contents(), isGood ? "Eve 12" : "Eve 0");
+            closeSettings();
+            // All earlier ones are there still, and this one byte for byte.
+            const auto files = setAside();
+            EXPECT_EQ(files.size(), ++kept);
+            EXPECT_EQ(std::count(files.begin(), files.end(), damaged), isGood ? 1 : 2);
+        }
     }
-    EXPECT_TRUE(fs::is_directory(file()));
 }
 
-TEST_F(SettingsFaults, RefusesAPipeAtOnce) {
-    ASSERT_EQ(mkfifo(file().c_str(), 0600), 0);
-    EXPECT_EQ(GetSetting(application, "User", "Name", "standard"), "standard");
-    expectOneNotice("no regular file");
-    expectWorksInMemory();
-}
-
-TEST_F(SettingsFaults, GoesOnInMemoryWhenTheFileTurnsReadOnly) {
-    fill();
-    // The super-user writes to everything, so the test is somebody else for a while.
-    const auto self = geteuid();
-    fs::permissions(directory.path(""), fs::perms(0755));
-    fs::permissions(directory.path("settings"), fs::perms(0555));
-    fs::permissions(file(), fs::perms(0444));
-    if (self == 0) {
-        ASSERT_EQ(seteuid(65534), 0);
-    }
-    const int writable = open(file().c_str(), O_WRONLY | O_CLOEXEC);
-    EXPECT_LT(writable, 0) << "the fault is not there";
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    EXPECT_EQ(notices.texts.size(), 0U);
-    SaveSetting(application, "User", "Name", "Eve");
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Eve");
-    EXPECT_EQ(countStrings(), 12U);
-    expectOneNotice("readonly");
-    expectWorksInMemory();
+TEST_F(SettingsFaults, OnlyADamagedFilesJournalGoesWithIt) {
+    write(read() + "junk");
+    write("junk", "-journal");
+    write("left by a start that was stopped", ".new");
+    EXPECT_EQ(contents(), "Ann 12");
+    setName("Eve");
+    EXPECT_EQ(contents(), "Eve 12");
     closeSettings();
-    if (self == 0) {
-        ASSERT_EQ(seteuid(self), 0);
-    }
-    fs::permissions(directory.path("settings"), fs::perms(0755));
+    write("");
+    write("its journal", "-journal");
+    EXPECT_EQ(contents(), "Eve 12");
+    expectOneNotice("set aside");
+    EXPECT_FALSE(fs::exists(file + "-journal"));
+    EXPECT_EQ(setAside().size(), 2U);
 }
 
-TEST_F(SettingsFaults, LosesNothingWhenNoMoreCanBeWritten) {
-    const std::string before = fill();
-    for (const rlim_t limit : {rlim_t{0}, rlim_t{600}, rlim_t{before.size()}}) {
-        SCOPED_TRACE(limit);
+TEST_F(SettingsFaults, TheCopyHasTheValuesOfTheLastClosedRun) {
+    const auto copy = file + ".good";
+    const auto copyGives = [this] {
         closeSettings();
-        notices.texts.clear();
-        const FileSizeLimit full(limit);
-        EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-        SaveSetting(application, "User", "large", std::string(200000, 'y'));
-        EXPECT_EQ(notices.texts.size(), 1U);
-        notices.texts.clear();
-        EXPECT_EQ(GetSetting(application, "User", "large").size(), 200000U);
-        EXPECT_EQ(countStrings(), 12U);
-        expectWorksInMemory();
-    }
+        write("");
+        std::string given = contents();
+        closeSettings();
+        expectOneNotice("the last good copy");
+        return given;
+    };
+    setName("Zoe");
+    EXPECT_EQ(copyGives(), "Zoe 12");
+    DeleteSetting(application, "User", "Name");
+    EXPECT_EQ(copyGives(), "none 12");
+    fs::last_write_time(copy, fs::file_time_type::clock::now() + 1h);
+    setName("Eve");
+    EXPECT_EQ(copyGives(), "Eve 12") << "the clock has been set back since the copy was made";
+    fs::remove(copy);
+    contents();
+    EXPECT_EQ(copyGives(), "Eve 12") << "the copy had been taken away";
+    const auto made = fs::last_write_time(copy);
+    EXPECT_EQ(contents(), "Eve 12");
+    setName("Eve");
     closeSettings();
-    EXPECT_EQ(GetSetting(application, "User", "Name"), "Ann");
-    EXPECT_EQ(GetSetting(application, "User", "large", "none"), "none");
-    EXPECT_EQ(countStrings(), 12U);
-    EXPECT_EQ(notices.texts.size(), 0U);
+    EXPECT_EQ(fs::last_write_time(copy), made) << "a run that changes nothing leaves the copy alone";
 }
 
-/// Writes pairs of equal values until it is killed, and acknowledges each pair on `acknowledge`.
-[[noreturn]] void writeUntilKilled(int acknowledge, int from) {
-    for (int number = from;; ++number) {
-        const std::string value = std::to_string(number) + std::string(2000, ' ');
-        SaveSetting(application, "User", "first", value);
-        SaveSetting(application, "User", "second", value);
-        if (write(acknowledge, &number, sizeof number) != sizeof number) _exit(1);
-    }
-}
-
-TEST_F(SettingsFaults, KeepsEveryAcknowledgedWriteWhenKilled) {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    int acknowledged = 0;
-    for (int round = 0; round < 25; ++round) {
+TEST_F(SettingsFaults, KeepsTheOldCopyInSilenceWhenANewOneCannotBeMade) {
+    const std::string good = read(".good");
+    const std::pair<const char*, std::function<Fault()>> rows[] = {
+        {"read-only directory", [] { return failing(&SystemCalls::open, EACCES); }},
+        {"disk full", [] { return fileSizeLimit(5000); }},
+        {"device", [] { return failing(&SystemCalls::fsync, EIO); }},
+        {"locked", [this] { return otherConnection(file, "BEGIN EXCLUSIVE"); }},
+    };
+    for (const auto& [name, begin] : rows) {
+        SCOPED_TRACE(name);
+        setName(name);
+        const Fault fault = begin();
+        const auto start = std::chrono::steady_clock::now();
         closeSettings();
-        int ends[2];
-        ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, 500ms);
+        EXPECT_EQ(read(".good"), good);
+        EXPECT_FALSE(fs::exists(file + ".good.new"));
+    }
+    EXPECT_EQ(contents(), "locked 12");
+    setName("Eve");
+    otherConnection(file, "DROP TABLE setting");
+    closeSettings();
+    EXPECT_EQ(read(".good"), good) << "the file got damaged meanwhile";
+}
+
+TEST_F(SettingsFaults, KeepsEveryClosedRunInTheFileAndAWholeCopyWhenKilled) {
+    // Shared with the copy of the program that is killed: the last run that it has closed.
+    auto* closed =
+        static_cast<int*>(mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    const auto save = [](int number) {
+        const std::string value = std::to_string(number) + std::string(20000, ' ');
+        for (const auto* key : {"first", "second"}) SaveSetting(application, "User", key, value);
+        closeSettings();
+    };
+    const auto stored = [](const char* key) { return std::atoi(GetSetting(application, "User", key).c_str()); };
+    save(0);
+    for (int round = 0; round < 40; ++round) {
+        SCOPED_TRACE(round);
+        const bool stopsWithTheCopyHalfMade = round % 2 == 0;
+        *closed = stored("first");
+        closeSettings();
         const auto child = fork();
-        if (child == 0) writeUntilKilled(ends[1], acknowledged + 1);
-        close(ends[1]);
-        usleep(static_cast<useconds_t>(random() % 40000));
-        kill(child, SIGKILL);
+        if (child == 0) {
+            alarm(10);  // when nothing else ends it
+            if (stopsWithTheCopyHalfMade) systemCalls().fsync = [](int) { return raise(SIGKILL); };
+            for (int number = *closed + 1;; *closed = number++) save(number);
+        }
+        usleep(static_cast<useconds_t>(1000 * round));
+        if (!stopsWithTheCopyHalfMade) kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
-        while (read(ends[0], &acknowledged, sizeof acknowledged) == sizeof acknowledged) continue;
-        close(ends[0]);
-        const int first = std::atoi(GetSetting(application, "User", "first", "0").c_str());
-        const int second = std::atoi(GetSetting(application, "User", "second", "0").c_str());
-        ASSERT_GE(second, acknowledged);
-        ASSERT_GE(first, second);
-        ASSERT_LE(first, acknowledged + 1);
+        ASSERT_TRUE(!stopsWithTheCopyHalfMade || fs::exists(file + ".good.new"));
+        const std::string copy = read(".good");
+        ASSERT_GE(stored("second"), *closed);
+        ASSERT_GE(stored("first"), stored("second"));
+        ASSERT_LE(stored("first"), *closed + 1);
+        closeSettings();
+        write("");
+        write(copy, ".good");
+        ASSERT_EQ(stored("first"), stored("second"));
+        ASSERT_GE(stored("first"), *closed);
+        ASSERT_LE(stored("first"), *closed + 1);
+        expectOneNotice("the last good copy");
     }
-    EXPECT_GT(acknowledged, 0);
-    EXPECT_EQ(notices.texts.size(), 0U);
-    EXPECT_TRUE(setAside().empty());
 }
 
 }  // namespace
