@@ -13,6 +13,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/error.h"
 #include "platform/system_calls.h"
 #include "tests/platform/scratch_directory.h"
 
@@ -24,6 +25,7 @@ struct Saboteur {
     bool fromThenOn = false;
     int code = 0;
     bool kill = false;
+    /// What one call reads or writes at most.
     std::size_t mostBytes = 1 << 20;
 
     int count = 0;
@@ -38,9 +40,12 @@ struct Saboteur {
         return true;
     }
 
-    template <typename Result, typename... Arguments>
-    void sabotage(const char* name, std::function<Result(Arguments...)>& call) {
-        call = [this, name, call](Arguments... arguments) -> Result { return strikes(name) ? -1 : call(arguments...); };
+    template <typename... Calls>
+    void sabotage(const char* name, Calls&... calls) {
+        const auto spoil = [&](auto& call) {
+            call = [this, name, call](auto... arguments) { return strikes(name) ? -1 : call(arguments...); };
+        };
+        (spoil(calls), ...);
     }
 
     SystemCalls calls() {
@@ -53,20 +58,10 @@ struct Saboteur {
         };
         // Thousands of saves need not reach the disk.
         calls.fsync = [](int) { return 0; };
-        sabotage("open", calls.open);
-        sabotage("stat", calls.stat);
-        sabotage("fstat", calls.fstat);
-        sabotage("pread", calls.pread);
-        sabotage("pwrite", calls.pwrite);
-        sabotage("fallocate", calls.fallocate);
-        sabotage("ftruncate", calls.ftruncate);
         sabotage("fsync", calls.fsync);
-        sabotage("unlink", calls.unlink);
-        sabotage("lstat", calls.lstat);
-        sabotage("lchown", calls.lchown);
-        sabotage("chmod", calls.chmod);
-        sabotage("fsetxattr", calls.fsetxattr);
-        sabotage("rename", calls.rename);
+        sabotage("fallocate", calls.fallocate);
+        sabotage("another", calls.open, calls.stat, calls.lstat, calls.fstat, calls.pread, calls.pwrite,
+                 calls.ftruncate, calls.unlink, calls.lchown, calls.chmod, calls.fsetxattr, calls.rename);
         // A close that reports an error has closed.
         calls.close = [this](int descriptor) {
             const int result = ::close(descriptor);
@@ -76,21 +71,29 @@ struct Saboteur {
     }
 };
 
+/// What `action` throws, as "number description"; nothing when it throws nothing.
+inline std::string errorOf(const std::function<void()>& action) {
+    try {
+        action();
+        return "";
+    } catch (const Error& error) {
+        return std::to_string(error.number()) + " " + error.description();
+    }
+}
+
 /// A small disk of its own.
 class SmallDisk {
 public:
-    SmallDisk() : mounted_(mount("none", directory_.path().c_str(), "tmpfs", 0, "size=64k") == 0), failure_(errno) {}
     ~SmallDisk() {
-        if (mounted_) umount2(directory_.path().c_str(), MNT_DETACH);
+        if (mounted()) umount2(directory_.path().c_str(), MNT_DETACH);
     }
-    bool mounted() const { return mounted_; }
+    bool mounted() const { return failure_ == 0; }
     std::string failure() const { return std::strerror(failure_); }
     const ScratchDirectory& directory() const { return directory_; }
 
 private:
     ScratchDirectory directory_;
-    bool mounted_;
-    int failure_;
+    int failure_ = mount("none", directory_.path().c_str(), "tmpfs", 0, "size=64k") == 0 ? 0 : errno;
 };
 
 /// Runs `steps` in a process of its own, which may end in any way; its status as waitpid gives it.

@@ -1,19 +1,17 @@
 #include "platform/paths.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdlib>
-#include <map>
 
-#include "tests/platform/scratch_directory.h"
+#include "tests/platform/faults.h"
 
 namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST(Paths, AreTakenApartByTheirOwnRules) {
+TEST(Paths, AreTakenApartAndJoinedByTheirOwnRules) {
     const struct {
         const char* path;
         bool foreign;
@@ -22,163 +20,92 @@ TEST(Paths, AreTakenApartByTheirOwnRules) {
     } rows[] = {
         {"/home/a/x.htm", false, "/home/a", "x.htm"},
         {"/x.htm", false, "/", "x.htm"},
-        {"/", false, "/", ""},
         {"x.htm", false, "", "x.htm"},
-        {"", false, "", ""},
         {"/home/a/", false, "/home/a", ""},
         {"/home/a\\b.htm", false, "/home", "a\\b.htm"},
-        {"\\x.htm", false, "", "\\x.htm"},
         {"c:x.htm", false, "", "c:x.htm"},
-        {"/web/C:\\x.htm", false, "/web", "C:\\x.htm"},
-        {"C:\\web\\x.htm", true, "C:\\web", "x.htm"},
-        {"c:\\x.htm", true, "c:", "x.htm"},
-        {"C:", true, "", "C:"},
-        {"C:/web/x.htm", true, "C:/web", "x.htm"},
         {"1:\\x.htm", false, "", "1:\\x.htm"},
+        {"C:", true, "", "C:"},
+        {"c:\\x.htm", true, "c:", "x.htm"},
         {"\\\\server\\share\\x.htm", true, "\\\\server\\share", "x.htm"},
         {"\\\\server", true, "\\\\", "server"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(isForeignPath(row.path), row.foreign) << row.path;
-        EXPECT_EQ(separatorOf(row.path), row.foreign ? '\\' : '/') << row.path;
         EXPECT_EQ(directoryPart(row.path), row.directory) << row.path;
         EXPECT_EQ(fileNamePart(row.path), row.name) << row.path;
+        EXPECT_EQ(joinPath(row.directory, row.name), row.path);
     }
+    EXPECT_EQ(directoryPart("C:/web/x.htm"), "C:/web");
+    EXPECT_EQ(joinPath("/home/a/", "x.htm"), "/home/a/x.htm");
+    EXPECT_EQ(joinPath("/a\\", "x"), "/a\\/x");
 }
 
-TEST(Paths, AreJoinedWithOneSeparator) {
-    const struct {
-        const char* directory;
-        const char* name;
-        const char* joined;
-    } rows[] = {
-        {"/home/a", "x.htm", "/home/a/x.htm"},
-        {"/home/a/", "x.htm", "/home/a/x.htm"},
-        {"/", "x.htm", "/x.htm"},
-        {"", "x.htm", "x.htm"},
-        {"C:", "x.htm", "C:\\x.htm"},
-        {"C:\\", "x.htm", "C:\\x.htm"},
-        {"C:\\web", "x.htm", "C:\\web\\x.htm"},
-        {"\\\\server", "share", "\\\\server\\share"},
-        {"\\\\", "server", "\\\\server"},
-        {"/a\\", "x", "/a\\/x"},
-    };
-    for (const auto& row : rows) EXPECT_EQ(joinPath(row.directory, row.name), row.joined);
-}
-
-using Environment = std::map<std::string, std::string>;
-
-/// In the child process of runPrinter() this writes the directories and ends, before there is any test.
+/// In the process of directoriesOf() this writes the directories and ends, before there is any test.
 const bool isNoPrinter = [] {
     const char* output = std::getenv("KELVOR_TEST_OUTPUT");
     if (output == nullptr) return true;
-    const auto permissions = fs::status(temporaryDirectory()).permissions() & fs::perms::mask;
+    const fs::path temporary = temporaryDirectory();
+    // The end of a forked copy must not take it away.
+    if (fork() == 0) std::exit(0);
+    wait(nullptr);
+    const bool isPrivate = fs::status(temporary).permissions() == fs::perms::owner_all;
     std::ofstream(output) << programDirectory() << '\n'
                           << settingsDirectory() << '\n'
-                          << temporaryDirectory() << '\n'
-                          << (permissions == fs::perms::owner_all ? "private" : "open to others") << '\n';
+                          << temporary.parent_path().string() << (isPrivate ? "" : " gone or not private") << '\n';
     std::exit(0);
 }();
 
-/// What a copy of this program, standing in `directory`, takes for its directories; one line each.
-std::vector<std::string> runPrinter(const std::string& directory, const std::string& output, Environment environment) {
-    fs::create_directories(directory);
-    fs::copy_file("/proc/self/exe", directory + "/program", fs::copy_options::overwrite_existing);
-    environment["KELVOR_TEST_OUTPUT"] = output;
-    const auto child = fork();
-    if (child == 0) {
-        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "TMPDIR"}) unsetenv(name);
-        for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
-        const auto program = directory + "/program";
-        execl(program.c_str(), program.c_str(), nullptr);
-        _exit(127);
+struct ProgramDirectories : testing::Test {
+    /// What a copy of this program takes for its directories, one to a line: its own, the settings', and the one of
+    /// its temporary directory, which is gone by then.
+    std::string directoriesOf(const std::string& place, const std::string& environment) {
+        fs::create_directories(place);
+        fs::create_directories(root / "tmp");
+        fs::copy_file("/proc/self/exe", place + "/program", fs::copy_options::overwrite_existing);
+        const auto command = "env -u HOME -u XDG_DATA_HOME -u XDG_CONFIG_HOME TMPDIR=" + root / "tmp" + " " +
+                             environment + " KELVOR_TEST_OUTPUT=" + root / "output" + " " + place + "/program";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        EXPECT_TRUE(fs::is_empty(root / "tmp"));
+        return root.read("output");
     }
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    std::vector<std::string> lines;
-    std::ifstream file(output);
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    lines.resize(4);
-    return lines;
-}
-
-TEST(Directories, AreTheExecutablesOwnWhenItHoldsTemplates) {
     const ScratchDirectory root;
-    fs::create_directories(root / "portable/Templates");
-    const auto lines = runPrinter(root / "portable", root / "output", {{"HOME", root / "home"}});
-    EXPECT_EQ(lines[0], root / "portable");
-    EXPECT_EQ(lines[1], root / "home/.config/kelvor");
-    EXPECT_EQ(fs::status(lines[1]).permissions() & fs::perms::mask, fs::perms::owner_all);
+};
+
+TEST_F(ProgramDirectories, FollowThePlaceOfTheProgramAndTheHome) {
+    const auto installed = root / "usr/share/kelvor";
+    const auto portable = root / "portable";
+    for (const auto& directory : {installed, portable}) fs::create_directories(directory + "/Templates");
+    const auto told = [&](const std::string& program, const std::string& settings) {
+        return program + "\n" + settings + "\n" + root / "tmp" + "\n";
+    };
+    EXPECT_EQ(directoriesOf(portable, "HOME=" + root / "home"), told(portable, root / "home/.config/kelvor"));
+    EXPECT_EQ(directoriesOf(root / "usr/bin", ""), told(installed, ""));
+    EXPECT_EQ(directoriesOf(root / "usr/bin", "HOME=/proc/nowhere XDG_CONFIG_HOME=here"),
+              told(installed, "/proc/nowhere/.config/kelvor"));
+    EXPECT_EQ(fs::status(root / "home/.config/kelvor").permissions(), fs::perms::owner_all);
     EXPECT_FALSE(fs::exists(root / "home/.local"));
 }
 
-TEST(Directories, AreFilledOnceFromTheInstalledData) {
-    const ScratchDirectory root;
+TEST_F(ProgramDirectories, AreFilledOnceFromTheInstalledData) {
     fs::create_directories(root / "usr/share/kelvor/Templates");
-    root.write("usr/share/kelvor/tags.txt", "tags");
+    fs::permissions(root.write("usr/share/kelvor/tags.txt", "tags"), fs::perms::owner_read);
     root.write("usr/share/kelvor/Templates/page.htm", "page");
-    fs::permissions(root / "usr/share/kelvor/tags.txt", fs::perms::owner_read);
-    const Environment environment = {{"HOME", root / "home"}, {"XDG_DATA_HOME", root / "data"}};
-
-    EXPECT_EQ(runPrinter(root / "usr/bin", root / "output", environment)[0], root / "data/kelvor");
-    EXPECT_EQ(root.read("data/kelvor/tags.txt"), "tags");
-    EXPECT_EQ(root.read("data/kelvor/Templates/page.htm"), "page");
+    const auto start = [&] { return directoriesOf(root / "usr/bin", "XDG_DATA_HOME=" + root / "data"); };
+    EXPECT_TRUE(start().starts_with(root / "data/kelvor\n"));
+    EXPECT_EQ(root.read("data/kelvor/tags.txt") + root.read("data/kelvor/Templates/page.htm"), "tagspage");
     EXPECT_NE(fs::status(root / "data/kelvor/tags.txt").permissions() & fs::perms::owner_write, fs::perms::none);
     EXPECT_EQ(std::distance(fs::directory_iterator(root / "data/kelvor"), {}), 2);
 
     root.write("data/kelvor/tags.txt", "the user's");
     fs::remove(root / "data/kelvor/Templates/page.htm");
-    runPrinter(root / "usr/bin", root / "output", environment);
-    EXPECT_EQ(root.read("data/kelvor/tags.txt"), "the user's");
+    start();
     EXPECT_FALSE(fs::exists(root / "data/kelvor/Templates/page.htm"));
 
     // A first start that was cut short: what is there stays, what lacks comes.
-    fs::remove_all(root / "data/kelvor/Templates");
-    runPrinter(root / "usr/bin", root / "output", environment);
-    EXPECT_EQ(root.read("data/kelvor/tags.txt"), "the user's");
-    EXPECT_EQ(root.read("data/kelvor/Templates/page.htm"), "page");
-}
-
-TEST(Directories, DoWithoutAHome) {
-    const ScratchDirectory root;
-    fs::create_directories(root / "usr/share/kelvor/Templates");
-    fs::create_directories(root / "tmp");
-    const auto installed = root / "usr/share/kelvor";
-    auto lines = runPrinter(root / "usr/bin", root / "output", {{"TMPDIR", root / "tmp"}});
-    EXPECT_EQ(lines[0], installed);
-    EXPECT_EQ(lines[1], "");
-    EXPECT_EQ(fs::path(lines[2]).parent_path(), root / "tmp");
-    EXPECT_EQ(lines[3], "private");
-    EXPECT_FALSE(fs::exists(lines[2])) << "the temporary directory outlived its process";
-
-    lines = runPrinter(root / "usr/bin", root / "output", {{"HOME", "/proc/nowhere"}, {"XDG_CONFIG_HOME", "relative"}});
-    EXPECT_EQ(lines[0], installed);
-    EXPECT_EQ(lines[1], "/proc/nowhere/.config/kelvor");
-}
-
-TEST(Directories, StayWhenAForkedCopyEnds) {
-    const auto directory = temporaryDirectory();
-    ASSERT_TRUE(fs::is_directory(directory));
-    const auto child = fork();
-    if (child == 0) std::exit(0);
-    waitpid(child, nullptr, 0);
-    EXPECT_TRUE(fs::is_directory(directory));
-}
-
-TEST(Directories, AreOthersInATest) {
-    const auto before = settingsDirectory();
-    {
-        const ScopedDirectories scope("/program", "/settings");
-        EXPECT_EQ(programDirectory(), "/program");
-        {
-            const ScopedDirectories inner("/inner", "/inner/settings");
-            EXPECT_EQ(programDirectory(), "/inner");
-        }
-        EXPECT_EQ(programDirectory(), "/program");
-        EXPECT_EQ(settingsDirectory(), "/settings");
-    }
-    EXPECT_EQ(settingsDirectory(), before);
+    fs::remove(root / "data/kelvor/Templates");
+    start();
+    EXPECT_EQ(root.read("data/kelvor/tags.txt") + root.read("data/kelvor/Templates/page.htm"), "the user'spage");
 }
 
 }  // namespace
