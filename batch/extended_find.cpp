@@ -56,12 +56,11 @@ ExtendedFind& extendedFind() {
 
 ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
     onLoad = [this] { Form_Load(); };
-    unloaded.connect([this] { Form_Unload(); });
-    queryUnload.connect([this](bool& cancel) {
-        if (cmdClose.caption() != cancelCaption) return;
-        cancel = true;
-        if (cmdClose.enabled()) confirmCancel();
-    });
+    unloaded.connect(focusDocument);
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
+        objDirWalk_ItemFound(sPath, sFileName);
+    };
     lblDirFolder.doubleClicked.connect([this] { lblDirFolder_DblClick(); });
     rtbFind.changed.connect([this] { checkBegin(); });
     cmdBegin.clicked.connect([this] { cmdBegin_Click(); });
@@ -88,19 +87,21 @@ void ExtendedFind::setUpMenu() {
 
 void ExtendedFind::Form_Load() {
     keys_.setHookedRTB(&rtbFind);
-    objDirWalk_ = std::make_unique<DirWalker>();
-    objDirWalk_->ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
-        objDirWalk_ItemFound(sPath, sFileName);
-    };
     cancelVal_ = false;
     ProgressBar1.setValue(0);
     SSTab1.setTabEnabled(resultsPage, false);
     fillFilterCombo();
 }
 
-void ExtendedFind::Form_Unload() {
-    objDirWalk_.reset();
-    if (hasMdiChild()) activeText().SetFocus();
+/// Closing the window acts like the Cancel button, which is not there for the user while files are gathered.
+void ExtendedFind::Form_QueryUnload(bool& cancel) {
+    if (!isRunning()) return;
+    cancel = true;
+    if (cmdClose.enabled()) confirmCancel();
+}
+
+bool ExtendedFind::isRunning() const {
+    return cmdClose.caption() == cancelCaption;
 }
 
 void ExtendedFind::fillFilterCombo() {
@@ -129,7 +130,7 @@ void ExtendedFind::cmdBegin_Click() {
 
 void ExtendedFind::gatherFiles(const std::vector<std::string>& filters, const std::string& searchDir) {
     const std::string directory = joinPath(searchDir, "");
-    walkForEach(*objDirWalk_, filters, directory, chkSubDir.value());
+    walkForEach(objDirWalk_, filters, directory, chkSubDir.value());
     if (!foundFiles_.empty()) return findMatch();
     resetControls();
     tellNoFiles(directory);
@@ -190,21 +191,16 @@ void ExtendedFind::resetControls() {
 }
 
 void ExtendedFind::setCriteriaEnabled(bool enabled) {
-    for (Control* control :
-         std::initializer_list<Control*>{&chkSubDir, &chkCase, &cmdBegin, &lblDirFolder, &cboFilter, &rtbFind})
-        control->setEnabled(enabled);
+    setAllEnabled({&chkSubDir, &chkCase, &cmdBegin, &lblDirFolder, &cboFilter, &rtbFind}, enabled);
 }
 
 void ExtendedFind::cmdClose_Click() {
-    if (cmdClose.caption() == cancelCaption) return confirmCancel();
+    if (isRunning()) return confirmCancel();
     unload();
 }
 
 void ExtendedFind::confirmCancel() {
-    cancelVal_ = platform().dialogs.message({.text = "Are you sure you want to cancel?",
-                                             .title = "Confirm Cancel",
-                                             .icon = MessageIcon::question,
-                                             .buttons = MessageButtons::yesNo}) == Answer::yes;
+    cancelVal_ = confirms("Are you sure you want to cancel?", "Confirm Cancel");
 }
 
 void ExtendedFind::ListView1_MouseDown(const MousePress& press) {

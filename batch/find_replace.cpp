@@ -34,18 +34,12 @@ FindReplace& findReplace() {
 FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
     onLoad = [this] { Form_Load(); };
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect([this] { Form_Unload(); });
+    unloaded.connect(focusDocument);
     for (EditControl* box : {&txtFindText, &txtReplace}) box->gotFocus.connect([box] { selectAllOf(*box); });
     txtFindText.changed.connect([this] { txtFindText_Change(); });
     chkWithin.clicked.connect([this] { chkWithin_Click(); });
-    cmdReplaceOne.clicked.connect([this] {
-        replaceOneMode_ = true;
-        replace();
-    });
-    cmdReplaceAll.clicked.connect([this] {
-        replaceOneMode_ = false;
-        replace();
-    });
+    cmdReplaceOne.clicked.connect([this] { cmdReplaceOne_Click(); });
+    cmdReplaceAll.clicked.connect([this] { cmdReplaceAll_Click(); });
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
 }
@@ -58,13 +52,9 @@ void FindReplace::Form_Load() {
 }
 
 void FindReplace::Form_QueryUnload(bool& cancel) {
-    if (cmdClose.caption() != cancelCaption) return;
+    if (!isRunningAllAtOnce()) return;
     cancelRequested_ = true;
     cancel = true;
-}
-
-void FindReplace::Form_Unload() {
-    if (hasMdiChild()) activeText().SetFocus();
 }
 
 /// With the box ticked the document's selection is the range, without it the text to find.
@@ -78,8 +68,22 @@ void FindReplace::txtFindText_Change() {
     foundAt_ = 0;
 }
 
+void FindReplace::cmdReplaceOne_Click() {
+    replaceOneMode_ = true;
+    replace();
+}
+
+void FindReplace::cmdReplaceAll_Click() {
+    replaceOneMode_ = false;
+    replace();
+}
+
+bool FindReplace::isRunningAllAtOnce() const {
+    return cmdClose.caption() == cancelCaption;
+}
+
 void FindReplace::cmdClose_Click() {
-    if (cmdClose.caption() == cancelCaption) {
+    if (isRunningAllAtOnce()) {
         cancelRequested_ = true;
     } else {
         unload();
@@ -137,7 +141,8 @@ void FindReplace::replaceAsking(Run& run) {
 void FindReplace::replaceAllAtOnce(Run& run) {
     const EditControl::Batch batch(run.edit);
     while (findMatch(run)) {
-        if (cancelRequested_ && confirmsCancel()) return;
+        if (cancelRequested_) askToCancel();
+        if (cancelRequested_) return;
         replaceMatch(run);
         pumpEvents();
     }
@@ -158,12 +163,8 @@ void FindReplace::replaceMatch(Run& run) {
     ++run.count;
 }
 
-bool FindReplace::confirmsCancel() {
-    cancelRequested_ = platform().dialogs.message({.text = "Cancel find and replace?",
-                                                   .title = "Confirm cancel",
-                                                   .icon = MessageIcon::question,
-                                                   .buttons = MessageButtons::yesNo}) == Answer::yes;
-    return cancelRequested_;
+void FindReplace::askToCancel() {
+    cancelRequested_ = confirms("Cancel find and replace?", "Confirm cancel");
 }
 
 void FindReplace::disableC() {
@@ -184,9 +185,8 @@ void FindReplace::enableC() {
 
 /// The controls that no run leaves to the user, the frame among them.
 void FindReplace::setControlsEnabled(bool enabled) {
-    Control* const controls[] = {&txtFindText, &txtReplace,    &chkWord,       &chkCase,
-                                 &chkWithin,   &cmdReplaceOne, &cmdReplaceAll, &cmdHelp};
-    for (Control* control : controls) control->setEnabled(enabled);
+    setAllEnabled({&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne, &cmdReplaceAll, &cmdHelp},
+                  enabled);
     mainForm().setEnabled(enabled);
 }
 

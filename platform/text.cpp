@@ -131,6 +131,24 @@ void sortAsText(std::vector<std::string>& texts) {
     std::transform(keyed.begin(), keyed.end(), texts.begin(), [](auto& entry) { return std::move(entry.second); });
 }
 
+std::string withLineEnds(std::string_view text) {
+    constexpr std::string_view lineEnd = "\r\n";
+    std::string result;
+    result.reserve(text.size() + text.size() / 32);
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = std::min(text.find('\n', start), text.size());
+        auto line = text.substr(start, end - start);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        for (auto carriage = line.find('\r'); carriage != std::string_view::npos; carriage = line.find('\r')) {
+            result.append(line.substr(0, carriage)).append(lineEnd);
+            line.remove_prefix(carriage + 1);
+        }
+        result.append(line).append(lineEnd);
+        start = end + 1;
+    }
+    return result;
+}
+
 std::size_t characterCount(std::string_view text) {
     // A character has one byte that is no continuation (10xxxxxx); eight bytes are looked at together.
     constexpr uint64_t lowBits = 0x0101010101010101;

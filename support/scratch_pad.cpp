@@ -88,7 +88,7 @@ void ScratchPad::Form_QueryUnload(bool& cancel) {
 
 void ScratchPad::Form_Unload() {
     keys_.setHookedRTB(nullptr);
-    if (hasMdiChild()) activeText().SetFocus();
+    focusDocument();
 }
 
 void ScratchPad::checkSave() {
