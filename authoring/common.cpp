@@ -250,6 +250,7 @@ bool validFileName(std::string_view name) {
 }
 
 std::string asReadWhole(std::string text) {
+    constexpr char endOfFileMark = 26;
     const std::size_t mark = text.find(endOfFileMark);
     return mark == std::string::npos || mark + 1 == text.size() ? std::move(text) : withLineEnds(text);
 }

@@ -132,11 +132,10 @@ bool fileExists(const std::string& path);
 bool validFileName(std::string_view name);
 /// What readWholeFile gives for a file that cannot be read.
 constexpr std::string_view unreadableText = "error";
-constexpr char endOfFileMark = 26;
 /// A file's text, UTF-8, as asReadWhole gives it; unreadableText when it cannot be read.
 std::string readWholeFile(const std::string& path);
-/// The text of a file; one with an end-of-file mark before its last character gets CR LF behind each of its lines, the
-/// last one too.
+/// The text of a file; one with an end-of-file mark (character 26) before its last character gets CR LF behind each of
+/// its lines, the last one too.
 std::string asReadWhole(std::string text);
 /// The temporary directory of this process, with a separator at its end.
 std::string getTempDir();

@@ -69,8 +69,8 @@ CaseChange::CaseChange() : Form("frmCaseChange", "File/URL Reference Case Change
     cmdRemoveOne.clicked.connect([this] { cmdRemoveOne_Click(); });
     cmdClear.clicked.connect([this] { cmdClear_Click(); });
     for (std::size_t box = 0; box < chkVal.size(); ++box) chkVal[box].clicked.connect([this] { checkApplyButton(); });
-    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
-        objDirWalk_ItemFound(sPath, sFileName);
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+        objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
     cmdApply.clicked.connect([this] { cmdApply_Click(); });
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
@@ -203,8 +203,10 @@ bool CaseChange::fillFileWad() {
     return !currentFileWad_.empty();
 }
 
-void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName) {
+void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel) {
     currentFileWad_.push_back(sPath + sFileName);
+    pumpEvents();
+    fCancel = !isLoaded();
 }
 
 void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode) {
@@ -215,7 +217,7 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
         }
         pumpEvents();
         // The end of the program ends the run too.
-        if (cancelVal_ || !mainForm().isLoaded()) break;
+        if (cancelVal_ || !isLoaded()) break;
     }
 }
 

@@ -70,7 +70,7 @@ private:
     void cmdClose_Click();
     void Form_QueryUnload(bool& cancel) const;
     bool isRunning() const;
-    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName);
+    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
     void browseForFiles();
     void checkApplyButton();
     void checkButtons();

@@ -9,6 +9,7 @@
 #include "core/recent_files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "support/html_help.h"
 
 namespace kelvor {
@@ -58,8 +59,8 @@ ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
     onLoad = [this] { Form_Load(); };
     unloaded.connect(focusDocument);
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
-        objDirWalk_ItemFound(sPath, sFileName);
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+        objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
     lblDirFolder.doubleClicked.connect([this] { lblDirFolder_DblClick(); });
     rtbFind.changed.connect([this] { checkBegin(); });
@@ -91,6 +92,7 @@ void ExtendedFind::Form_Load() {
     ProgressBar1.setValue(0);
     SSTab1.setTabEnabled(resultsPage, false);
     fillFilterCombo();
+    rtbFind.SetFocus();
 }
 
 /// Closing the window acts like the Cancel button, which is not there for the user while files are gathered.
@@ -131,34 +133,38 @@ void ExtendedFind::cmdBegin_Click() {
 void ExtendedFind::gatherFiles(const std::vector<std::string>& filters, const std::string& searchDir) {
     const std::string directory = joinPath(searchDir, "");
     walkForEach(objDirWalk_, filters, directory, chkSubDir.value());
+    if (!isLoaded()) return;
     if (!foundFiles_.empty()) return findMatch();
     resetControls();
     tellNoFiles(directory);
 }
 
-void ExtendedFind::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName) {
+void ExtendedFind::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel) {
     foundFiles_.push_back(sPath + sFileName);
+    pumpEvents();
+    fCancel = !isLoaded();
 }
 
 void ExtendedFind::findMatch() {
-    FileCount counter(rtbFind.textView(), chkCase.value(), [this] {
+    // The end of the program ends the run too.
+    const auto goesOn = [this] {
         pumpEvents();
-        return !cancelVal_;
-    });
+        return !cancelVal_ && isLoaded();
+    };
+    FileCount counter(withLineEnd(rtbFind.textView(), "\r\n"), chkCase.value(), goesOn);
     cmdClose.setEnabled(true);
     results_.clear();
     lblStatus.setCaption("Searching files:");
     ProgressBar1.setRange(0, static_cast<int>(foundFiles_.size()));
     ProgressBar1.setVisible(true);
     for (const std::string& path : foundFiles_) {
-        pumpEvents();
-        if (cancelVal_) break;
+        if (!goesOn()) break;
         const auto [outcome, count] = counter.in(path);
         if (outcome == FileCount::Outcome::stopped) break;
         results_.push_back({{path, outcome == FileCount::Outcome::counted ? std::to_string(count) : "Error"}});
         ProgressBar1.setValue(static_cast<int>(results_.size()));
     }
-    buildResultsTable();
+    if (isLoaded()) buildResultsTable();
 }
 
 void ExtendedFind::buildResultsTable() {
@@ -167,6 +173,7 @@ void ExtendedFind::buildResultsTable() {
     SSTab1.setTabEnabled(resultsPage, true);
     SSTab1.setTab(resultsPage);
     if (ListView1.count() > 0) ListView1.setSelectedRow(0);
+    ListView1.SetFocus();
 }
 
 void ExtendedFind::disableControls() {
@@ -207,7 +214,9 @@ void ExtendedFind::ListView1_MouseDown(const MousePress& press) {
     if (press.button == MousePress::right && ListView1.count() > 0) platform().windows.popupMenu(mnuLV1);
 }
 
+/// Nothing while another tool works on the document in front.
 void ExtendedFind::openMulti() {
+    if (!mainForm().enabled()) return;
     for (int row = 0; row < static_cast<int>(ListView1.count()); ++row) {
         if (!ListView1.isSelected(row)) continue;
         const std::string path = ListView1.cell(row, 0);

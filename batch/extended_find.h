@@ -50,7 +50,7 @@ private:
     void cmdBegin_Click();
     void cmdClose_Click();
     void ListView1_MouseDown(const MousePress& press);
-    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName);
+    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
 
     void setUpMenu();
     void fillFilterCombo();

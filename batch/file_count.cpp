@@ -51,9 +51,10 @@ FileCount::Result FileCount::in(const std::string& path) {
 FileCount::Result FileCount::countInFile(const std::string& path) {
     const auto bytes = file_.read(path, pause_);
     if (tellsUnreadable(bytes)) return {Outcome::unreadable};
-    // Such a mark makes all line ends alike, which only a text with one can tell.
-    if (hasLineEnd_ && bytes.find(endOfFileMark) != std::string_view::npos)
-        return {Outcome::counted, countIn(asReadWhole(decode(std::string(bytes), pause_).text)).count};
+    if (hasLineEnd_) {
+        const auto text = asReadWhole(decode(std::string(bytes), pause_).text);
+        return {Outcome::counted, countIn(withLineEnd(text, "\r\n")).count};
+    }
     const auto marked = encodingOfMark(bytes);
     const auto unmarked = bytes.substr(markOf(marked).size());
     const auto count = isUtf16(marked) ? countByPieces(unmarked, marked) : countAsUtf8(unmarked);

@@ -22,7 +22,7 @@ public:
         std::size_t count = 0;
     };
 
-    /// @param text   UTF-8; an empty one stands nowhere
+    /// @param text   UTF-8; an empty one stands nowhere. CR LF in it is any line end of the file
     /// @param goOn   asked at least every few milliseconds of a count; its false ends the count
     FileCount(std::string_view text, bool matchCase, std::function<bool()> goOn);
 

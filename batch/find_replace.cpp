@@ -4,6 +4,7 @@
 #include "batch/find.h"
 #include "core/frame.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "support/html_help.h"
 
 namespace kelvor {
@@ -111,7 +112,9 @@ FindReplace::Run FindReplace::beginRun() {
     const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
     edit.setSelLength(0);
     platform().screen.setMousePointer(MousePointer::hourglass);
-    return {edit, txtFindText.text(), txtReplace.text(), options, searchEnd};
+    // The boxes end their lines in CR LF, the document's may end in another way.
+    return {edit, withLineEnd(txtFindText.textView(), edit.lineEnd()),
+            withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
 }
 
 void FindReplace::endRun(Run& run) {
@@ -183,11 +186,12 @@ void FindReplace::enableC() {
     cmdClose.setEnabled(true);
 }
 
-/// The controls that no run leaves to the user, the frame among them.
+/// What no run leaves to the user: these controls, the frame, and all that could reach the document from elsewhere.
 void FindReplace::setControlsEnabled(bool enabled) {
     setAllEnabled({&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne, &cmdReplaceAll, &cmdHelp},
                   enabled);
-    mainForm().setEnabled(enabled);
+    for (Form* other : loadedForms())
+        if (other != this && other->kind() != Form::Kind::child) other->setEnabled(enabled);
 }
 
 void mnuEdit_FindReplace_Click() {

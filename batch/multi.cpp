@@ -169,6 +169,7 @@ void Multi::cmdRemoveSummary_Click() {
 }
 
 void Multi::offerFilledSummary() {
+    if (lstSummary.selectedRow() < 0) lstSummary.setSelectedRow(0);
     setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary}, true);
 }
 

@@ -131,21 +131,28 @@ void sortAsText(std::vector<std::string>& texts) {
     std::transform(keyed.begin(), keyed.end(), texts.begin(), [](auto& entry) { return std::move(entry.second); });
 }
 
-std::string withLineEnds(std::string_view text) {
-    constexpr std::string_view lineEnd = "\r\n";
+std::string withLineEnd(std::string_view text, std::string_view lineEnd) {
     std::string result;
     result.reserve(text.size() + text.size() / 32);
-    for (std::size_t start = 0; start < text.size();) {
-        const auto end = std::min(text.find('\n', start), text.size());
-        auto line = text.substr(start, end - start);
-        if (line.ends_with('\r')) line.remove_suffix(1);
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size());
+        auto line = text.substr(0, end);
+        const bool ended = end < text.size();
+        text.remove_prefix(ended ? end + 1 : end);
+        if (ended && line.ends_with('\r')) line.remove_suffix(1);
         for (auto carriage = line.find('\r'); carriage != std::string_view::npos; carriage = line.find('\r')) {
             result.append(line.substr(0, carriage)).append(lineEnd);
             line.remove_prefix(carriage + 1);
         }
-        result.append(line).append(lineEnd);
-        start = end + 1;
+        result.append(line);
+        if (ended) result.append(lineEnd);
     }
+    return result;
+}
+
+std::string withLineEnds(std::string_view text) {
+    auto result = withLineEnd(text, "\r\n");
+    if (!text.empty() && text.back() != '\r' && text.back() != '\n') result += "\r\n";
     return result;
 }
 
