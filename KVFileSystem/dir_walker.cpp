@@ -193,7 +193,8 @@ void TreeWalk::leave() {
     Level& level = levels_.back();
     path_.resize(level.pathLength);
     if (level.directory.isOpen()) return;
-    // The path may be longer than the kernel takes, and the directory left may have been moved away.
+    // The path may be longer than the kernel takes, and the directory left may have been moved away. When neither way
+    // leads back, the rest of the level is passed over like any directory that is gone.
     Directory found = left.directory.open("..");
     if (identityOf(found) != level.identity) found = Directory::at(path_);
     if (identityOf(found) == level.identity) level.directory = std::move(found);

@@ -59,7 +59,7 @@ TemplateHolder::TemplateHolder() : Form("templateHolder", "Templates") {
         if (lbxTemplates.count() > 0) lbxTemplates.SetFocus();
     });
     lbxTemplates.doubleClicked.connect([this] { cmdOpen_Click(); });
-    lbxTemplates.beforeLabelEdit.connect([this](bool&) { templatePath_ = selectedName(); });
+    lbxTemplates.beforeLabelEdit.connect([this] { templatePath_ = selectedName(); });
     lbxTemplates.afterLabelEdit.connect(
         [this](const std::string& text, bool& cancel) { lbxTemplates_AfterLabelEdit(text, cancel); });
     cmdOpen.clicked.connect([this] { cmdOpen_Click(); });

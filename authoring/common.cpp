@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"
 #include "support/desktop_tools.h"
@@ -54,18 +55,6 @@ std::vector<std::string> wordsOf(const std::string& commandLine) {
         if (!parts && character != '"') words.back() += character;
     }
     return words;
-}
-
-/// The lines of a text, whatever ends them, each ended by CR LF.
-std::string withLineEnds(std::string_view text) {
-    std::string lines;
-    lines.reserve(text.size() + 2);
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-        lines.append(text.substr(0, end)).append("\r\n");
-        text.remove_prefix(std::min(end + (text.substr(end, 2) == "\r\n" ? 2 : 1), text.size()));
-    }
-    return lines;
 }
 
 }  // namespace
@@ -122,7 +111,7 @@ void showFormForContext(Form& form, ShowMode mode) {
     }
     if (mode != ShowMode::modal) return platform().windows.showModeless(form, mode == ShowMode::floating);
     platform().windows.showModal(form);
-    if (activeFormName == documentForm && hasMdiChild()) activeText().SetFocus();
+    if (activeFormName == documentForm) focusDocument();
 }
 
 void openToolForm(Form& form, ShowMode mode) {
@@ -142,6 +131,10 @@ void installLoadErrorReporting() {
 
 bool hasMdiChild() {
     return loadedChildren() >= 1;
+}
+
+void focusDocument() {
+    if (hasMdiChild()) activeText().SetFocus();
 }
 
 bool hasManyMdiChildren() {
@@ -256,15 +249,17 @@ bool validFileName(std::string_view name) {
     return false;
 }
 
-std::string readWholeFile(const std::string& path) {
+std::string asReadWhole(std::string text) {
     constexpr char endOfFileMark = 26;
+    const std::size_t mark = text.find(endOfFileMark);
+    return mark == std::string::npos || mark + 1 == text.size() ? std::move(text) : withLineEnds(text);
+}
+
+std::string readWholeFile(const std::string& path) {
     try {
-        std::string text = decode(readFile(path)).text;
-        const std::size_t mark = text.find(endOfFileMark);
-        if (mark == std::string::npos || mark + 1 == text.size()) return text;
-        return withLineEnds(text);
+        return asReadWhole(decode(readFile(path)).text);
     } catch (const std::exception&) {
-        return "error";
+        return std::string(unreadableText);
     }
 }
 

@@ -80,6 +80,8 @@ void installLoadErrorReporting();
 
 /// Whether a document window is loaded, and whether there are two or more.
 bool hasMdiChild();
+/// Gives the keyboard to the document in front, if there is one: the last act of many a tool form.
+void focusDocument();
 bool hasManyMdiChildren();
 
 // Fields
@@ -128,9 +130,13 @@ std::string extractBetween(std::string_view startToken, std::string_view endToke
 bool fileExists(const std::string& path);
 /// Whether a name is free of the characters that no file name may have; the user has been told otherwise.
 bool validFileName(std::string_view name);
-/// A file's text, UTF-8; "error" when it cannot be read. A text with an end-of-file mark (character 26) before its last
-/// character comes with each of its lines ended by CR LF, the last one too.
+/// What readWholeFile gives for a file that cannot be read.
+constexpr std::string_view unreadableText = "error";
+/// A file's text, UTF-8, as asReadWhole gives it; unreadableText when it cannot be read.
 std::string readWholeFile(const std::string& path);
+/// The text of a file; one with an end-of-file mark (character 26) before its last character gets CR LF behind each of
+/// its lines, the last one too.
+std::string asReadWhole(std::string text);
 /// The temporary directory of this process, with a separator at its end.
 std::string getTempDir();
 /// The directory that the user picks; "" when cancelled.

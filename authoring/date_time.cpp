@@ -25,7 +25,6 @@ DateTimeDialog::DateTimeDialog() : Form("frmDateTime", "Date and Time") {
     onLoad = [this] { Form_Load(); };
     MonthView1.changed.connect([this] { FillListBox(MonthView1.value()); });
     lstDates.doubleClicked.connect([this] { cmdInsert_Click(); });
-    cmdInsert.setDefault(true);
     cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
     cmdCancel.clicked.connect([this] { unload(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });

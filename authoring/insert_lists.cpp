@@ -57,7 +57,7 @@ void Combo4_Click() {
     ComboBox& list = mainForm().Combo4;
     if (list.listIndex() > 0) activeText().setSelText(userStrings.Item(list.text()));
     list.setListIndex(0);
-    if (hasMdiChild()) activeText().SetFocus();
+    focusDocument();
 }
 
 }  // namespace kelvor

@@ -30,7 +30,6 @@ NameAnchorFile::NameAnchorFile() : Form("nameAnchorFile", "Link to named anchor 
     cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
     cmdClose.clicked.connect([this] { unload(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    cmdMakeLink.setDefault(true);
 }
 
 void NameAnchorFile::Form_Load() {

@@ -20,7 +20,6 @@ NamedLinks::NamedLinks() : Form("namedLinks", "Line to named anchor") {
     cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
     cmdClose.clicked.connect([this] { unload(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    cmdMakeLink.setDefault(true);
 }
 
 void NamedLinks::Form_Load() {

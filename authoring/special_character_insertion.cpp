@@ -24,7 +24,6 @@ SpecialCharacterInsertion::SpecialCharacterInsertion() : Form("specialCharacterI
     onLoad = [this] { Form_Load(); };
     unloaded.connect([] { specialCharsSwitch.release(); });
     lstSpecChars.doubleClicked.connect([this] { lstSpecChars_DblClick(); });
-    cmdInsert.setDefault(true);
     cmdInsert.clicked.connect([this] { lstSpecChars_DblClick(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     cmdClose.clicked.connect([this] { unload(); });

@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "support/html_help.h"
 
@@ -27,15 +28,6 @@ void reportTagsMissing() {
                  .icon = MessageIcon::critical});
 }
 
-/// Takes the first line off `text`, with what ends it: CR LF, CR or LF.
-std::string_view takeLine(std::string_view& text) {
-    const std::size_t length = std::min(text.find_first_of("\r\n"), text.size());
-    const std::string_view line = text.substr(0, length);
-    const std::size_t end = length + (text.substr(length, 2) == "\r\n" ? 2 : 1);
-    text.remove_prefix(std::min(end, text.size()));
-    return line;
-}
-
 }  // namespace
 
 Tags& tags() {
@@ -50,7 +42,6 @@ Tags::Tags() : Form("tags", "Tags") {
     ListView1.doubleClicked.connect([this] { ListView1_DblClick(); });
     ListView1.setColumnWidth(0, tagWidth);
     ListView1.setColumnWidth(1, closeTagWidth);
-    cmdInsert.setDefault(true);
     cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     cmdClose.clicked.connect([this] { unload(); });
@@ -73,11 +64,12 @@ void Tags::loadTags() {
         formLoadFailed = true;
         return;
     }
-    const std::string text = decode(readFile(path)).text;
+    const std::string text = withLineEnds(decode(readFile(path)).text);
     std::vector<ReportView::Row> rows;
     bool sound = true;
-    for (std::string_view rest = text; sound && !rest.empty();) {
-        auto fields = tagFields(takeLine(rest));
+    for (std::size_t start = 0, end = 0; sound && start < text.size(); start = end + 2) {
+        end = text.find("\r\n", start);
+        auto fields = tagFields(std::string_view(text).substr(start, end - start));
         sound = fields.has_value();
         if (sound) rows.push_back({std::move(*fields)});
     }

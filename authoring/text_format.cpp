@@ -47,7 +47,6 @@ TextFormat::TextFormat() : Form("textFormat", "Quick Text Format") {
     txtFonts.gotFocus.connect([this] { selectAllOf(txtFonts); });
     Command1.clicked.connect([this] { Command1_Click(); });
     rtbUserText.gotFocus.connect([this] { selectAllOf(rtbUserText); });
-    cmdInsert.setDefault(true);
     cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     cmdClose.clicked.connect([this] { unload(); });

@@ -17,7 +17,7 @@ void ToolSwitch::flip(Form& form) const {
 
 void ToolSwitch::release() const {
     set(false);
-    if (!deliversToTableWizard() && hasMdiChild()) activeText().SetFocus();
+    if (!deliversToTableWizard()) focusDocument();
 }
 
 void ToolSwitch::set(bool on) const {

@@ -41,15 +41,6 @@ const std::vector<WalkFilter>& filters() {
     return rows;
 }
 
-void setAllEnabled(std::initializer_list<Control*> controls, bool enabled) {
-    for (Control* control : controls) control->setEnabled(enabled);
-}
-
-std::string withSeparator(const std::string& directory) {
-    const char separator = separatorOf(directory);
-    return directory.ends_with(separator) ? directory : directory + separator;
-}
-
 void reportNoFiles(const std::string& directory) {
     beepAndShow({.text = "There are no files matching the selected filter(s) in " + directory,
                  .title = "No files to search",
@@ -59,13 +50,6 @@ void reportNoFiles(const std::string& directory) {
 Error notInEncoding(const std::string& file) {
     return {error_number::invalidProcedureCall,
             "The file's encoding lacks a letter in its other case; the file stays as it is: " + file};
-}
-
-bool confirmsCancel() {
-    return platform().dialogs.message({.text = "Are you sure that you wish to cancel?",
-                                       .title = "Confirm cancel",
-                                       .icon = MessageIcon::question,
-                                       .buttons = MessageButtons::yesNo}) == Answer::yes;
 }
 
 }  // namespace
@@ -85,8 +69,8 @@ CaseChange::CaseChange() : Form("frmCaseChange", "File/URL Reference Case Change
     cmdRemoveOne.clicked.connect([this] { cmdRemoveOne_Click(); });
     cmdClear.clicked.connect([this] { cmdClear_Click(); });
     for (std::size_t box = 0; box < chkVal.size(); ++box) chkVal[box].clicked.connect([this] { checkApplyButton(); });
-    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
-        objDirWalk_ItemFound(sPath, sFileName);
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+        objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
     cmdApply.clicked.connect([this] { cmdApply_Click(); });
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
@@ -107,14 +91,22 @@ void CaseChange::Form_Activate() {
 }
 
 void CaseChange::Form_QueryUnload(bool& cancel) const {
-    cancel = cancel || cmdClose.caption() == cancelCaption;
+    cancel = cancel || isRunning();
+}
+
+/// Also after a run that was left without files, or by an error.
+bool CaseChange::isRunning() const {
+    return cmdClose.caption() == cancelCaption;
 }
 
 void CaseChange::optWhere_Click() {
     const int where = optWhere.selected();
-    where == activeDocument ? enableFrame1() : disableFrame1();
-    where == listOfFiles ? enableFrame2() : disableFrame2();
-    where == directoryTree ? enableFrame3() : disableFrame3();
+    if (where != activeDocument) disableFrame1();
+    if (where != listOfFiles) disableFrame2();
+    if (where != directoryTree) disableFrame3();
+    if (where == activeDocument) enableFrame1();
+    if (where == listOfFiles) enableFrame2();
+    if (where == directoryTree) enableFrame3();
     checkApplyButton();
 }
 
@@ -149,8 +141,7 @@ void CaseChange::checkApplyButton() {
     const int where = optWhere.selected();
     const bool ready = where == activeDocument || (where == listOfFiles && lstFiles.count() > 0) ||
                        (where == directoryTree && lblStartDir.caption() != noDirectory);
-    // A run that goes on, or was left without files, keeps the button.
-    if (cmdClose.caption() == closeCaption) cmdApply.setEnabled(ready && !getReplaceValues().empty());
+    if (!isRunning()) cmdApply.setEnabled(ready && !getReplaceValues().empty());
 }
 
 void CaseChange::checkButtons() {
@@ -174,8 +165,8 @@ void CaseChange::cmdApply_Click() {
 }
 
 void CaseChange::cmdClose_Click() {
-    if (cmdClose.caption() == cancelCaption) {
-        cancelVal_ = confirmsCancel();
+    if (isRunning()) {
+        cancelVal_ = confirms("Are you sure that you wish to cancel?", "Confirm cancel");
     } else {
         unload();
     }
@@ -183,7 +174,6 @@ void CaseChange::cmdClose_Click() {
 
 void CaseChange::beginRun() {
     cancelVal_ = false;
-    badLinks_ = false;
     scope_ = optWhere.selected();
     ListView1.clear();
     for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, false);
@@ -206,41 +196,44 @@ bool CaseChange::fillFileWad() {
     if (scope_ == activeDocument) currentFileWad_.push_back(mainForm().activeForm().caption());
     if (scope_ == listOfFiles) currentFileWad_ = lstFiles.rows();
     if (scope_ != directoryTree) return true;
-    const std::string directory = withSeparator(lblStartDir.caption());
+    const std::string directory = joinPath(lblStartDir.caption(), "");
     const auto row = static_cast<std::size_t>(cboFilter.listIndex());
     walkForEach(objDirWalk_, filters().at(row).patterns, directory, chkSubDir.value());
     if (currentFileWad_.empty()) reportNoFiles(directory);
     return !currentFileWad_.empty();
 }
 
-void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName) {
+void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel) {
     currentFileWad_.push_back(sPath + sFileName);
+    pumpEvents();
+    fCancel = !isLoaded();
 }
 
 void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode) {
     for (const std::string& file : currentFileWad_) {
         for (const std::string& attribute : attributes) {
-            changeLinks(file, attribute, caseMode);
-            ListView1.addRow({file, attribute}, badLinks_ ? someRefused : allChanged);
+            const bool allAreChanged = changeLinks(file, attribute, caseMode);
+            ListView1.addRow({file, attribute}, allAreChanged ? allChanged : someRefused);
         }
         pumpEvents();
         // The end of the program ends the run too.
-        if (cancelVal_ || !mainForm().isLoaded()) break;
+        if (cancelVal_ || !isLoaded()) break;
     }
 }
 
 /// Works on the active document, whatever the file, when that is the scope of the run.
-void CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode) {
+/// @return false when a reference was refused or left
+bool CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode) {
     if (scope_ == activeDocument) {
         // The user's typing would part the references from their places.
         const DisabledFrame disabled;
-        badLinks_ = !kelvor::changeLinks(activeText(), what, caseMode);
-        return;
+        return changeLinkCase(activeText(), what, caseMode);
     }
     rtbHidden_.LoadFile(fileName);
-    badLinks_ = !kelvor::changeLinks(rtbHidden_, what, caseMode);
+    const bool allAreChanged = changeLinkCase(rtbHidden_, what, caseMode);
     if (!rtbHidden_.canBeSaved()) throw notInEncoding(fileName);
     rtbHidden_.SaveFile(fileName);
+    return allAreChanged;
 }
 
 void CaseChange::enableFrame1() {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "KVFileSystem/dir_walker.h"
-#include "batch/change_links.h"
+#include "batch/link_case.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
@@ -69,7 +69,8 @@ private:
     void cmdApply_Click();
     void cmdClose_Click();
     void Form_QueryUnload(bool& cancel) const;
-    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName);
+    bool isRunning() const;
+    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
     void browseForFiles();
     void checkApplyButton();
     void checkButtons();
@@ -78,7 +79,8 @@ private:
     void endRun();
     bool fillFileWad();
     void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);
-    void changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode);
+    bool changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode);
+    // The numbers are the scopes' and not those of the frames around them.
     void enableFrame1();
     void disableFrame1();
     void enableFrame2();
@@ -92,7 +94,6 @@ private:
     Form hidden_{"rtbHidden", ""};
     TextBuffer rtbHidden_{hidden_, "rtbHidden"};
     int scope_ = 0;  ///< of the run in progress
-    bool badLinks_ = false;
     bool cancelVal_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include "core/recent_files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "support/html_help.h"
 
 namespace kelvor {
@@ -56,12 +57,11 @@ ExtendedFind& extendedFind() {
 
 ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
     onLoad = [this] { Form_Load(); };
-    unloaded.connect([this] { Form_Unload(); });
-    queryUnload.connect([this](bool& cancel) {
-        if (cmdClose.caption() != cancelCaption) return;
-        cancel = true;
-        if (cmdClose.enabled()) confirmCancel();
-    });
+    unloaded.connect(focusDocument);
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+        objDirWalk_ItemFound(sPath, sFileName, fCancel);
+    };
     lblDirFolder.doubleClicked.connect([this] { lblDirFolder_DblClick(); });
     rtbFind.changed.connect([this] { checkBegin(); });
     cmdBegin.clicked.connect([this] { cmdBegin_Click(); });
@@ -88,19 +88,22 @@ void ExtendedFind::setUpMenu() {
 
 void ExtendedFind::Form_Load() {
     keys_.setHookedRTB(&rtbFind);
-    objDirWalk_ = std::make_unique<DirWalker>();
-    objDirWalk_->ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool&) {
-        objDirWalk_ItemFound(sPath, sFileName);
-    };
     cancelVal_ = false;
     ProgressBar1.setValue(0);
     SSTab1.setTabEnabled(resultsPage, false);
     fillFilterCombo();
+    rtbFind.SetFocus();
 }
 
-void ExtendedFind::Form_Unload() {
-    objDirWalk_.reset();
-    if (hasMdiChild()) activeText().SetFocus();
+/// Closing the window acts like the Cancel button, which is not there for the user while files are gathered.
+void ExtendedFind::Form_QueryUnload(bool& cancel) {
+    if (!isRunning()) return;
+    cancel = true;
+    if (cmdClose.enabled()) confirmCancel();
+}
+
+bool ExtendedFind::isRunning() const {
+    return cmdClose.caption() == cancelCaption;
 }
 
 void ExtendedFind::fillFilterCombo() {
@@ -129,35 +132,39 @@ void ExtendedFind::cmdBegin_Click() {
 
 void ExtendedFind::gatherFiles(const std::vector<std::string>& filters, const std::string& searchDir) {
     const std::string directory = joinPath(searchDir, "");
-    walkForEach(*objDirWalk_, filters, directory, chkSubDir.value());
+    walkForEach(objDirWalk_, filters, directory, chkSubDir.value());
+    if (!isLoaded()) return;
     if (!foundFiles_.empty()) return findMatch();
     resetControls();
     tellNoFiles(directory);
 }
 
-void ExtendedFind::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName) {
+void ExtendedFind::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel) {
     foundFiles_.push_back(sPath + sFileName);
+    pumpEvents();
+    fCancel = !isLoaded();
 }
 
 void ExtendedFind::findMatch() {
-    FileCount counter(rtbFind.textView(), chkCase.value(), [this] {
+    // The end of the program ends the run too.
+    const auto goesOn = [this] {
         pumpEvents();
-        return !cancelVal_;
-    });
+        return !cancelVal_ && isLoaded();
+    };
+    FileCount counter(withLineEnd(rtbFind.textView(), "\r\n"), chkCase.value(), goesOn);
     cmdClose.setEnabled(true);
     results_.clear();
     lblStatus.setCaption("Searching files:");
     ProgressBar1.setRange(0, static_cast<int>(foundFiles_.size()));
     ProgressBar1.setVisible(true);
     for (const std::string& path : foundFiles_) {
-        pumpEvents();
-        if (cancelVal_) break;
+        if (!goesOn()) break;
         const auto [outcome, count] = counter.in(path);
         if (outcome == FileCount::Outcome::stopped) break;
         results_.push_back({{path, outcome == FileCount::Outcome::counted ? std::to_string(count) : "Error"}});
         ProgressBar1.setValue(static_cast<int>(results_.size()));
     }
-    buildResultsTable();
+    if (isLoaded()) buildResultsTable();
 }
 
 void ExtendedFind::buildResultsTable() {
@@ -166,6 +173,7 @@ void ExtendedFind::buildResultsTable() {
     SSTab1.setTabEnabled(resultsPage, true);
     SSTab1.setTab(resultsPage);
     if (ListView1.count() > 0) ListView1.setSelectedRow(0);
+    ListView1.SetFocus();
 }
 
 void ExtendedFind::disableControls() {
@@ -190,28 +198,25 @@ void ExtendedFind::resetControls() {
 }
 
 void ExtendedFind::setCriteriaEnabled(bool enabled) {
-    for (Control* control :
-         std::initializer_list<Control*>{&chkSubDir, &chkCase, &cmdBegin, &lblDirFolder, &cboFilter, &rtbFind})
-        control->setEnabled(enabled);
+    setAllEnabled({&chkSubDir, &chkCase, &cmdBegin, &lblDirFolder, &cboFilter, &rtbFind}, enabled);
 }
 
 void ExtendedFind::cmdClose_Click() {
-    if (cmdClose.caption() == cancelCaption) return confirmCancel();
+    if (isRunning()) return confirmCancel();
     unload();
 }
 
 void ExtendedFind::confirmCancel() {
-    cancelVal_ = platform().dialogs.message({.text = "Are you sure you want to cancel?",
-                                             .title = "Confirm Cancel",
-                                             .icon = MessageIcon::question,
-                                             .buttons = MessageButtons::yesNo}) == Answer::yes;
+    cancelVal_ = confirms("Are you sure you want to cancel?", "Confirm Cancel");
 }
 
 void ExtendedFind::ListView1_MouseDown(const MousePress& press) {
     if (press.button == MousePress::right && ListView1.count() > 0) platform().windows.popupMenu(mnuLV1);
 }
 
+/// Nothing while another tool works on the document in front.
 void ExtendedFind::openMulti() {
+    if (!mainForm().enabled()) return;
     for (int row = 0; row < static_cast<int>(ListView1.count()); ++row) {
         if (!ListView1.isSelected(row)) continue;
         const std::string path = ListView1.cell(row, 0);

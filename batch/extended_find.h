@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -45,12 +44,13 @@ public:
 
 private:
     void Form_Load();
-    void Form_Unload();
+    void Form_QueryUnload(bool& cancel);
+    bool isRunning() const;
     void lblDirFolder_DblClick();
     void cmdBegin_Click();
     void cmdClose_Click();
     void ListView1_MouseDown(const MousePress& press);
-    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName);
+    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
 
     void setUpMenu();
     void fillFilterCombo();
@@ -65,7 +65,7 @@ private:
     void openMulti();
 
     htmlkeys keys_;
-    std::unique_ptr<DirWalker> objDirWalk_;
+    DirWalker objDirWalk_;
     std::vector<std::string> foundFiles_;   ///< full paths
     std::vector<ReportView::Row> results_;  ///< path and count of each file done in this run
     bool cancelVal_ = false;

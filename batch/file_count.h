@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "batch/file_bytes.h"
+#include "platform/file_bytes.h"
+#include "platform/step.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"
 
@@ -21,7 +22,7 @@ public:
         std::size_t count = 0;
     };
 
-    /// @param text   UTF-8; an empty one stands nowhere
+    /// @param text   UTF-8; an empty one stands nowhere. CR LF in it is any line end of the file
     /// @param goOn   asked at least every few milliseconds of a count; its false ends the count
     FileCount(std::string_view text, bool matchCase, std::function<bool()> goOn);
 
@@ -30,16 +31,18 @@ public:
     Result in(const std::string& path);
 
 private:
-    void pause() const;
-    std::size_t countIn(std::string_view text, bool* beyondAscii = nullptr) const;
-    std::size_t countTo(std::size_t end, std::string_view text, std::size_t& from, bool* beyondAscii) const;
+    struct Tally {
+        std::size_t count = 0;
+        bool longerMatch = false;  ///< some match has another length than the text looked for
+    };
+    Result countInFile(const std::string& path);
     std::optional<std::size_t> countAsUtf8(std::string_view bytes) const;
     std::optional<std::size_t> countByPieces(std::string_view bytes, Encoding encoding) const;
-    bool everyPiece(std::string_view bytes, bool (*isSo)(std::string_view)) const;
-    Result countInFile(const std::string& path);
+    Tally countIn(std::string_view text) const;
+    void countTo(std::size_t end, std::string_view text, std::size_t& from, Tally& tally) const;
 
     TextSearch search_;
-    std::function<bool()> goOn_;
+    Step pause_;  ///< ends the count by an exception when it is not to go on
     FileBytes file_;
     std::size_t textLength_;
     std::size_t longestMatch_;

@@ -7,20 +7,23 @@
 
 namespace kelvor {
 
-void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std::string& temporary,
-                 const std::function<void()>& step) {
-    auto file = readForReplacement(path);
-    step();
-    auto decoded = decode(std::move(file.bytes));
-    step();
-    const auto text = rewrite.apply(std::move(decoded.text), step);
-    const auto bytes = encode(text, decoded.encoding);
-    if (!bytes) {
-        throw Error(error_number::invalidProcedureCall,
-                    "The file's encoding lacks a character of the new text: " + path);
-    }
-    step();
-    replaceFile(file, *bytes, temporary);
+void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std::string& temporary, const Step& step) {
+    auto file = readForReplacement(path, step);
+    const auto [text, encoding] = decode(std::move(file.bytes), step);
+    std::string bytes;
+    // Room alone costs nothing, and to move what is there already would take long.
+    bytes.reserve(2 * text.size() + markOf(encoding).size());
+    bytes += markOf(encoding);
+    const auto take = [&, encoding = encoding](std::string_view lines) {
+        const auto encoded = encodePiece(lines, encoding);
+        if (!encoded) {
+            throw Error(error_number::invalidProcedureCall,
+                        "The file's encoding lacks a character of the new text: " + path);
+        }
+        bytes += *encoded;
+    };
+    rewrite.apply(text, take, step);
+    replaceFile(file, bytes, temporary, step);
 }
 
 }  // namespace kelvor

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <functional>
 #include <string>
+
+#include "platform/step.h"
 
 namespace kelvor {
 
@@ -10,8 +11,6 @@ class LineRewrite;
 /// Rewrites a file on the disk, also one in which nothing is found; it keeps its encoding. Throws Error when it
 /// failed, also when the file's encoding lacks a character of the new text; the file then stays as it was.
 /// @param temporary  as replaceFile takes it
-/// @param step       called often meanwhile
-void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std::string& temporary,
-                 const std::function<void()>& step);
+void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std::string& temporary, const Step& step);
 
 }  // namespace kelvor

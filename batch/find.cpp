@@ -39,7 +39,7 @@ Find& findForm() {
 
 Find::Find() : Form("find", "Find") {
     onLoad = [this] { Form_Load(); };
-    unloaded.connect([this] { Form_Unload(); });
+    unloaded.connect(focusDocument);
     cboFindText.changed.connect([this] { cboFindText_Change(); });
     cboFindText.gotFocus.connect([this] { selectAllOf(cboFindText); });
     cmdFind.clicked.connect([this] { cmdFind_Click(); });
@@ -54,10 +54,6 @@ void Find::Form_Load() {
     // A store that cannot be read is told, and the search works without its history.
     guarded([this] { fillFindHist(); });
     if (window.Text1.selLength() > 0) cboFindText.setText(window.Text1.selText());
-}
-
-void Find::Form_Unload() {
-    if (hasMdiChild()) activeText().SetFocus();
 }
 
 void Find::fillFindHist() {

@@ -26,7 +26,6 @@ public:
 
 private:
     void Form_Load();
-    void Form_Unload();
     void cboFindText_Change();
     void cmdFind_Click();
     void fillFindHist();

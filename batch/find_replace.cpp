@@ -4,6 +4,7 @@
 #include "batch/find.h"
 #include "core/frame.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "support/html_help.h"
 
 namespace kelvor {
@@ -34,18 +35,12 @@ FindReplace& findReplace() {
 FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
     onLoad = [this] { Form_Load(); };
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect([this] { Form_Unload(); });
+    unloaded.connect(focusDocument);
     for (EditControl* box : {&txtFindText, &txtReplace}) box->gotFocus.connect([box] { selectAllOf(*box); });
     txtFindText.changed.connect([this] { txtFindText_Change(); });
     chkWithin.clicked.connect([this] { chkWithin_Click(); });
-    cmdReplaceOne.clicked.connect([this] {
-        replaceOneMode_ = true;
-        replace();
-    });
-    cmdReplaceAll.clicked.connect([this] {
-        replaceOneMode_ = false;
-        replace();
-    });
+    cmdReplaceOne.clicked.connect([this] { cmdReplaceOne_Click(); });
+    cmdReplaceAll.clicked.connect([this] { cmdReplaceAll_Click(); });
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
 }
@@ -58,13 +53,9 @@ void FindReplace::Form_Load() {
 }
 
 void FindReplace::Form_QueryUnload(bool& cancel) {
-    if (cmdClose.caption() != cancelCaption) return;
+    if (!isRunningAllAtOnce()) return;
     cancelRequested_ = true;
     cancel = true;
-}
-
-void FindReplace::Form_Unload() {
-    if (hasMdiChild()) activeText().SetFocus();
 }
 
 /// With the box ticked the document's selection is the range, without it the text to find.
@@ -78,8 +69,22 @@ void FindReplace::txtFindText_Change() {
     foundAt_ = 0;
 }
 
+void FindReplace::cmdReplaceOne_Click() {
+    replaceOneMode_ = true;
+    replace();
+}
+
+void FindReplace::cmdReplaceAll_Click() {
+    replaceOneMode_ = false;
+    replace();
+}
+
+bool FindReplace::isRunningAllAtOnce() const {
+    return cmdClose.caption() == cancelCaption;
+}
+
 void FindReplace::cmdClose_Click() {
-    if (cmdClose.caption() == cancelCaption) {
+    if (isRunningAllAtOnce()) {
         cancelRequested_ = true;
     } else {
         unload();
@@ -107,7 +112,9 @@ FindReplace::Run FindReplace::beginRun() {
     const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
     edit.setSelLength(0);
     platform().screen.setMousePointer(MousePointer::hourglass);
-    return {edit, txtFindText.text(), txtReplace.text(), options, searchEnd};
+    // The boxes end their lines in CR LF, the document's may end in another way.
+    return {edit, withLineEnd(txtFindText.textView(), edit.lineEnd()),
+            withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
 }
 
 void FindReplace::endRun(Run& run) {
@@ -137,7 +144,8 @@ void FindReplace::replaceAsking(Run& run) {
 void FindReplace::replaceAllAtOnce(Run& run) {
     const EditControl::Batch batch(run.edit);
     while (findMatch(run)) {
-        if (cancelRequested_ && confirmsCancel()) return;
+        if (cancelRequested_) askToCancel();
+        if (cancelRequested_) return;
         replaceMatch(run);
         pumpEvents();
     }
@@ -158,12 +166,8 @@ void FindReplace::replaceMatch(Run& run) {
     ++run.count;
 }
 
-bool FindReplace::confirmsCancel() {
-    cancelRequested_ = platform().dialogs.message({.text = "Cancel find and replace?",
-                                                   .title = "Confirm cancel",
-                                                   .icon = MessageIcon::question,
-                                                   .buttons = MessageButtons::yesNo}) == Answer::yes;
-    return cancelRequested_;
+void FindReplace::askToCancel() {
+    cancelRequested_ = confirms("Cancel find and replace?", "Confirm cancel");
 }
 
 void FindReplace::disableC() {
@@ -182,12 +186,12 @@ void FindReplace::enableC() {
     cmdClose.setEnabled(true);
 }
 
-/// The controls that no run leaves to the user, the frame among them.
+/// What no run leaves to the user: these controls, the frame, and all that could reach the document from elsewhere.
 void FindReplace::setControlsEnabled(bool enabled) {
-    Control* const controls[] = {&txtFindText, &txtReplace,    &chkWord,       &chkCase,
-                                 &chkWithin,   &cmdReplaceOne, &cmdReplaceAll, &cmdHelp};
-    for (Control* control : controls) control->setEnabled(enabled);
-    mainForm().setEnabled(enabled);
+    setAllEnabled({&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne, &cmdReplaceAll, &cmdHelp},
+                  enabled);
+    for (Form* other : loadedForms())
+        if (other != this && other->kind() != Form::Kind::child) other->setEnabled(enabled);
 }
 
 void mnuEdit_FindReplace_Click() {

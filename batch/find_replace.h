@@ -41,10 +41,12 @@ private:
 
     void Form_Load();
     void Form_QueryUnload(bool& cancel);
-    void Form_Unload();
     void chkWithin_Click();
     void txtFindText_Change();
+    void cmdReplaceOne_Click();
+    void cmdReplaceAll_Click();
     void cmdClose_Click();
+    bool isRunningAllAtOnce() const;
     void replace();
     Run beginRun();
     void endRun(Run& run);
@@ -52,7 +54,7 @@ private:
     void replaceAllAtOnce(Run& run);
     bool findMatch(Run& run);
     void replaceMatch(Run& run);
-    bool confirmsCancel();
+    void askToCancel();
     void disableC();
     void enableC();
     void setControlsEnabled(bool enabled);

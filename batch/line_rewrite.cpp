@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "platform/text.h"
+#include "platform/text_encoding.h"
 
 namespace kelvor {
 
@@ -29,34 +30,15 @@ private:
     std::array<bool, 256> holds_{};
 };
 
-void appendLine(std::string& result, std::string_view line) {
-    result.append(line).append("\r\n");
+bool hasNoCarriageReturn(std::string_view text) {
+    return text.find('\r') == std::string_view::npos;
 }
 
-/// The text with CR LF, and nothing else, as its line ends.
-std::string withCarriageReturns(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + text.size() / 32);
-    for (std::size_t start = 0; start < text.size();) {
-        const auto end = std::min(text.find('\n', start), text.size());
-        auto line = text.substr(start, end - start);
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        for (auto carriage = line.find('\r'); carriage != std::string_view::npos; carriage = line.find('\r')) {
-            appendLine(result, line.substr(0, carriage));
-            line.remove_prefix(carriage + 1);
-        }
-        appendLine(result, line);
-        start = end + 1;
-    }
-    return result;
-}
-
-std::string withOneKindOfLineEnd(std::string text) {
-    if (text.empty()) return text;
-    const bool onlyLineFeeds = text.find('\r') == std::string::npos && text.find('\n') != std::string::npos;
-    if (!onlyLineFeeds) return withCarriageReturns(text);
-    if (text.back() != '\n') text += '\n';
-    return text;
+/// Where the block of whole lines ends that begins at `start`.
+std::size_t blockEnd(std::string_view text, std::size_t start) {
+    const auto lineEnd = text.find_first_of("\r\n", std::min(start + blockSize, text.size()));
+    if (lineEnd == std::string_view::npos) return text.size();
+    return lineEnd + (text.substr(lineEnd, 2) == "\r\n" ? 2 : 1);
 }
 
 }  // namespace
@@ -82,21 +64,24 @@ LineRewrite::LineRewrite(const std::vector<FindItem>& findItems, bool matchCase)
     }
 }
 
-std::string LineRewrite::apply(std::string text, const std::function<void()>& step) const {
-    const auto lines = withOneKindOfLineEnd(std::move(text));
-    std::string result;
-    result.reserve(lines.size());
-    for (std::size_t start = 0; start < lines.size();) {
-        const auto lineEnd = lines.find('\n', std::min(start + blockSize, lines.size()));
-        const auto end = lineEnd == std::string::npos ? lines.size() : lineEnd + 1;
-        appendRewritten(result, std::string_view(lines).substr(start, end - start), step);
+void LineRewrite::apply(std::string_view text, const Take& take, const Step& step) const {
+    const bool onlyLineFeeds =
+        text.find('\n') != std::string_view::npos && holdsByPieces(text, hasNoCarriageReturn, step);
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = blockEnd(text, start);
+        const auto lines = text.substr(start, end - start);
+        if (!onlyLineFeeds) {
+            rewrite(withLineEnds(lines), take, step);
+        } else if (lines.ends_with('\n')) {
+            rewrite(lines, take, step);
+        } else {
+            rewrite(std::string(lines) + '\n', take, step);
+        }
         start = end;
     }
-    return result;
 }
 
-void LineRewrite::appendRewritten(std::string& result, std::string_view lines,
-                                  const std::function<void()>& step) const {
+void LineRewrite::rewrite(std::string_view lines, const Take& take, const Step& step) const {
     ByteSet bytes;
     bytes.add(lines);
     std::string rewritten;
@@ -109,12 +94,11 @@ void LineRewrite::appendRewritten(std::string& result, std::string_view lines,
         lines = rewritten;
         bytes.add(pass.replacement);
     }
-    result += lines;
+    take(lines);
 }
 
 /// @param match  the first one
-std::string LineRewrite::replaceAll(std::string_view text, const Pass& pass, TextMatch match,
-                                    const std::function<void()>& step) {
+std::string LineRewrite::replaceAll(std::string_view text, const Pass& pass, TextMatch match, const Step& step) {
     constexpr std::size_t matchesInAStep = 1024;
     std::string result;
     result.reserve(text.size());

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/step.h"
 #include "platform/text_search.h"
 
 namespace kelvor {
@@ -30,12 +31,13 @@ public:
     /// @param findItems  applied in this order
     LineRewrite(const std::vector<FindItem>& findItems, bool matchCase);
 
-    /// The text (UTF-8) with all items applied to each line, one after the other: each sees what those before it have
-    /// made, but never what it has put in itself. CR LF, a lone CR and a lone LF end a line. All lines of the
-    /// result, the last one too, end in LF when those of the text that had an end did, otherwise in CR LF. An
-    /// item with a line end in its text is found nowhere.
-    /// @param step  called often while a long text is worked on
-    std::string apply(std::string text, const std::function<void()>& step) const;
+    using Take = std::function<void(std::string_view lines)>;
+
+    /// Gives the text (UTF-8), some lines at a time, with all items applied to each line, one after the other: each
+    /// sees what those before it have made, but never what it has put in itself. CR LF, a lone CR and a lone LF end a
+    /// line. All lines of the result, the last one too, end in LF when those of the text that had an end did,
+    /// otherwise in CR LF. An item with a line end in its text is found nowhere.
+    void apply(std::string_view text, const Take& take, const Step& step) const;
 
 private:
     struct Pass {
@@ -44,9 +46,8 @@ private:
         /// Bytes of which each is part of every match; none are known where the case does not count.
         std::string needed;
     };
-    static std::string replaceAll(std::string_view text, const Pass& pass, TextMatch match,
-                                  const std::function<void()>& step);
-    void appendRewritten(std::string& result, std::string_view lines, const std::function<void()>& step) const;
+    static std::string replaceAll(std::string_view text, const Pass& pass, TextMatch match, const Step& step);
+    void rewrite(std::string_view lines, const Take& take, const Step& step) const;
 
     std::vector<Pass> passes_;
 };

@@ -31,12 +31,6 @@ constexpr const char* caseExplanation =
     "source->target list.  While it is off, \"Table\" is also found as \"TABLE\" and as \"table\", and each of them "
     "becomes the same replacement text.";
 
-bool confirms(const std::string& text, const std::string& title) {
-    return platform().dialogs.message(
-               {.text = text, .title = title, .icon = MessageIcon::question, .buttons = MessageButtons::yesNo}) ==
-           Answer::yes;
-}
-
 bool abortForDuplicates() {
     platform().screen.beep();
     return confirms(
@@ -46,17 +40,17 @@ bool abortForDuplicates() {
         "Duplicate find items found");
 }
 
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
-}
-
 /// Writes into the log what a run that was killed may have left.
 void logAbandonedTemporaries(const std::string& temporary) {
     for (const std::string& path : abandonedTemporaries(temporary)) {
         logError({error_number::fileAlreadyExists,
                   "A multifile find and replace was interrupted. What it was writing was left in " + path});
     }
+}
+
+void tellNoFindText() {
+    beepAndShow(
+        {.text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation});
 }
 
 void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const std::string& temporary) {
@@ -95,14 +89,11 @@ Multi::Multi() : Form("multi", "Mutlifile find and replace"), Label5(*this, "Lab
     connectTargets();
     onLoad = [this] { txtFind.SetFocus(); };
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect([] {
-        if (hasMdiChild()) activeText().SetFocus();
-    });
+    unloaded.connect(focusDocument);
     cmdStart.clicked.connect([this] { cmdStart_Click(); });
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    for (Button* button : {&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart})
-        button->setEnabled(false);
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart}, false);
     Option1.select(toEntityOption);
     Command1_Click();
 }
@@ -141,21 +132,22 @@ void Multi::mfrTab_Click() {
 
 void Multi::cmdAdd_Click() {
     if (txtFind.text().empty()) {
-        beepAndShow({.text = "You must enter some text to be found.",
-                     .title = "Empty field",
-                     .icon = MessageIcon::exclamation});
-        return txtFind.SetFocus();
+        tellNoFindText();
+    } else {
+        addPair(txtFind.text(), txtReplace.text());
+        cmdClear_Click();
+        offerFilledSummary();
+        checkStartButton();
     }
-    // Removed rows that were filled in count too; a pair without its replacement would delete what it finds.
-    if (nextRow_ < 1) throw Error(error_number::subscriptOutOfRange, "The summary has no row for the replacement text");
-    lstSummary.addRow({txtFind.text()});
-    lstSummary.setCell(nextRow_ - 1, 1, txtReplace.text());
-    ++nextRow_;
-    cmdClear_Click();
-    cmdRemoveItem.setEnabled(true);
-    cmdRemoveSummary.setEnabled(true);
-    checkStartButton();
     txtFind.SetFocus();
+}
+
+void Multi::addPair(const std::string& text, const std::string& replacement) {
+    // To remove filled-in rows lowers nextRow_ too. A pair whose replacement has no row would delete what it finds.
+    if (nextRow_ < 1) throw Error(error_number::subscriptOutOfRange, "The summary has no row for the replacement text");
+    lstSummary.addRow({text});
+    lstSummary.setCell(nextRow_ - 1, 1, replacement);
+    ++nextRow_;
 }
 
 void Multi::cmdClear_Click() {
@@ -176,9 +168,13 @@ void Multi::cmdRemoveSummary_Click() {
     offerEmptySummary();
 }
 
+void Multi::offerFilledSummary() {
+    if (lstSummary.selectedRow() < 0) lstSummary.setSelectedRow(0);
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary}, true);
+}
+
 void Multi::offerEmptySummary() {
-    cmdRemoveItem.setEnabled(false);
-    cmdRemoveSummary.setEnabled(false);
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary}, false);
     cmdAddSC.setEnabled(true);
     chkCase.setEnabled(true);
     chkCase.setValue(false);
@@ -194,8 +190,7 @@ void Multi::cmdAddSC_Click() {
     chkCase.setValue(true);
     chkCase.setEnabled(false);
     cmdAddSC.setEnabled(false);
-    cmdRemoveItem.setEnabled(true);
-    cmdRemoveSummary.setEnabled(true);
+    offerFilledSummary();
 }
 
 void Multi::fillMultiSpecialChars() {
@@ -276,19 +271,21 @@ void Multi::findReplaceMulti() {
     }
 }
 
+void Multi::setSummaryEnabled(bool enabled) {
+    setAllEnabled({&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart}, enabled);
+}
+
 void Multi::disableControls() {
     platform().screen.setMousePointer(MousePointer::hourglass);
     cancelVal_ = false;
-    for (Button* button : {&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart})
-        button->setEnabled(false);
+    setSummaryEnabled(false);
     cmdClose.setDefault(true);
     cmdClose.setCaption(runningCaption);
 }
 
 void Multi::enableControls() {
     platform().screen.setMousePointer(MousePointer::standard);
-    for (Button* button : {&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart})
-        button->setEnabled(true);
+    setSummaryEnabled(true);
     ProgressBar1.setValue(0);
     cmdClose.setDefault(false);
     cmdClose.setCaption(idleCaption);
@@ -309,7 +306,7 @@ std::vector<FindItem> specialCharItems(bool toEntity) {
     std::vector<FindItem> items;
     for (std::size_t row = 0; row < prefilledRows; ++row) {
         const SpecialCharEntry& entry = specialChars[row];
-        FindItem item{entry.character, withoutTrailingBlanks(entry.entity)};
+        FindItem item{entry.character, entry.entity};
         if (!toEntity) std::swap(item.text, item.replacement);
         items.push_back(std::move(item));
     }

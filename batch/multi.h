@@ -74,7 +74,10 @@ private:
     void cmdStart_Click();
     void cmdClose_Click();
 
+    void addPair(const std::string& text, const std::string& replacement);
+    void offerFilledSummary();
     void offerEmptySummary();
+    void setSummaryEnabled(bool enabled);
     void checkTargets();
     void checkStartButton();
     bool isRunning() const;

@@ -2,17 +2,17 @@
 // row measures both in one run: "Time" is the command's, until its window is up to date, `bare_ms` the other's, `ratio`
 // the first by the second. `wait_ms` is the longest time that events had to wait while the command ran.
 
-#include <Qsci/qsciscintillabase.h>
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <algorithm>
-#include <chrono>
 #include <string>
 
 #include "authoring/convert.h"
 #include "authoring/special_chars.h"
 #include "authoring/strip_tags.h"
+#include "bench/answers.h"
+#include "bench/bare_scintilla.h"
 #include "core/edit_window.h"
 #include "core/frame.h"
 #include "platform/platform.h"
@@ -20,37 +20,15 @@
 #include "platform/qt/scintilla_edit.h"
 #include "platform/text_buffer.h"
 
-namespace kelvor {
+namespace kelvor::bench {
 namespace {
-
-using Sci = QsciScintillaBase;
-using SteadyClock = std::chrono::steady_clock;
-
-double secondsSince(SteadyClock::time_point start) {
-    return std::chrono::duration<double>(SteadyClock::now() - start).count();
-}
-
-/// Closes every message at once.
-class ClosingDialogs : public Dialogs {
-public:
-    std::string lastText;
-    Answer message(const Message& message) override {
-        lastText = message.text;
-        return Answer::ok;
-    }
-    std::string input(const InputRequest&) override { return {}; }
-    std::vector<std::string> openFiles(const FileRequest&) override { return {}; }
-    std::optional<std::string> saveFile(const FileRequest&) override { return {}; }
-    std::optional<int> color() override { return {}; }
-    std::optional<std::string> folder(const std::string&, const std::string&) override { return {}; }
-};
 
 /// Watches how long events wait.
 class WatchedScreen : public Screen {
 public:
     explicit WatchedScreen(Screen& screen) : screen_(screen) {}
     void start() {
-        last_ = SteadyClock::now();
+        last_ = Clock::now();
         longest_ = 0;
     }
     void beep() override {}
@@ -59,13 +37,13 @@ public:
     void processEvents() override {
         longest_ = std::max(longest_, secondsSince(last_));
         screen_.processEvents();
-        last_ = SteadyClock::now();
+        last_ = Clock::now();
     }
     double longestWait() const { return longest_; }
 
 private:
     Screen& screen_;
-    SteadyClock::time_point last_;
+    Clock::time_point last_;
     double longest_ = 0;
 };
 
@@ -77,7 +55,7 @@ public:
     void showModal(Form&) override {}
     void showModeless(Form&, bool) override {}
     void hide(Form&) override {}
-    void popupMenu(MenuItem&) override {}
+    void popupMenu(MenuItem&, const Control*) override {}
     std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
         return std::make_unique<TextBuffer>(form, name);
     }
@@ -111,7 +89,7 @@ public:
         platform_.windows.showModeless(form, true);
         QApplication::processEvents();
     }
-    ClosingDialogs dialogs;
+    Answers dialogs;
 
 private:
     static constexpr bool inWindows = std::is_same_v<Surface, qt::ScintillaEdit>;
@@ -133,28 +111,10 @@ private:
     std::unique_ptr<EditWindow> window_;
 };
 
-/// Scintilla with as little around it as the work allows.
-class BareScintilla : public Sci {
-public:
-    explicit BareScintilla(const std::string& text) {
-        SendScintilla(SCI_SETCODEPAGE, static_cast<long>(SC_CP_UTF8));
-        SendScintilla(SCI_SETMODEVENTMASK, 0L);
-        SendScintilla(SCI_SETSEARCHFLAGS, static_cast<long>(SCFIND_MATCHCASE));
-        send(SCI_APPENDTEXT, text);
-    }
-    /// The position of `text` from `from` on, which is the target then; -1 when there is none.
-    long find(const std::string& text, long from) {
-        SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(from), SendScintilla(SCI_GETLENGTH));
-        return send(SCI_SEARCHINTARGET, text);
-    }
-    long send(unsigned int message, const std::string& text) {
-        return SendScintilla(message, static_cast<uintptr_t>(text.size()), text.data());
-    }
-};
-
 double bareStrip(const std::string& text) {
-    BareScintilla bare(text);
-    const auto start = SteadyClock::now();
+    BareScintilla bare(Sci::SCFIND_MATCHCASE);
+    bare.append(text);
+    const auto start = Clock::now();
     bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
     for (long open = bare.find("<", 0); open >= 0; open = bare.find("<", open)) {
         const long close = bare.find(">", open);
@@ -167,8 +127,9 @@ double bareStrip(const std::string& text) {
 }
 
 double bareConvert(const std::string& text) {
-    BareScintilla bare(text);
-    const auto start = SteadyClock::now();
+    BareScintilla bare(Sci::SCFIND_MATCHCASE);
+    bare.append(text);
+    const auto start = Clock::now();
     bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
     for (const SpecialCharEntry& row : specialChars) {
         if (row.convertible != 1) continue;
@@ -186,25 +147,21 @@ double bareConvert(const std::string& text) {
 template <typename Surface, typename Command>
 void compare(benchmark::State& state, const std::string& text, double (*bare)(const std::string&), Command command,
              Form& (*dialog)() = nullptr) {
-    double ours = 0;
-    double others = 0;
+    Comparison comparison(state);
     double wait = 0;
     for (auto _ : state) {
-        others += bare(text);
+        const double others = bare(text);
         Bench<Surface> bench(text);
         if (dialog) bench.show(dialog());
         bench.screen.start();
-        const auto start = SteadyClock::now();
+        const auto start = Clock::now();
         const bool right = command(bench);
         bench.screen.processEvents();
         const double seconds = secondsSince(start);
         if (!right) state.SkipWithError("the outcome is wrong");
-        state.SetIterationTime(seconds);
-        ours += seconds;
+        comparison.add(seconds, others);
         wait = std::max(wait, bench.screen.longestWait());
     }
-    state.counters["bare_ms"] = benchmark::Counter(others * 1000, benchmark::Counter::kAvgIterations);
-    state.counters["ratio"] = ours / others;
     state.counters["wait_ms"] = wait * 1000;
 }
 
@@ -276,13 +233,4 @@ BENCHMARK(ConvertCharacters<TextBuffer>)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace kelvor
-
-int main(int argumentCount, char** arguments) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argumentCount, arguments);
-    benchmark::Initialize(&argumentCount, arguments);
-    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+}  // namespace kelvor::bench

@@ -31,11 +31,17 @@ inline const std::string newText = "SIZE=\"+1\"";
 /// Scintilla with as little around it as the work allows.
 class BareScintilla : public Sci {
 public:
-    BareScintilla() {
+    explicit BareScintilla(long searchFlags = 0) {
         SendScintilla(SCI_SETCODEPAGE, static_cast<long>(SC_CP_UTF8));
         SendScintilla(SCI_SETMODEVENTMASK, 0L);
+        SendScintilla(SCI_SETSEARCHFLAGS, searchFlags);
     }
     void append(const std::string& text) { send(SCI_APPENDTEXT, text); }
+    /// The position of `text` from `from` on, which is the target then; -1 when there is none.
+    long find(const std::string& text, long from) {
+        SendScintilla(SCI_SETTARGETRANGE, static_cast<unsigned long>(from), SendScintilla(SCI_GETLENGTH));
+        return send(SCI_SEARCHINTARGET, text);
+    }
     long send(unsigned int message, const std::string& text) {
         return SendScintilla(message, static_cast<uintptr_t>(text.size()), text.data());
     }
@@ -69,14 +75,9 @@ inline double bareReplaceAll(const std::string& text) {
     bare.append(text);
     const auto start = Clock::now();
     bare.SendScintilla(Sci::SCI_BEGINUNDOACTION);
-    long from = 0;
-    for (;;) {
-        bare.SendScintilla(Sci::SCI_SETTARGETRANGE, static_cast<unsigned long>(from),
-                           bare.SendScintilla(Sci::SCI_GETLENGTH));
-        const long found = bare.send(Sci::SCI_SEARCHINTARGET, oldText);
-        if (found < 0) break;
+    for (long found = bare.find(oldText, 0); found >= 0;) {
         bare.send(Sci::SCI_REPLACETARGET, newText);
-        from = found + static_cast<long>(newText.size());
+        found = bare.find(oldText, found + static_cast<long>(newText.size()));
     }
     bare.SendScintilla(Sci::SCI_ENDUNDOACTION);
     return secondsSince(start);

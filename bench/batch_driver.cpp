@@ -6,7 +6,9 @@
 #include <ctime>
 #include <exception>
 #include <iostream>
+#include <iterator>
 #include <map>
+#include <sstream>
 
 #include "bench/driver_task.h"
 #include "bench/headless_platform.h"
@@ -32,6 +34,11 @@ double processorSeconds() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
+std::ptrdiff_t wordCount(const std::string& text) {
+    std::istringstream words(text);
+    return std::distance(std::istream_iterator<std::string>(words), {});
+}
+
 int usage() {
     for (const auto& [name, entry] : tasks()) std::cerr << "batch_driver " << name << ' ' << entry.arguments << '\n';
     return 2;
@@ -40,22 +47,24 @@ int usage() {
 int run(const std::vector<std::string>& words) {
     const auto found = words.empty() ? tasks().end() : tasks().find(words.front());
     if (found == tasks().end()) return usage();
+    const std::vector<std::string> arguments(words.begin() + 1, words.end());
+    if (std::ssize(arguments) != wordCount(found->second.arguments)) return usage();
     const HeadlessPlatform platform;
     setErrorSink([](const Error& error) { throw Error(error); });
-    const auto done = found->second.task({words.begin() + 1, words.end()});
+    const auto done = found->second.task(arguments);
     std::cout << done.elapsed << '\t' << done.processor << '\t' << done.pause << '\t' << done.result << '\n';
     return 0;
 }
 
 }  // namespace
 
-TaskResult measured(const std::function<std::string()>& work) {
+TaskResult measured(const std::function<void()>& work) {
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
     const auto processor = processorSeconds();
     TaskResult done;
     forgetPauses();
-    done.result = work();
+    work();
     done.pause = endPause();
     done.processor = processorSeconds() - processor;
     done.elapsed = std::chrono::duration<double>(Clock::now() - start).count();

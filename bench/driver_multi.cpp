@@ -44,10 +44,7 @@ TaskResult multiTask(const std::vector<std::string>& arguments) {
     form.cmdStart.setEnabled(true);
     std::optional<Unflushed> unflushed;
     if (arguments.at(2) == "unflushed") unflushed.emplace();
-    TaskResult done = measured([&] {
-        form.cmdStart.click();
-        return std::string();
-    });
+    TaskResult done = measured([&] { form.cmdStart.click(); });
     std::uintmax_t bytes = 0;
     for (const auto& page : pages) bytes += fs::file_size(page);
     done.result = std::to_string(bytes);

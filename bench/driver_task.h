@@ -14,8 +14,8 @@ struct TaskResult {
     double pause = 0;  ///< the longest one between two rounds of waiting events
 };
 
-/// Runs `work` and measures it; `work` gives the result.
-TaskResult measured(const std::function<std::string()>& work);
+/// Runs `work` and measures it; the result is still to be set.
+TaskResult measured(const std::function<void()>& work);
 
 using Task = std::function<TaskResult(const std::vector<std::string>& arguments)>;
 
@@ -23,7 +23,8 @@ using Task = std::function<TaskResult(const std::vector<std::string>& arguments)
 /// `const RegisteredTask task("walk", "TREE PATTERN", walk);`
 class RegisteredTask {
 public:
-    /// @param arguments  what the command line has after the task's name; as many are required
+    /// @param arguments  what the command line has after the task's name, parted by blanks; with more or fewer the task
+    ///                   is not run
     RegisteredTask(const std::string& name, const std::string& arguments, Task task);
 };
 

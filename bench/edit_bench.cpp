@@ -132,12 +132,3 @@ BENCHMARK(LoadALargeFile<TextBuffer>)->Iterations(5)->UseManualTime()->Unit(benc
 
 }  // namespace
 }  // namespace kelvor::bench
-
-int main(int argumentCount, char** arguments) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argumentCount, arguments);
-    benchmark::Initialize(&argumentCount, arguments);
-    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

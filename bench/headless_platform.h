@@ -62,7 +62,7 @@ private:
     void showModal(Form& /*form*/) override {}
     void showModeless(Form& /*form*/, bool /*owned*/) override {}
     void hide(Form& /*form*/) override {}
-    void popupMenu(MenuItem& /*menu*/) override {}
+    void popupMenu(MenuItem& /*menu*/, const Control* /*below*/) override {}
     std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
 
     Platform platform_{*this, *this, *this, *this, *this, *this, *this};

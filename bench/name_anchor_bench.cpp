@@ -3,25 +3,14 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 
 #include "authoring/name_anchors.h"
 #include "authoring/named_links.h"
-#include "core/enablement.h"
-#include "core/file_open.h"
-#include "core/frame.h"
-#include "core/startup.h"
-#include "platform/paths.h"
-#include "platform/qt/qt_platform.h"
-#include "support/settings.h"
+#include "bench/program.h"
 
-namespace kelvor {
+namespace kelvor::bench {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::size_t textSize = 12'000'000;
 constexpr int anchorCount = 10'000;
@@ -41,13 +30,18 @@ const std::string& page() {
 }
 
 void ScanIntoTheShownList(benchmark::State& state) {
-    ListBox& list = namedLinks().nameAnchors;
+    program().open("page.htm", " <A NAME=x>");
+    NamedLinks& dialog = namedLinks();
+    dialog.load();
+    platform().windows.showModeless(dialog, true);
+    ListBox& list = dialog.nameAnchors;
     for (auto step : state) {
         list.clear();
         scanNameAnchors(nameAnchorStart, nameAnchorEnd, page(), list);
         QApplication::processEvents();
     }
     state.counters["rows"] = static_cast<double>(list.count());
+    dialog.unload();
 }
 BENCHMARK(ScanIntoTheShownList)->Unit(benchmark::kMillisecond);
 
@@ -78,26 +72,4 @@ void FindInAnyCase(benchmark::State& state) {
 BENCHMARK(FindInAnyCase)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace kelvor
-
-int main(int argumentCount, char** arguments) {
-    using namespace kelvor;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    benchmark::Initialize(&argumentCount, arguments);
-    const QApplication application(argumentCount, arguments);
-    const std::string directory = temporaryDirectory() + "/bench";
-    for (const char* name : {"/program/Templates", "/settings"}) fs::create_directories(directory + name);
-    const ScopedDirectories directories(directory + "/program", directory + "/settings");
-    setenv("XDG_RUNTIME_DIR", (directory + "/settings").c_str(), 1);
-    SaveSetting(kelvor::application, "User", "LCase", "False");
-    qt::QtPlatform platform;
-    startKelvor();
-    std::ofstream(directory + "/page.htm") << " <A NAME=x>";
-    fileOpen(directory + "/page.htm", false);
-    enableMenuItems();
-    namedLinks().load();
-    platform.windows().showModeless(namedLinks(), true);
-    benchmark::RunSpecifiedBenchmarks();
-    namedLinks().unload();
-    return 0;
-}
+}  // namespace kelvor::bench

@@ -3,59 +3,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <filesystem>
-#include <fstream>
+#include "bench/program.h"
 
-#include "core/enablement.h"
-#include "core/file_open.h"
-#include "core/frame.h"
-#include "core/startup.h"
-#include "platform/paths.h"
-#include "platform/qt/qt_platform.h"
-#include "support/settings.h"
-
-namespace kelvor {
+namespace kelvor::bench {
 namespace {
-
-namespace fs = std::filesystem;
-
-/// The program, started in a directory of its own.
-class Program {
-public:
-    Program() : directory_(temporaryDirectory() + "/bench") {
-        for (const char* name : {"/program/Templates", "/settings", "/many"}) fs::create_directories(directory_ + name);
-        directories_ = std::make_unique<ScopedDirectories>(directory_ + "/program", directory_ + "/settings");
-        setenv("XDG_RUNTIME_DIR", (directory_ + "/settings").c_str(), 1);
-        SaveSetting(application, "User", "LCase", "False");
-        startKelvor();
-    }
-
-    std::string write(const std::string& name, const std::string& text) const {
-        std::ofstream(directory_ + "/" + name) << text;
-        return directory_ + "/" + name;
-    }
-    std::string path(const std::string& name) const { return directory_ + "/" + name; }
-
-private:
-    std::string directory_;
-    std::unique_ptr<ScopedDirectories> directories_;
-    qt::QtPlatform platform_;
-};
-
-Program& program() {
-    static auto* running = new Program;
-    return *running;
-}
 
 /// Opens documents until there are `wanted`.
 void openDocuments(std::size_t wanted) {
-    for (std::size_t count = mainForm().TabStrip1.count(); count < wanted; ++count) {
-        const std::string name = "page" + std::to_string(count) + ".htm";
-        fileOpen(program().write(name, "<HTML>\r\n<BODY>\r\n</BODY>\r\n</HTML>\r\n"), false);
-    }
-    enableMenuItems();
-    QApplication::processEvents();
+    const Program& running = program();
+    for (std::size_t count = mainForm().TabStrip1.count(); count < wanted; ++count)
+        running.open("page" + std::to_string(count) + ".htm", "<HTML>\r\n<BODY>\r\n</BODY>\r\n</HTML>\r\n");
 }
 
 /// From the click on a tab until commands, window and focus have followed; with `paint` until the window shows it.
@@ -78,10 +35,12 @@ BENCHMARK(SwitchTabs<false>)->Arg(2)->Arg(200)->Unit(benchmark::kMillisecond);
 BENCHMARK(SwitchTabs<true>)->Arg(2)->Arg(200)->Unit(benchmark::kMillisecond);
 
 void ListDirectory(benchmark::State& state) {
-    FileList& list = mainForm().File1;
+    const std::string directory = program().path("many");
+    std::filesystem::create_directory(directory);
     for (int index = 0; index < state.range(0); ++index)
-        program().write("many/Page number " + std::to_string(index) + ".html", "");
-    list.setPath(program().path("many"));
+        std::ofstream(directory + "/Page number " + std::to_string(index) + ".html");
+    FileList& list = mainForm().File1;
+    list.setPath(directory);
     for (auto step : state) {
         list.Refresh();
         QApplication::processEvents();
@@ -91,13 +50,4 @@ void ListDirectory(benchmark::State& state) {
 BENCHMARK(ListDirectory)->Arg(2'000)->Arg(20'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace kelvor
-
-int main(int argumentCount, char** arguments) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    benchmark::Initialize(&argumentCount, arguments);
-    const QApplication application(argumentCount, arguments);
-    kelvor::program();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+}  // namespace kelvor::bench

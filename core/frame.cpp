@@ -52,12 +52,12 @@ EditWindow& MDIForm1::activeForm() const {
     return *window;
 }
 
-DisabledFrame::DisabledFrame() {
+DisabledFrame::DisabledFrame() : wasEnabled_(mainForm().enabled()) {
     mainForm().setEnabled(false);
 }
 
 DisabledFrame::~DisabledFrame() {
-    mainForm().setEnabled(true);
+    mainForm().setEnabled(wasEnabled_);
 }
 
 MDIForm1& mainForm() {

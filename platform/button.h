@@ -15,7 +15,8 @@ public:
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
 
-    /// Whether Enter presses it wherever the focus is in the form, unless that control has a use for Enter.
+    /// Whether Enter presses it wherever the focus is in the form, unless that control has a use for Enter, as it was
+    /// told while the form is open. The one that Enter presses at first stands in the layout.
     bool isDefault() const { return default_; }
     void setDefault(bool isDefault) { change(default_, isDefault, Aspect::value); }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <utility>
 
@@ -82,5 +83,9 @@ private:
     std::string toolTip_;
     Follower follower_;
 };
+
+inline void setAllEnabled(std::initializer_list<Control*> controls, bool enabled) {
+    for (Control* control : controls) control->setEnabled(enabled);
+}
 
 }  // namespace kelvor

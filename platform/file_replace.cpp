@@ -32,20 +32,22 @@ bool isUntouched(const struct stat& before, const struct stat& now) {
            isSameMoment(before.st_mtim, now.st_mtim) && isSameMoment(before.st_ctim, now.st_ctim);
 }
 
-/// Sees to it that the path still leads to the file that was read. Whether another file may take its place: it
-/// has one name, and the path is that name.
-bool isOneNamedFile(const ReplaceableFile& target) {
-    const char* path = target.path.c_str();
+/// Sees to it that the path still leads to the file that was read, and nobody has written to it.
+void checkUntouched(const ReplaceableFile& target) {
     struct stat named {};
-    if (uninterrupted([&] { return systemCalls().lstat(path, &named); }) != 0) throw fileError(errno, target.path);
-    const bool isLink = S_ISLNK(named.st_mode);
-    if (isLink && uninterrupted([&] { return systemCalls().stat(path, &named); }) != 0) {
+    if (uninterrupted([&] { return systemCalls().stat(target.path.c_str(), &named); }) != 0) {
         throw fileError(errno, target.path);
     }
     if (!isUntouched(target.opened.status, named)) {
         throw Error(error_number::pathAccess, "Another program changed the file meanwhile: " + target.path);
     }
-    return !isLink && named.st_nlink == 1;
+}
+
+/// Whether another file may take the file's place: it has one name, and the path is that name.
+bool isOnlyName(const std::string& path) {
+    struct stat named {};
+    if (uninterrupted([&] { return systemCalls().lstat(path.c_str(), &named); }) != 0) throw fileError(errno, path);
+    return !S_ISLNK(named.st_mode) && named.st_nlink == 1;
 }
 
 /// The names of a file's extended attributes, each ended by a NUL; nothing when they cannot be told.
@@ -76,16 +78,30 @@ bool copyAttributes(int from, int to) {
     return true;
 }
 
+/// Writes the bytes portion by portion, each on the disk before the next one, so that no wait is long; false, and why
+/// in errno, when it could not.
+bool writeToDisk(int descriptor, std::string_view bytes, const Step& step) {
+    constexpr std::size_t portion = std::size_t{4} << 20;
+    std::size_t written = 0;
+    do {
+        const auto next = bytes.substr(written, portion);
+        if (!writeWhole(descriptor, next, written) || !flush(descriptor)) return false;
+        written += next.size();
+        step();
+    } while (written < bytes.size());
+    return true;
+}
+
 /// Writes the bytes into a new file. Whether it also has the target's extended attributes.
-bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
+bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                    const Step& step) {
     constexpr mode_t ownerOnly = 0600;
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     OpenFile file(uninterrupted([&] { return systemCalls().open(temporary.c_str(), flags, ownerOnly); }));
-    if (file.descriptor() < 0 || !writeWhole(file.descriptor(), bytes)) {
-        throw temporaryError(errno, temporary, target.path);
-    }
+    if (file.descriptor() < 0) throw temporaryError(errno, temporary, target.path);
     const bool hasAttributes = copyAttributes(target.opened.file.descriptor(), file.descriptor());
-    if (!flush(file.descriptor()) || !file.close()) throw temporaryError(errno, temporary, target.path);
+    if (!writeToDisk(file.descriptor(), bytes, step) || !file.close())
+        throw temporaryError(errno, temporary, target.path);
     return hasAttributes;
 }
 
@@ -120,16 +136,18 @@ bool isOwnDirectory(const std::string& path) {
 
 }  // namespace
 
-ReplaceableFile readForReplacement(const std::string& path) {
+ReplaceableFile readForReplacement(const std::string& path, const Step& step) {
     auto opened = openRegularFile(path, O_RDWR);
     if (!opened) throw fileError(ENOENT, path);
-    auto bytes = readToEnd(opened->file.descriptor(), opened->status.st_size, path);
+    auto bytes = readToEnd(opened->file.descriptor(), opened->status.st_size, path, step);
     return {path, std::move(*opened), std::move(bytes)};
 }
 
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary) {
-    const bool hasAttributes = writeTemporary(target, bytes, temporary);
-    if (isOneNamedFile(target) && hasAttributes && takePlace(temporary.c_str(), target)) return;
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                 const Step& step) {
+    const bool hasAttributes = writeTemporary(target, bytes, temporary, step);
+    checkUntouched(target);
+    if (hasAttributes && isOnlyName(target.path) && takePlace(temporary.c_str(), target)) return;
     saveFileInPlace(target.path, bytes);
     // One that does not go is met by clearTemporary; the target is written all the same.
     uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });

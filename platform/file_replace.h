@@ -17,7 +17,7 @@ struct ReplaceableFile {
 
 /// Reads a regular file that may be written; links are followed. Throws Error as readFile does, 70 also when the file
 /// may not be written; a mode without any write bit binds root as well.
-ReplaceableFile readForReplacement(const std::string& path);
+ReplaceableFile readForReplacement(const std::string& path, const Step& step = noStep);
 
 /// Gives the file other bytes through a temporary one, which takes its place in one step, with its mode (less the
 /// bits that lend the owner's rights), owner and extended attributes. Where that cannot be (another disk, a
@@ -28,7 +28,9 @@ ReplaceableFile readForReplacement(const std::string& path);
 /// Throws Error when it failed, also when another program has changed the file since it was read. The file
 /// then has its old bytes, and the temporary file may be left.
 /// @param temporary  a path at which nothing stands, in a directory of this program's own
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary);
+/// @param step       called while the temporary file is written
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                 const Step& step = noStep);
 
 /// Removes what an earlier replacement has left at that path. Throws Error 58 when something stands there that is not
 /// such a file.

@@ -81,7 +81,7 @@ void Form::finishUnload() {
     if (!loaded_) return;
     if (kind_ == Kind::frame) {
         for (Form* form : std::vector(registry()))
-            if (form->kind_ == Kind::child) form->finishUnload();
+            if (form != this) form->finishUnload();
     }
     unloaded.raise();
     loaded_ = false;

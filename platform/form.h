@@ -42,7 +42,7 @@ public:
     void load();
 
     /// Asks (queryUnload) and, when nobody refuses, runs the unload procedure and takes the window away.
-    /// The frame asks all its child windows before the first one goes.
+    /// The frame asks all its child windows before the first one goes; tool forms go with it unasked.
     /// @return false when it was refused; true also when the form is not loaded
     bool unload();
 

@@ -13,9 +13,9 @@ public:
     /// @return whether the new text was taken
     bool edit(int row, const std::string& text);
 
-    /// An edit of the selected row begins; a handler sets the flag to refuse it.
-    Event<bool&> beforeLabelEdit;
-    /// An edit ends with another text; a handler sets the flag to keep the old one.
+    /// The user has edited the selected row, which still has its old text.
+    Event<> beforeLabelEdit;
+    /// The edit gave another text; a handler sets the flag to keep the old one.
     Event<const std::string&, bool&> afterLabelEdit;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/paths.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -120,7 +121,13 @@ public:
     TemporaryDirectory(const TemporaryDirectory&) = delete;
     TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
-    const std::string& path() const { return path_; }
+    /// Made anew when something has cleared it away.
+    const std::string& path() const {
+        constexpr mode_t ownerOnly = 0700;
+        if (!isDirectory(path_) && mkdir(path_.c_str(), ownerOnly) != 0)
+            throw Error(error_number::pathAccess, "The folder for temporary files cannot be made again: " + path_);
+        return path_;
+    }
 
 private:
     pid_t owner_;

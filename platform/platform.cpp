@@ -34,4 +34,10 @@ Answer beepAndShow(const Message& message) {
     return platform().dialogs.message(message);
 }
 
+bool confirms(const std::string& text, const std::string& title) {
+    return platform().dialogs.message(
+               {.text = text, .title = title, .icon = MessageIcon::question, .buttons = MessageButtons::yesNo}) ==
+           Answer::yes;
+}
+
 }  // namespace kelvor

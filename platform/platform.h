@@ -27,6 +27,9 @@ void pumpEvents();
 /// A beep and then the box, as most messages come.
 Answer beepAndShow(const Message& message);
 
+/// A question with the buttons Yes and No; whether it was Yes.
+bool confirms(const std::string& text, const std::string& title);
+
 /// The hourglass while it lives.
 class Hourglass {
 public:

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <stdexcept>
@@ -15,9 +16,15 @@ namespace {
 /// The most that is read of a file without a size, in bytes; some of the kernel's have no end.
 constexpr std::size_t unsizedLimit = std::size_t{64} << 20;
 
+/// In bytes: what a disk reads at once while a person notices nothing.
+constexpr std::size_t portion = std::size_t{4} << 20;
+
+/// Makes room for `size` bytes, and has the next portion of them ready. Memory never touched costs nothing, and to
+/// touch a gigabyte at once takes seconds.
 void grow(std::string& bytes, std::size_t size, const std::string& path) {
     try {
-        bytes.resize(size);
+        bytes.reserve(size);
+        bytes.resize(std::min(size, bytes.size() + portion));
     } catch (const std::bad_alloc&) {
         throw fileError(ENOMEM, path);
     } catch (const std::length_error&) {
@@ -57,12 +64,13 @@ std::optional<RegularFile> openRegularFile(const std::string& path, int flags) {
     return RegularFile{std::move(file), status};
 }
 
-std::string readToEnd(int descriptor, off_t size, const std::string& path) {
+std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step) {
     constexpr std::size_t leastRoom = 65536;
     std::string bytes;
     std::size_t length = 0;
     // One byte more than the size, so that the end shows in the same call.
-    grow(bytes, size > 0 ? static_cast<std::size_t>(size) + 1 : leastRoom, path);
+    auto room = size > 0 ? static_cast<std::size_t>(size) + 1 : leastRoom;
+    grow(bytes, room, path);
     for (;;) {
         const auto count = uninterrupted([&] {
             return systemCalls().pread(descriptor, bytes.data() + length, bytes.size() - length,
@@ -72,17 +80,19 @@ std::string readToEnd(int descriptor, off_t size, const std::string& path) {
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
         if (size == 0 && length > unsizedLimit) throw Error(error_number::pathAccess, "The file has no end: " + path);
-        if (length == bytes.size()) grow(bytes, 2 * length, path);
+        if (length == room) room *= 2;
+        if (length == bytes.size()) grow(bytes, room, path);
+        step();
     }
     bytes.resize(length);
     return bytes;
 }
 
-bool writeWhole(int descriptor, std::string_view bytes) {
+bool writeWhole(int descriptor, std::string_view bytes, std::size_t place) {
     for (std::size_t written = 0; written < bytes.size();) {
         const auto count = uninterrupted([&] {
             return systemCalls().pwrite(descriptor, bytes.data() + written, bytes.size() - written,
-                                        static_cast<off_t>(written));
+                                        static_cast<off_t>(place + written));
         });
         if (count == 0) errno = EIO;
         if (count <= 0) return false;

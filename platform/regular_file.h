@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/step.h"
 #include "platform/system_calls.h"
 
 namespace kelvor {
@@ -25,10 +26,10 @@ std::optional<RegularFile> openRegularFile(const std::string& path, int flags);
 
 /// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
 /// writes as they are read have no size. Throws Error.
-std::string readToEnd(int descriptor, off_t size, const std::string& path);
+std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step = noStep);
 
-/// Writes all of `bytes` from the file's begin; false, and why in errno, when it could not.
-bool writeWhole(int descriptor, std::string_view bytes);
+/// Writes all of `bytes` into the file at `place`; false, and why in errno, when it could not.
+bool writeWhole(int descriptor, std::string_view bytes, std::size_t place = 0);
 
 /// Waits until the bytes are on the disk; false, and why in errno, when it reports an error. File systems that have no
 /// such order are taken at their word.

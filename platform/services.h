@@ -8,6 +8,7 @@
 
 namespace kelvor {
 
+class Control;
 class EditControl;
 class Form;
 class MenuItem;
@@ -85,8 +86,9 @@ public:
     /// @param owned  whether it floats above the frame
     virtual void showModeless(Form& form, bool owned) = 0;
     virtual void hide(Form& form) = 0;
-    /// Opens the rows under `menu` as a popup at the pointer and returns when it closes.
-    virtual void popupMenu(MenuItem& menu) = 0;
+    /// Opens the rows under `menu` as a popup and returns when it closes.
+    /// @param below  the control of its form below which it opens; at the pointer without one
+    virtual void popupMenu(MenuItem& menu, const Control* below = nullptr) = 0;
     virtual std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) = 0;
 };
 

@@ -131,6 +131,31 @@ void sortAsText(std::vector<std::string>& texts) {
     std::transform(keyed.begin(), keyed.end(), texts.begin(), [](auto& entry) { return std::move(entry.second); });
 }
 
+std::string withLineEnd(std::string_view text, std::string_view lineEnd) {
+    std::string result;
+    result.reserve(text.size() + text.size() / 32);
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size());
+        auto line = text.substr(0, end);
+        const bool ended = end < text.size();
+        text.remove_prefix(ended ? end + 1 : end);
+        if (ended && line.ends_with('\r')) line.remove_suffix(1);
+        for (auto carriage = line.find('\r'); carriage != std::string_view::npos; carriage = line.find('\r')) {
+            result.append(line.substr(0, carriage)).append(lineEnd);
+            line.remove_prefix(carriage + 1);
+        }
+        result.append(line);
+        if (ended) result.append(lineEnd);
+    }
+    return result;
+}
+
+std::string withLineEnds(std::string_view text) {
+    auto result = withLineEnd(text, "\r\n");
+    if (!text.empty() && text.back() != '\r' && text.back() != '\n') result += "\r\n";
+    return result;
+}
+
 std::size_t characterCount(std::string_view text) {
     // A character has one byte that is no continuation (10xxxxxx); eight bytes are looked at together.
     constexpr uint64_t lowBits = 0x0101010101010101;

@@ -23,6 +23,11 @@ std::string textSortKey(std::string_view text);
 /// Sorts by that order, with one look at each text; equal ones by their bytes.
 void sortAsText(std::vector<std::string>& texts);
 
+/// The text with `lineEnd` for each of its line ends: CR LF, a lone CR, a lone LF.
+std::string withLineEnd(std::string_view text, std::string_view lineEnd);
+/// The lines of a text, whatever ends them (CR LF, a lone CR, a lone LF), each ended by CR LF, the last one too.
+std::string withLineEnds(std::string_view text);
+
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);
 

@@ -20,10 +20,11 @@ public:
     int backColor() const { return backColor_; }
     void setBackColor(int color) { change(backColor_, color, Aspect::color); }
 
-    /// The user's act: the field holds `text` and the caret stands behind it. Nothing happens while the field is
-    /// disabled or hidden.
+    /// The user's act: the field holds the first line of `text` and the caret stands behind it. Nothing happens while
+    /// the field is disabled or hidden.
     void type(const std::string& text) {
-        if (enabled() && visible()) write(text, static_cast<int>(text.size()));
+        const auto line = text.substr(0, text.find_first_of("\r\n"));
+        if (enabled() && visible()) write(line, static_cast<int>(line.size()));
     }
 
     /// The text was typed or written.

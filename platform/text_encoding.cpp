@@ -154,8 +154,8 @@ void appendUnit(std::string& bytes, UChar32 unit, bool bigEndian) {
 }
 
 std::optional<std::string> utf16FromText(std::string_view text, bool bigEndian) {
-    std::string bytes(bigEndian ? utf16BigEndianMark : utf16LittleEndianMark);
-    bytes.reserve(2 + 2 * text.size());
+    std::string bytes;
+    bytes.reserve(2 * text.size());
     for (std::size_t position = 0; position < text.size();) {
         const auto point = codePointAt(text, position);
         if (point.value >= firstStrayByte) return std::nullopt;
@@ -170,30 +170,34 @@ std::optional<std::string> utf16FromText(std::string_view text, bool bigEndian) 
     return bytes;
 }
 
-/// What `bytes` hold when their text is not the bytes themselves, mark aside.
-std::optional<DecodedText> decodeByConversion(std::string_view bytes) {
-    const auto marked = encodingOfMark(bytes);
-    if (marked == Encoding::utf16LittleEndian || marked == Encoding::utf16BigEndian) {
-        if (auto text = decodePiece(bytes.substr(markLength(marked)), marked))
-            return DecodedText{std::move(*text), marked};
+/// In bytes: about a millisecond's work.
+constexpr std::size_t pieceLength = std::size_t{1} << 20;
+
+std::optional<std::string> decodeByPieces(std::string_view bytes, Encoding encoding, const Step& step) {
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t start = 0; start < bytes.size(); step()) {
+        const auto end = pieceEnd(bytes, start, pieceLength, encoding);
+        const auto piece = decodePiece(bytes.substr(start, end - start), encoding);
+        if (!piece) return std::nullopt;
+        text += *piece;
+        start = end;
     }
-    if (!isValidUtf8(bytes)) return DecodedText{textFromWindows1252(bytes), Encoding::windows1252};
-    return std::nullopt;
+    return text;
 }
 
 }  // namespace
 
-DecodedText decode(std::string_view bytes) {
-    if (auto converted = decodeByConversion(bytes)) return std::move(*converted);
-    if (!bytes.starts_with(utf8Mark)) return {std::string(bytes), Encoding::utf8};
-    return {std::string(bytes.substr(utf8Mark.size())), Encoding::utf8WithMark};
-}
-
-DecodedText decode(std::string&& bytes) {
-    if (auto converted = decodeByConversion(bytes)) return std::move(*converted);
-    if (!bytes.starts_with(utf8Mark)) return {std::move(bytes), Encoding::utf8};
-    bytes.erase(0, utf8Mark.size());
-    return {std::move(bytes), Encoding::utf8WithMark};
+DecodedText decode(std::string bytes, const Step& step) {
+    const auto marked = encodingOfMark(bytes);
+    const auto mark = markOf(marked);
+    if (isUtf16(marked)) {
+        if (auto text = decodeByPieces(std::string_view(bytes).substr(mark.size()), marked, step))
+            return {std::move(*text), marked};
+    }
+    if (!holdsByPieces(bytes, isValidUtf8, step))
+        return {decodeByPieces(bytes, Encoding::windows1252, step).value(), Encoding::windows1252};
+    return {std::move(bytes.erase(0, mark.size())), marked};
 }
 
 Encoding encodingOfMark(std::string_view bytes) {
@@ -202,16 +206,33 @@ Encoding encodingOfMark(std::string_view bytes) {
     return bytes.starts_with(utf8Mark) ? Encoding::utf8WithMark : Encoding::utf8;
 }
 
-std::size_t markLength(Encoding encoding) {
+std::string_view markOf(Encoding encoding) {
     switch (encoding) {
         case Encoding::utf8WithMark:
-            return utf8Mark.size();
+            return utf8Mark;
         case Encoding::utf16LittleEndian:
+            return utf16LittleEndianMark;
         case Encoding::utf16BigEndian:
-            return utf16LittleEndianMark.size();
+            return utf16BigEndianMark;
         default:
-            return 0;
+            return {};
     }
+}
+
+bool isUtf16(Encoding encoding) {
+    return encoding == Encoding::utf16LittleEndian || encoding == Encoding::utf16BigEndian;
+}
+
+std::size_t pieceEnd(std::string_view bytes, std::size_t start, std::size_t length, Encoding encoding) {
+    auto end = start + std::min(length, bytes.size() - start);
+    if (end == bytes.size() || encoding == Encoding::windows1252) return end;
+    if (isUtf16(encoding)) {
+        const char high = bytes[end - (encoding == Encoding::utf16BigEndian ? 2 : 1)];
+        return (high & 0xFC) == 0xD8 ? end - 2 : end;
+    }
+    // A character has three continuation bytes at most.
+    for (int i = 0; i < 3 && isContinuationByte(bytes[end]); ++i) --end;
+    return end;
 }
 
 std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding) {
@@ -227,20 +248,32 @@ std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding
     }
 }
 
-std::optional<std::string> encode(std::string_view text, Encoding encoding) {
+std::optional<std::string> encodePiece(std::string_view text, Encoding encoding) {
     switch (encoding) {
-        case Encoding::utf8:
-            return std::string(text);
-        case Encoding::utf8WithMark:
-            return std::string(utf8Mark).append(text);
         case Encoding::utf16LittleEndian:
             return utf16FromText(text, false);
         case Encoding::utf16BigEndian:
             return utf16FromText(text, true);
         case Encoding::windows1252:
             return windows1252FromText(text);
+        default:
+            return std::string(text);
     }
-    return std::nullopt;
+}
+
+std::optional<std::string> encode(std::string_view text, Encoding encoding) {
+    auto bytes = encodePiece(text, encoding);
+    if (bytes) bytes->insert(0, markOf(encoding));
+    return bytes;
+}
+
+bool holdsByPieces(std::string_view bytes, bool (*isSo)(std::string_view), const Step& step) {
+    for (std::size_t start = 0; start < bytes.size(); step()) {
+        const auto end = pieceEnd(bytes, start, pieceLength, Encoding::utf8);
+        if (!isSo(bytes.substr(start, end - start))) return false;
+        start = end;
+    }
+    return true;
 }
 
 bool isAscii(std::string_view bytes) {

@@ -14,24 +14,25 @@ namespace kelvor {
 
 namespace {
 
-/// Rare bytes are looked for among so many of a pattern's characters; more would not find rarer ones.
-constexpr std::size_t charactersWeighed = 256;
+/// Rare bytes are looked for among so many of a pattern's units; more would not find rarer ones. Units are bytes where
+/// the case counts, otherwise characters.
+constexpr std::size_t unitsWeighed = 256;
 
 /// One byte of the pattern as a text may spell it.
 struct PatternByte {
     ByteClass bytes;
     /// Bytes of the same run stand at fixed distances in every spelling of the pattern.
     std::size_t run = 0;
-    /// The character boundary that lies behind the byte: how many bytes on, and after how many characters.
+    /// The character boundary that lies behind the byte: how many bytes on, and after how many units.
     std::size_t toBoundary = 0;
-    std::size_t charactersToBoundary = 0;
+    std::size_t unitsToBoundary = 0;
 };
 
 /// Where in the pattern the first byte of the pair lies; see PatternByte.
 struct Anchor {
     BytePair pair;
     std::size_t toBoundary = 0;
-    std::size_t charactersToBoundary = 0;
+    std::size_t unitsToBoundary = 0;
 };
 
 /// All characters that fold to `folded`, each as its bytes: "k" is also "K" and the Kelvin sign of three bytes.
@@ -51,7 +52,7 @@ std::vector<std::string> spellingsOf(UChar32 folded) {
 
 std::vector<PatternByte> exactBytes(std::string_view pattern) {
     std::vector<PatternByte> bytes;
-    for (const char byte : pattern.substr(0, charactersWeighed)) {
+    for (const char byte : pattern.substr(0, unitsWeighed)) {
         bytes.push_back({{0, static_cast<uint8_t>(byte)}, 0, 1, bytes.size() + 1});
     }
     return bytes;
@@ -60,7 +61,7 @@ std::vector<PatternByte> exactBytes(std::string_view pattern) {
 std::vector<PatternByte> foldedBytes(const std::vector<UChar32>& pattern) {
     std::vector<PatternByte> bytes;
     std::size_t run = 0;
-    for (std::size_t i = 0; i < std::min(pattern.size(), charactersWeighed); ++i) {
+    for (std::size_t i = 0; i < std::min(pattern.size(), unitsWeighed); ++i) {
         const auto spellings = spellingsOf(pattern[i]);
         const auto length = spellings.front().size();
         const bool fixed = std::all_of(spellings.begin(), spellings.end(),
@@ -104,7 +105,7 @@ Anchor rarestPair(const std::vector<PatternByte>& bytes) {
             const auto [first, last] = std::minmax(rarest, second);
             best = {{bytes[first].bytes, bytes[last].bytes, last - first},
                     bytes[first].toBoundary,
-                    bytes[first].charactersToBoundary};
+                    bytes[first].unitsToBoundary};
         }
         start = i;
     }
@@ -172,7 +173,7 @@ std::optional<TextMatch> TextSearch::Pattern::matchAt(std::string_view text, std
                                                       std::size_t place, std::size_t& effort) const {
     const auto boundary = place + anchor.toBoundary;
     if (matchCase) {
-        const auto before = anchor.charactersToBoundary;
+        const auto before = anchor.unitsToBoundary;
         if (boundary - from < before || to - boundary < exact.size() - before) return std::nullopt;
         effort += exact.size() / 8;
         if (std::memcmp(text.data() + (boundary - before), exact.data(), exact.size()) != 0) return std::nullopt;
@@ -180,14 +181,14 @@ std::optional<TextMatch> TextSearch::Pattern::matchAt(std::string_view text, std
     }
     const auto within = text.substr(0, to);
     auto end = boundary;
-    for (auto i = anchor.charactersToBoundary; i < characters.size(); ++i, ++effort) {
+    for (auto i = anchor.unitsToBoundary; i < characters.size(); ++i, ++effort) {
         if (end >= to) return std::nullopt;
         const auto point = codePointAt(within, end);
         if (foldedCodePoint(point.value) != characters[i]) return std::nullopt;
         end += point.length;
     }
     auto start = boundary;
-    for (auto i = anchor.charactersToBoundary; i > 0; --i, ++effort) {
+    for (auto i = anchor.unitsToBoundary; i > 0; --i, ++effort) {
         if (start <= from || start > to) return std::nullopt;
         const auto point = codePointBefore(within, start);
         if (foldedCodePoint(point.value) != characters[i - 1] || start - from < point.length) return std::nullopt;

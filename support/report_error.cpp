@@ -52,7 +52,9 @@ std::string errorLogPath() {
 
 void reportError(const std::string& number, const std::string& description, const std::string& title) {
     platform().screen.setMousePointer(MousePointer::standard);
+    // A run that failed leaves no window locked.
     mainForm().setEnabled(true);
+    for (Form* form : loadedForms()) form->setEnabled(true);
     beepAndShow({.text = "An application error has occurred:\r\n\r\nError number: " + number +
                          "\r\nError description: " + description,
                  .title = title,

@@ -44,9 +44,9 @@ ScratchPad::ScratchPad() : Form("frmScratchPad", "Scratch Pad") {
     unloaded.connect([this] { Form_Unload(); });
     spRTF1.changed.connect([this] { textChanged_ = true; });
     spRTF1.mouseDown.connect([this](const MousePress& press) {
-        if (press.button == MousePress::right) showMenu();
+        if (press.button == MousePress::right) showMenu(nullptr);
     });
-    cmdEdit.clicked.connect([this] { showMenu(); });
+    cmdEdit.clicked.connect([this] { showMenu(&cmdEdit); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     setUpMenu();
 }
@@ -88,16 +88,17 @@ void ScratchPad::Form_QueryUnload(bool& cancel) {
 
 void ScratchPad::Form_Unload() {
     keys_.setHookedRTB(nullptr);
-    if (hasMdiChild()) activeText().SetFocus();
+    focusDocument();
 }
 
 void ScratchPad::checkSave() {
     mnusp_save.setEnabled(spRTF1.textLength() > 0);
 }
 
-void ScratchPad::showMenu() {
+/// @param below  as popupMenu takes it
+void ScratchPad::showMenu(const Control* below) {
     checkSave();
-    platform().windows.popupMenu(mnusp);
+    platform().windows.popupMenu(mnusp, below);
 }
 
 void ScratchPad::mnusp_selAll_Click() {

@@ -40,7 +40,7 @@ private:
     void Form_Load();
     void Form_QueryUnload(bool& cancel);
     void Form_Unload();
-    void showMenu();
+    void showMenu(const Control* below);
     /// There is something to save only when the pad holds text.
     void checkSave();
     void mnusp_selAll_Click();

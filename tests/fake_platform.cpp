@@ -181,7 +181,7 @@ void FakePlatform::showModeless(Form& form, bool owned) {
 void FakePlatform::hide(Form& /*form*/) {
 }
 
-void FakePlatform::popupMenu(MenuItem& menu) {
+void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
     menu.clicked.raise();
     const auto step = next("popup", menu.name());
     if (step) step->popup(menu);

@@ -10,10 +10,6 @@ namespace kelvor::qt {
 
 namespace {
 
-QDate toQt(const Date& day) {
-    return {day.year, day.month, day.day};
-}
-
 /// A day by a pattern of the toolkit's, with the locale's names.
 std::string byPattern(const Date& day, const char* pattern) {
     return fromQt(QLocale::system().toString(toQt(day), QString::fromLatin1(pattern)));
@@ -23,9 +19,8 @@ std::string byPattern(const Date& day, const char* pattern) {
 
 DateTime QtClock::now() {
     const QDateTime moment = QDateTime::currentDateTime();
-    const QDate day = moment.date();
     const QTime time = moment.time();
-    return {{day.year(), day.month(), day.day()}, time.hour(), time.minute(), time.second()};
+    return {fromQt(moment.date()), time.hour(), time.minute(), time.second()};
 }
 
 std::string QtClock::shortDate(const Date& day) {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QColor>
+#include <QDate>
 #include <QPalette>
 #include <QString>
 #include <string>
 #include <string_view>
+
+#include "platform/dates.h"
 
 class QWidget;
 
@@ -16,6 +19,14 @@ inline QString toQt(std::string_view text) {
 
 inline std::string fromQt(const QString& text) {
     return text.toStdString();
+}
+
+inline QDate toQt(const Date& day) {
+    return {day.year, day.month, day.day};
+}
+
+inline Date fromQt(const QDate& day) {
+    return {day.year(), day.month(), day.day()};
 }
 
 /// A colour as the logic counts it: red in the lowest byte, then green, then blue.

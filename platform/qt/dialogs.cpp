@@ -5,9 +5,12 @@
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTreeView>
 #include <algorithm>
 
 #include "platform/paths.h"
@@ -86,6 +89,22 @@ void prepare(QFileDialog& dialog, const std::string& title, const std::string& d
     dialog.resize(fileDialogSize);
     const QString start = toQt(directory);
     dialog.setDirectory(QFileInfo(start).isDir() ? start : QDir::homePath());
+    if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
+
+/// The files named in the dialog's field, each in double quotes. The dialog itself takes those that its list shows for
+/// all, and loses names from other directories. None when some are not there, or the field names one without quotes.
+QStringList quotedFiles(const QFileDialog& dialog) {
+    const auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const QStringList parts = field ? field->text().split(QLatin1Char('"')) : QStringList();
+    QStringList files;
+    for (qsizetype name = 1; name < parts.size(); name += 2) files << dialog.directory().absoluteFilePath(parts[name]);
+    const bool allThere =
+        std::all_of(files.begin(), files.end(), [](const QString& file) { return QFile::exists(file); });
+    return allThere ? files : QStringList();
 }
 
 /// The chosen paths, native; none when the dialog was cancelled.
@@ -93,7 +112,9 @@ std::vector<std::string> chosen(QFileDialog& dialog) {
     const PlainPointer pointer;
     std::vector<std::string> paths;
     if (dialog.exec() != QDialog::Accepted) return paths;
-    for (const QString& path : dialog.selectedFiles()) paths.push_back(fromQt(path));
+    QStringList files = quotedFiles(dialog);
+    if (files.isEmpty()) files = dialog.selectedFiles();
+    for (const QString& path : files) paths.push_back(fromQt(path));
     return paths;
 }
 

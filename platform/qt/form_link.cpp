@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QStackedWidget>
 #include <utility>
@@ -26,6 +27,11 @@ void bringToTop(QWidget& widget) {
         }
     }
     widget.raise();
+}
+
+bool takesLine(const QObject& watched) {
+    const auto* list = qobject_cast<const QComboBox*>(&watched);
+    return qobject_cast<const QLineEdit*>(&watched) || (list && list->isEditable());
 }
 
 /// Whether the window becomes active after another form's. A message or a file dialog of its own, or another
@@ -108,6 +114,13 @@ bool FormLink::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             if (Control* control = controls_.value(watched)) control->gotFocus.raise();
             return false;
+        case QEvent::KeyPress: {
+            // A field would type the letter of an access key that the form does not have.
+            const auto& key = static_cast<QKeyEvent&>(*event);
+            if (key.modifiers() != Qt::AltModifier || key.text().isEmpty() || !takesLine(*watched)) return false;
+            event->ignore();
+            return true;
+        }
         case QEvent::Wheel:
             // A turn over a list passes it by on the way through the window; it would choose rows.
             if (!qobject_cast<QComboBox*>(watched) || static_cast<QWidget*>(watched)->hasFocus()) return false;

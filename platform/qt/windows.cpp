@@ -151,10 +151,12 @@ void QtWindows::hide(Form& form) {
     if (found->second.widget) found->second.widget->hide();
 }
 
-void QtWindows::popupMenu(MenuItem& menu) {
+void QtWindows::popupMenu(MenuItem& menu, const Control* below) {
     const QWidget* window = widgetOf(menu.form());
     auto* popup = window ? window->findChild<QMenu*>(toQt(menu.name())) : nullptr;
-    if (popup) popup->exec(QCursor::pos());
+    if (!popup) return;
+    const auto* place = below ? window->findChild<QWidget*>(toQt(below->name())) : nullptr;
+    popup->exec(place ? place->mapToGlobal(QPoint(0, place->height())) : QCursor::pos());
 }
 
 std::unique_ptr<EditControl> QtWindows::createEditControl(Form& form, const std::string& name) {

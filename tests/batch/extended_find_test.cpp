@@ -173,5 +173,18 @@ TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
     during.reset();
 }
 
+TEST_F(ExtendedFindForm, TheEndOfTheProgramEndsTheRunUnasked) {
+    for (const char* name : {"a", "b"}) files.write("site/" + std::string(name), "x");
+    enter("x");
+    form.ProgressBar1.follow([&](Aspect) {
+        if (form.ProgressBar1.value() != 1) return;
+        EXPECT_TRUE(mainForm().unload());
+    });
+    form.cmdBegin.click();
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(form.ListView1.count(), 0U);
+    form.ProgressBar1.follow({});
+}
+
 }  // namespace
 }  // namespace kelvor

@@ -65,10 +65,10 @@ TEST_F(FileCounts, CountsInTheTextAndNotInTheBytes) {
          -1},
         {"r", matched, utf16("error"), -1},
         {"r", matched, "error ", 3},
-        // An end-of-file mark inside makes all line ends CR LF, one more at the end.
-        {"\r\n", matched, "a\nb\x1A\n", 2},
+        // CR LF is any line end, and an end-of-file mark inside brings one more at the end.
+        {"a\r\nb", matched, "a\nb a\rb a\r\nb a\n\nb", 3},
         {"\r\n", matched, utf16("a\nb\x1A c"), 2},
-        {"\r\n", matched, "a\nb\n\x1A", 0},
+        {"\r\n", matched, "a\nb\n\x1A", 2},
         {"b", matched, "a\nb\x1A b", 2},
     };
     for (const auto& row : rows)

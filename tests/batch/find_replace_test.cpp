@@ -86,6 +86,16 @@ TEST_F(FindReplaceForm, AllAtOnceReplacesInItsRangeAsOneStep) {
     }
 }
 
+TEST_F(FindReplaceForm, TypedLineEndsAreTheDocuments) {
+    window.Text1.LoadFile(directory.write("page.htm", "a\nb\na\n"));
+    mnuEdit_FindReplace_Click();
+    form().txtFindText.setText("a\r\nb");
+    form().txtReplace.setText("b\r\na");
+    expectCount(1);
+    form().cmdReplaceAll.click();
+    expectOutcome("b\na\na\n");
+}
+
 TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {
     show("a\u212Abkckk", "k", "xx");
     for (const Answer answer : {Answer::no, Answer::yes, Answer::no, Answer::cancel})
@@ -108,8 +118,12 @@ TEST_F(FindReplaceForm, ClosedBetweenTwoQuestionsItEndsTheRun) {
 TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
     for (const bool goesOn : {true, false}) {
         show("xaxbx", "x", "-");
+        Form other("other", "");
+        other.load();
         const WaitingEvents events([&] {
-            EXPECT_FALSE(mainForm().enabled() || form().txtFindText.enabled() || form().cmdHelp.enabled());
+            { const DisabledFrame another; }
+            EXPECT_FALSE(mainForm().enabled() || other.enabled() || form().txtFindText.enabled() ||
+                         form().cmdHelp.enabled());
             EXPECT_EQ(platform.pointer, MousePointer::hourglass);
             goesOn ? form().cmdClose.click() : static_cast<void>(form().unload());
         });
@@ -117,6 +131,7 @@ TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
         expectCount(goesOn ? 3 : 1);
         form().cmdReplaceAll.click();
         expectOutcome(goesOn ? "-a-b-" : "-axbx");
+        EXPECT_TRUE(other.enabled());
     }
 }
 

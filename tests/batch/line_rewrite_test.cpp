@@ -11,7 +11,10 @@ using Items = std::vector<FindItem>;
 
 std::string rewritten(const std::string& text, const Items& items, bool matchCase = true) {
     std::size_t steps = 0;
-    auto result = LineRewrite(items, matchCase).apply(text, [&steps] { ++steps; });
+    std::string result;
+    LineRewrite(items, matchCase)
+        .apply(
+            text, [&result](std::string_view lines) { result += lines; }, [&steps] { ++steps; });
     // Waiting events are let run inside a long text as well.
     EXPECT_GE(steps, text.size() / 300'000);
     return result;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "batch/change_links.h"
+#include "batch/link_case.h"
 #include "platform/form.h"
 #include "platform/text_buffer.h"
 #include "tests/fake_platform.h"
@@ -41,7 +41,7 @@ TEST_F(References, ChangeCaseBetweenTheQuotesOfTheAttributeAlone) {
     for (const Row& row : rows) {
         for (const LinkCase wanted : {LinkCase::lower, LinkCase::upper}) {
             box.setText(row.before);
-            EXPECT_EQ(changeLinks(box, row.attribute, wanted), !row.refused) << row.before;
+            EXPECT_EQ(changeLinkCase(box, row.attribute, wanted), !row.refused) << row.before;
             EXPECT_EQ(box.text(), wanted == LinkCase::lower ? row.lower : row.upper);
         }
     }

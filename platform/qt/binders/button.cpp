@@ -31,10 +31,9 @@ protected:
 void bindButton(Button& button, QPushButton& widget, FormLink& link) {
     widget.setAutoDefault(false);
     widget.installEventFilter(new EnterKey(&link));
-    if (button.isDefault()) widget.setDefault(true);
     link.follow(button, widget, [&button, &widget](Aspect aspect) {
         widget.setText(toQt(button.caption()));
-        // A layout may name the default as well.
+        // At first the default is the one that the layout names.
         if (aspect == Aspect::value) widget.setDefault(button.isDefault());
     });
     QObject::connect(&widget, &QPushButton::clicked, &link, [&button] { guarded([&] { button.click(); }); });

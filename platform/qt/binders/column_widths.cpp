@@ -73,6 +73,11 @@ int ColumnWidths::toldWidth(int column) const {
     return list_.columnWidth(column) * view_.logicalDpiX() / twipsPerInch;
 }
 
+/// By the header and the contents, in pixels.
+int ColumnWidths::neededWidth(int column) const {
+    return std::max(needed_[static_cast<std::size_t>(column)], view_.header()->sectionSizeHint(column));
+}
+
 /// How wide a column may become so that together they take `space`.
 int ColumnWidths::shareOf(int space) const {
     std::vector<int> widths;
@@ -80,8 +85,7 @@ int ColumnWidths::shareOf(int space) const {
         if (toldWidth(column) > 0) {
             space -= toldWidth(column);
         } else {
-            widths.push_back(
-                std::max(needed_[static_cast<std::size_t>(column)], view_.header()->sectionSizeHint(column)));
+            widths.push_back(neededWidth(column));
         }
     }
     std::sort(widths.begin(), widths.end());
@@ -107,8 +111,8 @@ void ColumnWidths::place() {
     const int share = shareOf(view_.viewport()->width());
     for (int column = 0; column < header.count(); ++column) {
         const int told = toldWidth(column);
-        const int needed = std::max(needed_[static_cast<std::size_t>(column)], header.sectionSizeHint(column));
-        header.resizeSection(column, told > 0 ? told : std::max(std::min(needed, share), header.minimumSectionSize()));
+        const int fitting = std::max(std::min(neededWidth(column), share), header.minimumSectionSize());
+        header.resizeSection(column, told > 0 ? told : fitting);
     }
 }
 

@@ -13,17 +13,18 @@ class ReportView;
 
 namespace kelvor::qt {
 
-/// Gives the columns of a report view their widths: the one told for a column, or as much as its longest texts need.
-/// Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column. Once
-/// the user has drawn a column to another width, nothing is moved any more.
+/// Gives the columns of a report view their widths: the one told for a column, or as much as its header and its longest
+/// texts need. Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column.
+/// Once the user has drawn a column to another width, nothing is moved any more.
 class ColumnWidths : public QObject {
 public:
     ColumnWidths(const ReportView& list, QTreeView& view, QObject* parent);
 
     /// Takes rows that are new or have changed into account, soon.
     void note(const RowChange& change);
+    /// Gives the columns their widths now, unless the user has drawn one.
     void place();
-    /// The same after a width was told, which takes back what the user has drawn.
+    /// Takes back what the user has drawn and places the columns, for a width has been told.
     void placeAsTold();
 
 protected:
@@ -33,11 +34,12 @@ private:
     void placeSoon();
     void measure(int first, int last);
     int toldWidth(int column) const;
+    int neededWidth(int column) const;
     int shareOf(int space) const;
 
     const ReportView& list_;
     QTreeView& view_;
-    std::vector<int> needed_;  ///< by the contents and the header, in pixels
+    std::vector<int> needed_;  ///< by the contents, in pixels
     bool placing_ = false;
     bool pending_ = false;
     bool drawn_ = false;

@@ -3,6 +3,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QListView>
+#include <QScopedValueRollback>
 #include <memory>
 #include <utility>
 
@@ -40,20 +41,6 @@ private:
     int down_ = 0;
 };
 
-/// The selected rows, run by run.
-QItemSelection selectionOf(const FileList& files, const StringRows& rows) {
-    QItemSelection selection;
-    const std::size_t count = files.list().size();
-    for (std::size_t first = 0; first < count; ++first) {
-        if (!files.selected(first)) continue;
-        std::size_t last = first;
-        while (last + 1 < count && files.selected(last + 1)) ++last;
-        selection.select(rows.indexOf(static_cast<int>(first)), rows.indexOf(static_cast<int>(last)));
-        first = last;
-    }
-    return selection;
-}
-
 void setSelected(FileList& files, const QItemSelection& selection, bool selected) {
     for (const QItemSelectionRange& range : selection)
         for (int row = range.top(); row <= range.bottom(); ++row)
@@ -72,20 +59,23 @@ void bindFileList(FileList& files, QListView& widget, FormLink& link) {
     // While one side follows the other its own change is no news to that other.
     const auto following = std::make_shared<bool>(false);
     link.follow(files, widget, [&files, &widget, rows, following](Aspect aspect) {
-        if (std::exchange(*following, true)) return;
+        if (*following) return;
+        const QScopedValueRollback scope(*following, true);
         if (aspect == Aspect::list) {
             rows->renew();
             widget.scrollToTop();
         }
-        widget.selectionModel()->select(selectionOf(files, *rows), QItemSelectionModel::ClearAndSelect);
-        *following = false;
+        const auto isSelected = [&files](int row) { return files.selected(static_cast<std::size_t>(row)); };
+        widget.selectionModel()->select(selectedRuns(*rows, isSelected), QItemSelectionModel::ClearAndSelect);
     });
     QObject::connect(widget.selectionModel(), &QItemSelectionModel::selectionChanged, &link,
                      [&files, following](const QItemSelection& selected, const QItemSelection& deselected) {
-                         if (std::exchange(*following, true)) return;
-                         setSelected(files, deselected, false);
-                         setSelected(files, selected, true);
-                         *following = false;
+                         if (*following) return;
+                         const QScopedValueRollback scope(*following, true);
+                         guarded([&] {
+                             setSelected(files, deselected, false);
+                             setSelected(files, selected, true);
+                         });
                      });
     QObject::connect(&widget, &QListView::doubleClicked, &link, [&files](const QModelIndex& index) {
         guarded([&] { files.doubleClick(static_cast<std::size_t>(index.row())); });

@@ -1,5 +1,6 @@
 #include "platform/label.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 
@@ -31,34 +32,57 @@ void showColors(const Label& label, QLabel& widget) {
         for (const auto group : {QPalette::Active, QPalette::Inactive})
             palette.setColor(group, QPalette::WindowText, colorToQt(label.foreColor()));
     }
-    widget.setAutoFillBackground(label.backColor() >= 0);
+    // One that takes the keyboard shows it as a chosen row does.
+    const bool focused = widget.hasFocus();
+    widget.setBackgroundRole(focused ? QPalette::Highlight : QPalette::NoRole);
+    widget.setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
+    widget.setAutoFillBackground(focused || label.backColor() >= 0);
     widget.setPalette(palette);
 }
 
+/// Double clicks, and the keys that do the same on a label that takes the keyboard.
 class DoubleClicks : public QObject {
 public:
-    DoubleClicks(Label& label, FormLink& link) : QObject(&link), label_(label) {}
+    DoubleClicks(Label& label, QLabel& widget, FormLink& link) : QObject(&link), label_(label), widget_(widget) {}
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::MouseButtonDblClick) return false;
-        const bool left = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
-        // Behind the event: what is opened by it may stay open.
-        if (left && static_cast<QWidget*>(watched)->isEnabled())
-            QMetaObject::invokeMethod(
-                this, [this] { guarded([this] { label_.doubleClick(); }); }, Qt::QueuedConnection);
-        return false;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonDblClick:
+                if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) act();
+                return false;
+            case QEvent::KeyPress: {
+                const int key = static_cast<QKeyEvent*>(event)->key();
+                if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
+                act();
+                return true;
+            }
+            case QEvent::FocusIn:
+            case QEvent::FocusOut:
+                showColors(label_, widget_);
+                return false;
+            default:
+                return false;
+        }
     }
 
 private:
+    /// Behind the event: what is opened by it may stay open.
+    void act() {
+        if (!widget_.isEnabled()) return;
+        QMetaObject::invokeMethod(
+            this, [this] { guarded([this] { label_.doubleClick(); }); }, Qt::QueuedConnection);
+    }
+
     Label& label_;
+    QLabel& widget_;
 };
 
 }  // namespace
 
 void bindLabel(Label& label, QLabel& widget, FormLink& link) {
     widget.setTextFormat(Qt::PlainText);
-    widget.installEventFilter(new DoubleClicks(label, link));
+    widget.installEventFilter(new DoubleClicks(label, widget, link));
     link.follow(label, widget, [&label, &widget](Aspect) {
         widget.setText(shownText(label, widget.buddy() != nullptr));
         showColors(label, widget);

@@ -1,7 +1,6 @@
 #include "platform/list_box.h"
 
 #include <QListView>
-#include <memory>
 
 #include "platform/list_view.h"
 #include "platform/qt/binders/binders.h"
@@ -15,13 +14,7 @@ void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link
     showRows(widget, rows, link);
     widget.setUniformItemSizes(true);
     widget.setItemDelegate(new RowCells(&link));
-    // While the rows change the widget chooses for itself; the control tells its own choice after that.
-    const auto following = std::make_shared<bool>(false);
-    list.followRows([&rows, following](const RowChange& change) {
-        *following = true;
-        rows.note(change);
-        *following = false;
-    });
+    list.followRows([&rows](const RowChange& change) { rows.note(change); });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
     link.follow(list, widget, [&list, &widget, &rows](Aspect) {
         rows.catchUp();
@@ -29,9 +22,16 @@ void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link
         if (widget.currentIndex() != index) widget.setCurrentIndex(index);
     });
     QObject::connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, &link,
-                     [&list, following](const QModelIndex& index) {
-                         if (!*following) guarded([&] { list.setSelectedRow(index.row()); });
+                     [&list, &rows](const QModelIndex& index) {
+                         // After a change of the rows the control tells its own choice.
+                         if (!rows.noting()) guarded([&] { list.setSelectedRow(index.row()); });
                      });
+    // A click with Ctrl takes the mark off the row, which is the selected one all the same.
+    auto* selection = widget.selectionModel();
+    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &link, [&list, &rows, selection] {
+        if (!rows.noting() && !selection->hasSelection())
+            selection->select(rows.indexOf(list.selectedRow()), QItemSelectionModel::Select);
+    });
     QObject::connect(&widget, &QListView::doubleClicked, &link,
                      [&list](const QModelIndex& index) { guarded([&] { list.doubleClick(index.row()); }); });
 }

@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 
 #include "platform/qt/binders/binders.h"
+#include "platform/qt/convert.h"
 
 namespace kelvor::qt {
 
@@ -11,13 +12,12 @@ void bindMonthView(MonthView& view, QCalendarWidget& widget, FormLink& link) {
     widget.setFirstDayOfWeek(QLocale().firstDayOfWeek());
     const auto show = [&view, &widget] {
         const QSignalBlocker blocker(widget);
-        const Date& day = view.value();
-        widget.setSelectedDate(QDate(day.year, day.month, day.day));
+        widget.setSelectedDate(toQt(view.value()));
     };
     link.follow(view, widget, [show](Aspect) { show(); });
     QObject::connect(&widget, &QCalendarWidget::selectionChanged, &link, [&view, &widget, &link, show] {
-        const QDate day = widget.selectedDate();
-        link.perform([&view, day] { view.setValue({day.year(), day.month(), day.day()}); }, show);
+        const Date day = fromQt(widget.selectedDate());
+        link.perform([&view, day] { view.setValue(day); }, show);
     });
 }
 

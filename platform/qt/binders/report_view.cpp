@@ -53,71 +53,63 @@ private:
     static constexpr qsizetype manyRuns = 100;
 };
 
+/// Ascending, each once.
+std::vector<int> rowsOf(const QItemSelection& selection) {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
 /// Keeps the selections of a control and its widget the same. The control's is shown soon and not at once: then a
 /// program that selects row after row costs no more than one that does it in one step.
 class Selections : public QObject {
 public:
     Selections(ReportView& list, ReportRows& rows, QTreeView& view, FormLink& link)
         : QObject(&link), list_(list), rows_(rows), view_(view) {
-        const auto take = [this] {
-            if (!showing_) guarded([this] { this->take(); });
-        };
-        connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, take);
-        connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this, take);
-    }
-
-    /// Lets `change` happen to the rows; what the widget selects by it is no act of the user.
-    template <typename Change>
-    void during(Change change) {
-        const QScopedValueRollback showing(showing_, true);
-        change();
+        const QItemSelectionModel& selection = *view.selectionModel();
+        connect(&selection, &QItemSelectionModel::selectionChanged, this, &Selections::take);
+        connect(&selection, &QItemSelectionModel::currentChanged, this, &Selections::take);
+        // The view itself paints only what it is told of, and RowSelection may leave out rows.
+        connect(&selection, &QItemSelectionModel::selectionChanged, view.viewport(), qOverload<>(&QWidget::update));
     }
 
     void showSoon() {
         if (!std::exchange(pending_, true))
             QMetaObject::invokeMethod(
-                this, [this] { show(); }, Qt::QueuedConnection);
+                this,
+                [this] {
+                    if (pending_) show();
+                },
+                Qt::QueuedConnection);
     }
 
     void show() {
         pending_ = false;
-        during([this] {
-            rows_.catchUp();
-            QItemSelectionModel& selection = *view_.selectionModel();
-            selection.select(selectedRuns(), QItemSelectionModel::ClearAndSelect);
-            view_.viewport()->update();
-            const int row = list_.selectedRow();
-            if (row < 0) return selection.clearCurrentIndex();
-            const QModelIndex current = rows_.index(row, 0);
-            selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-            if (list_.isSelected(row)) view_.scrollTo(current);
-        });
+        const QScopedValueRollback showing(showing_, true);
+        rows_.catchUp();
+        QItemSelectionModel& selection = *view_.selectionModel();
+        selection.select(selectedRuns(rows_, [this](int row) { return list_.isSelected(row); }),
+                         QItemSelectionModel::ClearAndSelect);
+        const int row = list_.selectedRow();
+        if (row < 0) return selection.clearCurrentIndex();
+        const QModelIndex current = rows_.index(row, 0);
+        selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+        if (list_.isSelected(row)) view_.scrollTo(current);
     }
 
 private:
-    QItemSelection selectedRuns() const {
-        const auto& rows = list_.rows();
-        const int lastColumn = static_cast<int>(list_.columns().size()) - 1;
-        QItemSelection runs;
-        for (std::size_t first = 0; first < rows.size(); ++first) {
-            if (!rows[first].selected) continue;
-            std::size_t last = first;
-            while (last + 1 < rows.size() && rows[last + 1].selected) ++last;
-            runs.select(rows_.index(static_cast<int>(first), 0), rows_.index(static_cast<int>(last), lastColumn));
-            first = last;
-        }
-        return runs;
-    }
-
+    /// Gives the user's choice to the control. What the widget chooses by itself while it is told the control's rows
+    /// or choice is none.
     void take() {
-        view_.viewport()->update();
-        std::vector<int> selected;
-        for (const QItemSelectionRange& range : view_.selectionModel()->selection())
-            for (int row = range.top(); row <= range.bottom(); ++row) selected.push_back(row);
-        std::sort(selected.begin(), selected.end());
-        selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
-        // A row that only has the focus frame is not chosen.
-        list_.choose(selected.empty() ? -1 : view_.currentIndex().row(), selected);
+        if (showing_ || rows_.noting()) return;
+        guarded([this] {
+            const std::vector<int> selected = rowsOf(view_.selectionModel()->selection());
+            // A row that only has the focus frame is not chosen.
+            list_.choose(selected.empty() ? -1 : view_.currentIndex().row(), selected);
+        });
     }
 
     ReportView& list_;
@@ -138,8 +130,8 @@ void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
     widget.setItemDelegate(new ReportCells(&link));
     auto* selections = new Selections(list, *rows, widget, link);
     auto* widths = new ColumnWidths(list, widget, &link);
-    list.followRows([rows, selections, widths](const RowChange& change) {
-        selections->during([rows, &change] { rows->note(change); });
+    list.followRows([rows, widths](const RowChange& change) {
+        rows->note(change);
         widths->note(change);
     });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
@@ -149,8 +141,12 @@ void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
     });
     QObject::connect(&widget, &QTreeView::doubleClicked, &link,
                      [&list](const QModelIndex& index) { guarded([&] { list.doubleClick(index.row()); }); });
-    QObject::connect(widget.header(), &QHeaderView::sectionClicked, &link,
-                     [&list](int column) { guarded([&] { list.clickColumn(column); }); });
+    QObject::connect(widget.header(), &QHeaderView::sectionClicked, &link, [&list, &widget, selections](int column) {
+        guarded([&] { list.clickColumn(column); });
+        // What is sorted is looked at from its begin, wherever the selected row has gone.
+        selections->show();
+        widget.scrollToTop();
+    });
     tellRowPresses(widget, link, [&list](const MousePress& press) { list.mouseDown.raise(press); });
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <utility>
 
 #include "platform/qt/convert.h"
@@ -38,6 +39,7 @@ void FollowedRows::catchUp() {
 }
 
 void FollowedRows::note(const RowChange& change) {
+    const QScopedValueRollback noting(noting_, true);
     const int rows = change.last - change.first + 1;
     if (change.kind == RowChange::Kind::inserted && change.first == count_ + waiting_) {
         waiting_ += rows;
@@ -97,6 +99,20 @@ QSize RowCells::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& 
 void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link) {
     view.setModel(&rows);
     QObject::connect(&link, &QObject::destroyed, &view, [&view] { view.setModel(nullptr); });
+}
+
+QItemSelection selectedRuns(const QAbstractItemModel& rows, const std::function<bool(int row)>& isSelected) {
+    const int count = rows.rowCount();
+    const int lastColumn = rows.columnCount() - 1;
+    QItemSelection runs;
+    for (int first = 0; first < count; ++first) {
+        if (!isSelected(first)) continue;
+        int last = first;
+        while (last + 1 < count && isSelected(last + 1)) ++last;
+        runs.select(rows.index(first, 0), rows.index(last, lastColumn));
+        first = last;
+    }
+    return runs;
 }
 
 namespace {

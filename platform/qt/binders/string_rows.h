@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QItemSelection>
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <functional>
@@ -25,6 +26,8 @@ public:
 
     void renew();
     void note(const RowChange& change);
+    /// Whether a change is being told to the widget; what it chooses by itself then is no act of the user.
+    bool noting() const { return noting_; }
     /// Shows what has come at the end by now.
     void catchUp();
 
@@ -34,7 +37,8 @@ private:
     std::function<std::size_t()> countNow_;
     int count_;        ///< as the widget knows it; the control may be ahead
     int waiting_ = 0;  ///< rows at the end that the widget does not know of
-    QTimer pause_;     ///< runs from one insert to the next that may come
+    bool noting_ = false;
+    QTimer pause_;  ///< runs from one insert to the next that may come
 };
 
 /// Rows of one text each.
@@ -68,6 +72,9 @@ public:
 
 /// Shows `rows`, which end with the link, in `view`, which may outlive them.
 void showRows(QAbstractItemView& view, QAbstractItemModel& rows, FormLink& link);
+
+/// The selected ones of the rows, run by run over all columns.
+QItemSelection selectedRuns(const QAbstractItemModel& rows, const std::function<bool(int row)>& isSelected);
 
 /// Lets a list have the keys for its own selection and clipboard, which the Edit menu would take for the text
 /// otherwise.

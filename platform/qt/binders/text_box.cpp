@@ -13,8 +13,9 @@ void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link) {
         showField(box, widget, aspect);
         showBackColor(widget, QPalette::Base, box.backColor());
     });
-    QObject::connect(&widget, &QLineEdit::textEdited, &link,
-                     [&box](const QString& text) { guarded([&] { box.type(fromQt(text)); }); });
+    QObject::connect(&widget, &QLineEdit::textEdited, &link, [&box, &widget, &link](const QString& text) {
+        link.perform([&] { box.type(fromQt(text)); }, [&] { showField(box, widget, Aspect::text); });
+    });
     followSelection(box, widget, link);
 }
 

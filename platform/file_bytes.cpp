@@ -1,4 +1,4 @@
-#include "batch/file_bytes.h"
+#include "platform/file_bytes.h"
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -14,8 +14,8 @@ namespace kelvor {
 
 namespace {
 
-/// Bytes read at a time, few enough that the next pause is near even on a slow disk.
-constexpr std::size_t step = std::size_t{1} << 20;
+/// Bytes read at a time, few enough that the next step is near even on a slow disk.
+constexpr std::size_t portion = std::size_t{1} << 20;
 /// What is kept from one file to the next, for most pages need less and fresh memory costs more than reading them.
 /// Also what the kernel takes for a large page; to give a gigabyte of small ones back takes a tenth of a second.
 constexpr std::size_t leastCapacity = std::size_t{2} << 20;
@@ -25,21 +25,21 @@ constexpr std::size_t leastCapacity = std::size_t{2} << 20;
 /// The files of one directory mostly come in a row; it is looked up once for all of them.
 OpenFile FileBytes::open(const std::string& path) {
     const auto directoryLength = path.rfind('/') + 1;
-    if (!handle_ || path.compare(0, directoryLength, directory_) != 0) {
+    if (!directoryHandle_ || path.compare(0, directoryLength, directory_) != 0) {
         directory_ = path.substr(0, directoryLength);
-        handle_.emplace(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        directoryHandle_.emplace(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
-    if (handle_->descriptor() < 0) {
-        handle_.reset();
+    if (directoryHandle_->descriptor() < 0) {
+        directoryHandle_.reset();
         throw fileError(errno, path);
     }
     // Never waits, should a pipe stand there by now.
     constexpr int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     const char* name = path.c_str() + directoryLength;
-    return OpenFile(uninterrupted([&] { return ::openat(handle_->descriptor(), name, flags); }));
+    return OpenFile(uninterrupted([&] { return ::openat(directoryHandle_->descriptor(), name, flags); }));
 }
 
-std::string_view FileBytes::read(const std::string& path, const std::function<void()>& pause) {
+std::string_view FileBytes::read(const std::string& path, const Step& step) {
     const OpenFile file = open(path);
     const int descriptor = file.descriptor();
     struct stat status {};
@@ -47,11 +47,14 @@ std::string_view FileBytes::read(const std::string& path, const std::function<vo
     if (!S_ISREG(status.st_mode)) throw notRegularError(status.st_mode, path);
     const auto size = static_cast<std::size_t>(status.st_size);
     if (size == 0) return unsized_ = readToEnd(descriptor, 0, path);
-    if (capacity_ > leastCapacity) capacity_ = 0;
+    if (capacity_ > leastCapacity) {
+        memory_.reset();
+        capacity_ = 0;
+    }
     // One byte more than the size, so that the end shows in the same call.
     makeRoom(size + 1, 0);
     for (std::size_t length = 0;;) {
-        const auto wanted = std::min(capacity_ - length, step);
+        const auto wanted = std::min(capacity_ - length, portion);
         const auto count = uninterrupted([&] {
             return systemCalls().pread(descriptor, memory_.get() + length, wanted, static_cast<off_t>(length));
         });
@@ -60,7 +63,7 @@ std::string_view FileBytes::read(const std::string& path, const std::function<vo
         const bool endShows = static_cast<std::size_t>(count) < wanted;
         if (count == 0 || (endShows && length == size)) return {memory_.get(), length};
         if (length == capacity_) makeRoom(2 * capacity_, length);
-        pause();
+        step();
     }
 }
 

@@ -1,4 +1,4 @@
-#include "batch/change_links.h"
+#include "batch/link_case.h"
 
 #include "batch/link_references.h"
 #include "platform/platform.h"
@@ -6,7 +6,7 @@
 
 namespace kelvor {
 
-bool changeLinks(EditControl& box, const std::string& what, LinkCase caseMode) {
+bool changeLinkCase(EditControl& box, const std::string& what, LinkCase caseMode) {
     const LinkReferences references = parseLinkReferences(box, what);
     const EditControl::Batch batch(box);
     const int textLength = box.textLength();

@@ -2,12 +2,12 @@
 
 #include <cstddef>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/step.h"
 #include "platform/system_calls.h"
 
 namespace kelvor {
@@ -17,8 +17,8 @@ class FileBytes {
 public:
     /// The bytes of a file that was found to be a regular one, good until the next call. Throws what readFile throws,
     /// and std::bad_alloc.
-    /// @param pause  called every few megabytes; what it throws ends the reading
-    std::string_view read(const std::string& path, const std::function<void()>& pause);
+    /// @param step  called every few megabytes
+    std::string_view read(const std::string& path, const Step& step);
 
 private:
     OpenFile open(const std::string& path);
@@ -30,9 +30,9 @@ private:
 
     std::unique_ptr<char, Free> memory_;
     std::size_t capacity_ = 0;
-    std::string unsized_;
-    std::string directory_;           ///< of the last file, with "/" at its end
-    std::optional<OpenFile> handle_;  ///< leads to it without the way along its path
+    std::string unsized_;                      ///< the bytes of a file that names no size
+    std::string directory_;                    ///< of the last file, with "/" at its end
+    std::optional<OpenFile> directoryHandle_;  ///< leads to it without the way along its path
 };
 
 }  // namespace kelvor

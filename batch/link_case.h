@@ -12,6 +12,6 @@ enum class LinkCase { lower = 1, upper = 2 };
 /// changes the length of the text, the rest of the values stays as it is.
 /// @param what  see parseLinkReferences
 /// @return false when a reference was refused or left
-bool changeLinks(EditControl& box, const std::string& what, LinkCase caseMode);
+bool changeLinkCase(EditControl& box, const std::string& what, LinkCase caseMode);
 
 }  // namespace kelvor
