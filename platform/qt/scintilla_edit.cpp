@@ -150,9 +150,11 @@ void ScintillaEdit::replaceRange(int start, int length, std::string_view text) {
     if (!widget_ || (length == 0 && text.empty())) return;
     if (text.size() + static_cast<std::size_t>(length) > largeWrite) {
         // The undo step keeps a copy of both, the line index takes at most a word for each byte of what is new.
-        widget_->send(Sci::SCI_ALLOCATE, static_cast<unsigned long>(textLength()) + text.size());
-        // The function and not the expression: memory that is never used may be left out of that one.
-        ::operator delete(::operator new(text.size() + static_cast<std::size_t>(length) + text.size()));
+        const std::size_t whole = static_cast<std::size_t>(textLength()) + text.size();
+        // The function and not the expression: memory that is never used may be left out of that one. All of it at
+        // once and first: when Scintilla's own request fails, its text has lost count of its gap.
+        ::operator delete(::operator new(whole + text.size() + static_cast<std::size_t>(length) + text.size()));
+        widget_->send(Sci::SCI_ALLOCATE, whole);
     }
     const bool pending = textChanged_;
     widget_->send(Sci::SCI_SETTARGETRANGE, toParameter(start), start + length);

@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QWidget>
+#include <QTest>
+#include <QtWidgets>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/event.h"
 #include "platform/form.h"
+#include "platform/qt/binding.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/qt_platform.h"
 
@@ -29,12 +32,60 @@ protected:
     /// The widget of a loaded form's control.
     template <typename Widget>
     Widget& widget(const Form& form, const char* name) {
-        auto* found = platform_.windows().widgetOf(form)->findChild<Widget*>(QString::fromUtf8(name));
-        if (!found) throw Error(error_number::elementNotFound, name);
-        return *found;
+        return *platform_.windows().widgetOf(form)->findChild<Widget*>(name);
     }
 
     QtPlatform platform_;
+};
+
+/// A dialog with a column of widgets, of the names and the classes that a test gives them.
+class Binding : public QtForms {
+protected:
+    /// A control, or a group of them, that lives as long as its form.
+    template <typename Model, typename... Args>
+    Model& make(const char* name, Args&&... args) {
+        auto model = std::make_shared<Model>(form_, name, std::forward<Args>(args)...);
+        controls_.push_back(model);
+        return *model;
+    }
+    template <typename Widget>
+    Widget& add(const char* name) {
+        auto* widget = new Widget(&window_);
+        widget->setObjectName(name);
+        layout_.addWidget(widget);
+        return *widget;
+    }
+    template <typename Model, typename Widget, typename... Args>
+    std::pair<Model&, Widget&> pair(const char* name, Args&&... args) {
+        auto& model = make<Model>(name, std::forward<Args>(args)...);
+        return {model, add<Widget>(name)};
+    }
+    /// The window stands there with the keyboard afterwards.
+    void bind() {
+        EXPECT_EQ(bindForm(form_, window_), std::vector<std::string>());
+        window_.show();
+        window_.activateWindow();
+        letEventsRun();
+    }
+    ~Binding() override { unbindForm(form_, window_); }
+
+    template <typename Widget>
+    Widget& found(const char* name) {
+        return *window_.findChild<Widget*>(name);
+    }
+    /// A key as the system sends it, for the widget in focus or a shortcut.
+    void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window_.windowHandle(), key, modifiers);
+    }
+    void count(Event<>& event) {
+        event.connect([this] { ++told_; });
+    }
+
+    Form form_{"test", "A form"};
+    std::vector<std::shared_ptr<void>> controls_;
+    QDialog window_;
+    QVBoxLayout& layout_ = *new QVBoxLayout(&window_);
+    int told_ = 0;
 };
 
 }  // namespace kelvor::qt

@@ -1,5 +1,6 @@
 #include "platform/qt/browser/preview_page.h"
 
+#include <QCoreApplication>
 #include <QWebEngineClientCertificateSelection>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFileSystemAccessRequest>
@@ -16,7 +17,8 @@
 namespace kelvor::qt {
 
 PreviewPage::PreviewPage(const QUrl& document, QWidget& view)
-    : PreviewPage(new QWebEngineProfile(&view), document, view) {
+    // A profile that is the view's would go before the page, and the engine's threads use it until the page has gone.
+    : PreviewPage(new QWebEngineProfile(QCoreApplication::instance()), document, view) {
 }
 
 PreviewPage::PreviewPage(QWebEngineProfile* profile, const QUrl& document, QWidget& view)

@@ -1,0 +1,235 @@
+#include <QSignalSpy>
+
+#include "platform/directory_list.h"
+#include "platform/drive_list.h"
+#include "platform/file_list.h"
+#include "platform/report_view.h"
+#include "platform/side_bar.h"
+#include "tests/platform/scratch_directory.h"
+#include "tests/qt/form_fixture.h"
+
+namespace kelvor::qt {
+namespace {
+
+using Rows = std::vector<int>;
+
+QPoint placeOf(const QAbstractItemView& view, int row) {
+    return view.visualRect(view.model()->index(row, 0)).center();
+}
+
+void press(const QAbstractItemView& view, QPoint place, Qt::MouseButton button = Qt::LeftButton,
+           Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseClick(view.viewport(), button, modifiers, place);
+    QCoreApplication::processEvents();
+}
+
+std::string textAt(const QAbstractItemView& view, int row, int column = 0) {
+    return fromQt(view.model()->index(row, column).data().toString());
+}
+
+class Reports : public Binding {
+protected:
+    Reports() {
+        list_.setMultiSelect(true);
+        bind();
+        window_.resize(600, 400);
+        letEventsRun();
+    }
+
+    /// "page9", "page8" and so on, with the numbers of their rows.
+    void addPages(int count) {
+        std::vector<ReportView::Row> rows;
+        for (int row = 0; row < count; ++row)
+            rows.push_back({{"page" + std::to_string(count - row), std::to_string(row)}});
+        list_.addRows(rows);
+    }
+    /// The numbers of the selected rows, on which the control and the view must agree.
+    Rows selected() {
+        letEventsRun();
+        Rows rows;
+        for (int row = 0; row < static_cast<int>(list_.count()); ++row) {
+            EXPECT_EQ(view_.selectionModel()->isRowSelected(row), list_.isSelected(row)) << row;
+            if (list_.isSelected(row)) rows.push_back(row);
+        }
+        return rows;
+    }
+
+    ReportView& list_ = make<ReportView>("ListView1", std::vector<std::string>{"Filename", "Total"});
+    QTreeView& view_ = add<QTreeView>("ListView1");
+};
+
+TEST_F(Reports, RowsColumnsAndIconsFollowTheControl) {
+    list_.addRows({{{"a\r\nb", "1"}, 2}, {{"c"}}});
+    EXPECT_EQ(view_.model()->headerData(1, Qt::Horizontal).toString(), "Total");
+    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1) + textAt(view_, 1) + textAt(view_, 1, 1), "a b1c");
+    EXPECT_FALSE(view_.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_FALSE(view_.model()->index(1, 0).data(Qt::DecorationRole).isValid());
+    list_.setCell(1, 1, "7");
+    list_.removeRow(0);
+    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1), "c7");
+}
+
+TEST_F(Reports, TheChoiceGoesBothWaysAndIsScrolledToAndSorted) {
+    addPages(500);
+    letEventsRun();
+    press(view_, placeOf(view_, 3));
+    view_.setFocus();
+    pressKey(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), (Rows{2, 3}));
+    EXPECT_EQ(list_.selectedRow(), 2);
+    list_.setSelectedRow(400);
+    EXPECT_EQ(selected(), Rows{400});
+    EXPECT_TRUE(view_.viewport()->rect().contains(placeOf(view_, 400)));
+    list_.setSelected(2, true);
+    list_.removeRow(0);
+    EXPECT_EQ(selected(), (Rows{1, 399}));
+    list_.columnClicked.connect([this](int column) { list_.sortBy(column, true); });
+    QTest::mouseClick(view_.header()->viewport(), Qt::LeftButton, {}, {20, 5});
+    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 1), "page1page10");
+    EXPECT_EQ(selected().size(), 2U);
+}
+
+TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
+    addPages(3);
+    list_.setSelectedRow(1);
+    letEventsRun();
+    std::string buttons;
+    list_.mouseDown.connect([&](const MousePress& press) { buttons += press.button == MousePress::right ? 'R' : 'L'; });
+    count(list_.doubleClicked);
+    press(view_, {20, view_.viewport()->height() - 5}, Qt::RightButton);
+    EXPECT_EQ(list_.selectedRow(), 1);
+    press(view_, placeOf(view_, 1), Qt::RightButton);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&view_, &menuKey);
+    press(view_, placeOf(view_, 2));
+    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, placeOf(view_, 2));
+    EXPECT_EQ(selected(), Rows{2});
+    EXPECT_EQ(buttons, "RRRL");
+    EXPECT_EQ(told_, 1);
+}
+
+TEST_F(Reports, ColumnsHaveTheWidthToldOrShareTheRoom) {
+    const auto width = [this](int column) {
+        letEventsRun();
+        return view_.header()->sectionSize(column);
+    };
+    list_.addRow({std::string(300, 'x'), "1"});
+    const int room = view_.viewport()->width();
+    EXPECT_EQ(width(0) + width(1), room);
+    list_.clear();
+    list_.addRow({"x", "1"});
+    EXPECT_LT(width(0), room / 2);
+    list_.setColumnWidth(0, 1750);
+    EXPECT_EQ(width(0), 1750 / 15);
+    EXPECT_EQ(width(0) + width(1), room);
+}
+
+TEST_F(Reports, ManyRowsAreOneInsertAndEachCanBeSelectedInTurn) {
+    constexpr int many = 20'000;
+    const QSignalSpy inserts(view_.model(), &QAbstractItemModel::rowsInserted);
+    addPages(many);
+    const QSignalSpy changes(view_.selectionModel(), &QItemSelectionModel::selectionChanged);
+    for (int row = 0; row < many; ++row) list_.setSelected(row, true);
+    EXPECT_EQ(selected().size(), std::size_t{many});
+    EXPECT_EQ(inserts.count(), 1);
+    EXPECT_EQ(changes.count(), 1);
+}
+
+class QuickFile : public Binding {
+protected:
+    QuickFile() { window_.resize(300, 700); }
+    ScratchDirectory directory_;
+};
+
+TEST_F(QuickFile, VolumesAreReadWhenTheListOpensAndChosenBothWays) {
+    const auto [drives, box] = pair<DriveList, QComboBox>("Drive1");
+    bind();
+    EXPECT_EQ(box.count(), 0);
+    QTest::mousePress(&box, Qt::LeftButton);
+    EXPECT_EQ(box.currentIndex(), -1);
+    box.hidePopup();
+    emit box.activated(box.findText("/"));
+    EXPECT_EQ(drives.drive(), "/");
+    EXPECT_THROW(drives.setDrive("/no/such/volume"), Error);
+    EXPECT_EQ(box.currentText(), "/");
+}
+
+TEST_F(QuickFile, DirectoriesShowTheWayDownAndOpenByDoubleClickAndEnter) {
+    std::filesystem::create_directories(directory_ / "one/inner");
+    const auto [list, view] = pair<DirectoryList, QListView>("Dir1");
+    count(list.changed);
+    bind();
+    list.setPath(directory_.path());
+    const int here = list.currentRow();
+    EXPECT_EQ(view.model()->rowCount(), here + 2);
+    EXPECT_TRUE(view.currentIndex().data(Qt::FontRole).value<QFont>().bold());
+    press(view, placeOf(view, here + 1));
+    EXPECT_EQ(told_, 1);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, placeOf(view, here + 1));
+    EXPECT_EQ(list.path(), directory_ / "one");
+    EXPECT_EQ(textAt(view, here + 2), "inner");
+    QTest::keyClick(&view, Qt::Key_Up);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(list.path(), directory_.path());
+    EXPECT_EQ(told_, 3);
+}
+
+class Files : public QuickFile {
+protected:
+    Files() {
+        for (const char* name : {"a.htm", "b.htm", "c\xff.htm", "d.txt"}) directory_.write(name, "");
+        files_.setPath(directory_.path());
+        bind();
+    }
+    /// A mark for each file, on which the control and the view must agree.
+    std::string selected() const {
+        std::string marks;
+        for (int row = 0; row < view_.model()->rowCount(); ++row) {
+            const bool selected = files_.selected(static_cast<std::size_t>(row));
+            EXPECT_EQ(view_.selectionModel()->isRowSelected(row), selected) << row;
+            marks += selected ? 'x' : '-';
+        }
+        return marks;
+    }
+
+    FileList& files_ = make<FileList>("File1");
+    QListView& view_ = add<QListView>("File1");
+};
+
+TEST_F(Files, SelectionGoesBothWays) {
+    EXPECT_EQ(textAt(view_, 2), "c\xEF\xBF\xBD.htm");
+    press(view_, placeOf(view_, 0));
+    press(view_, placeOf(view_, 2), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(selected(), "x-x-");
+    QTest::keyClick(&view_, Qt::Key_A, Qt::ControlModifier);
+    files_.setSelected(1, false);
+    EXPECT_EQ(selected(), "x-xx");
+    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, placeOf(view_, 2));
+    EXPECT_EQ(selected(), "--x-") << "a double click is told with its file alone";
+}
+
+TEST_F(Files, KeysThatWentDownHereAndRightPressesAreTold) {
+    std::string told;
+    files_.keyUp.connect([&told](int key) { told += "key " + std::to_string(key) + ", "; });
+    files_.mouseDown.connect(
+        [&](const MousePress& press) { told += std::to_string(press.button) + selected() + ", "; });
+    QTest::keyRelease(&view_, Qt::Key_Return);
+    press(view_, placeOf(view_, 0), Qt::RightButton);
+    QTest::keyClick(&view_, Qt::Key_Down);
+    press(view_, placeOf(view_, 2), Qt::LeftButton, Qt::ControlModifier);
+    press(view_, placeOf(view_, 1), Qt::RightButton);
+    EXPECT_EQ(told, "2x---, key 40, 1-xx-, 2-xx-, ") << "a press on one of several leaves them selected";
+}
+
+TEST_F(Binding, ASideBarAsksToBeClosed) {
+    const auto [model, bar] = pair<SideBar, QWidget>("CoolBar2");
+    new QVBoxLayout(&bar);
+    count(model.closeClicked);
+    bind();
+    QTest::mouseClick(bar.findChild<QToolButton*>(), Qt::LeftButton);
+    EXPECT_EQ(told_, 1);
+    EXPECT_TRUE(bar.isVisible()) << "the model decides";
+}
+
+}  // namespace
+}  // namespace kelvor::qt
