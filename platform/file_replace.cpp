@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <future>
 #include <optional>
 
 #include "platform/file_error.h"
@@ -78,18 +80,24 @@ bool copyAttributes(int from, int to) {
     return true;
 }
 
-/// Writes the bytes portion by portion, each on the disk before the next one, so that no wait is long; false, and why
-/// in errno, when it could not.
+/// Flushes on a thread of its own: a busy disk can take half a second, and the user is to be heard meanwhile.
+bool flushBeside(int descriptor, const Step& step) {
+    constexpr std::chrono::milliseconds patience(10);
+    auto flushing = std::async(std::launch::async, [descriptor] { return flush(descriptor) ? 0 : errno; });
+    while (flushing.wait_for(patience) != std::future_status::ready) step();
+    errno = flushing.get();
+    return errno == 0;
+}
+
+/// Brings the bytes to the disk, portion by portion; false, and why in errno, when it could not.
 bool writeToDisk(int descriptor, std::string_view bytes, const Step& step) {
     constexpr std::size_t portion = std::size_t{4} << 20;
-    std::size_t written = 0;
-    do {
+    for (std::size_t written = 0; written < bytes.size(); step()) {
         const auto next = bytes.substr(written, portion);
-        if (!writeWhole(descriptor, next, written) || !flush(descriptor)) return false;
+        if (!writeWhole(descriptor, next, written)) return false;
         written += next.size();
-        step();
-    } while (written < bytes.size());
-    return true;
+    }
+    return flushBeside(descriptor, step);
 }
 
 /// Writes the bytes into a new file. Whether it also has the target's extended attributes.
