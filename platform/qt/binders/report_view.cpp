@@ -102,9 +102,9 @@ public:
 
 private:
     /// Gives the user's choice to the control. What the widget chooses by itself while it is told the control's rows
-    /// or choice is none.
+    /// or choice, or when it gets the focus before that, is none.
     void take() {
-        if (showing_ || rows_.noting()) return;
+        if (showing_ || pending_ || rows_.noting()) return;
         guarded([this] {
             const std::vector<int> selected = rowsOf(view_.selectionModel()->selection());
             // A row that only has the focus frame is not chosen.
