@@ -42,7 +42,7 @@ void bindTabControl(TabControl& tabs, QTabWidget& widget, FormLink& link) {
                      [&tabs, &link, show](int page) { link.perform([&tabs, page] { tabs.choose(page); }, show); });
     // Ctrl+Tab is the toolkit's own, but an edit control types with it.
     for (const auto& [key, direction] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
-        auto* shortcut = new QShortcut(Qt::CTRL | key, &widget, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        auto* shortcut = new QShortcut(Qt::CTRL | key, &widget, nullptr, nullptr, Qt::WindowShortcut);
         QObject::connect(shortcut, &QShortcut::activated, &link,
                          [&tabs, direction = direction] { guarded([&] { step(tabs, direction); }); });
     }
