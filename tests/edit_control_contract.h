@@ -266,7 +266,7 @@ TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
     const struct {
         std::string bytes;
         std::string text;
-        Encoding encoding;
+        Encoding encoding = Encoding::utf8;
         std::string lineEnd;
     } rows[] = {
         {"\xEF\xBB\xBF\xC3\xA4", "ä", Encoding::utf8WithMark, "\r\n"},
