@@ -1,8 +1,9 @@
-// The whole program offscreen: what a switch of tabs costs among many documents, and what Quick File pays for a
-// large directory. Times are those until the window has been brought up to date.
+// The whole program offscreen: what a switch of tabs costs among many documents, what Quick File pays for a large
+// directory, and Extended Find for many results. Times are those until the window has been brought up to date.
 
 #include <benchmark/benchmark.h>
 
+#include "batch/extended_find.h"
 #include "bench/program.h"
 
 namespace kelvor::bench {
@@ -48,6 +49,53 @@ void ListDirectory(benchmark::State& state) {
     state.counters["files"] = static_cast<double>(list.list().size());
 }
 BENCHMARK(ListDirectory)->Arg(2'000)->Arg(20'000)->Unit(benchmark::kMillisecond);
+
+constexpr int resultRows = 20'000;
+
+/// The list of results on the screen, with its rows.
+ReportView& fillResults() {
+    program();
+    ExtendedFind& form = extendedFind();
+    if (!form.isLoaded()) mnuEdit_eFind_Click();
+    form.SSTab1.setTabEnabled(1, true);
+    form.SSTab1.setTab(1);
+    std::vector<ReportView::Row> rows;
+    for (int row = 0; row < resultRows; ++row) {
+        const auto number = row * 7919 % resultRows;  // in no order
+        rows.push_back({{"/srv/pages/section " + std::to_string(number) + "/index.html", std::to_string(number % 97)}});
+    }
+    form.ListView1.clear();
+    form.ListView1.addRows(std::move(rows));
+    form.ListView1.setSelectedRow(0);
+    QApplication::processEvents();
+    return form.ListView1;
+}
+
+void FillResults(benchmark::State& state) {
+    for (auto step : state) fillResults();
+}
+BENCHMARK(FillResults)->Unit(benchmark::kMillisecond);
+
+void SortResults(benchmark::State& state) {
+    ReportView& results = fillResults();
+    int column = 0;
+    for (auto step : state) {
+        results.clickColumn(column = 1 - column);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(SortResults)->Unit(benchmark::kMillisecond);
+
+void ScrollResults(benchmark::State& state) {
+    ReportView& results = fillResults();
+    bool atEnd = false;
+    for (auto step : state) {
+        atEnd = !atEnd;
+        results.setSelectedRow(atEnd ? resultRows - 1 : 0);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(ScrollResults)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace kelvor::bench
