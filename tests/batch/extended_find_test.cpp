@@ -22,7 +22,7 @@ protected:
         std::filesystem::create_directories(files.path("site/sub"));
         mnuEdit_eFind_Click();
     }
-    ~ExtendedFindForm() override { form.unload(); }
+    ~ExtendedFindForm() override { extendedFind().unload(); }
 
     /// Picks the folder "site" and enters the text.
     void enter(const std::string& text) {
@@ -180,6 +180,8 @@ TEST_F(ExtendedFindForm, TheEndOfTheProgramEndsTheRunUnasked) {
         if (form.ProgressBar1.value() != 1) return;
         EXPECT_TRUE(mainForm().unload());
     });
+    // What has ended lives until its last event is over.
+    const EventScope scope;
     form.cmdBegin.click();
     EXPECT_FALSE(form.isLoaded());
     EXPECT_EQ(form.ListView1.count(), 0U);

@@ -65,7 +65,7 @@ bool saveWithFault(const Save& save, Saboteur fault) {
         const auto written = std::min(bytes.find_first_not_of('N'), bytes.size());
         EXPECT_LE(written, newBytes.size());
         EXPECT_EQ(bytes.find_first_not_of('o', written), std::string::npos);
-        const auto [least, most] = std::minmax(oldBytes.size(), newBytes.size());
+        const auto [least, most] = std::minmax({oldBytes.size(), newBytes.size()});
         EXPECT_EQ(std::clamp(bytes.size(), least, most), bytes.size());
         return true;
     }
