@@ -190,7 +190,8 @@ void CaseChange::endRun() {
     platform().screen.setMousePointer(MousePointer::standard);
 }
 
-/// Collects the files of the run; false when there are none, and the user has been told.
+/// Collects the files of the run, which cannot be cancelled meanwhile; false when there are none, and the user has been
+/// told.
 bool CaseChange::fillFileWad() {
     currentFileWad_.clear();
     if (scope_ == activeDocument) currentFileWad_.push_back(mainForm().activeForm().caption());
@@ -198,7 +199,11 @@ bool CaseChange::fillFileWad() {
     if (scope_ != directoryTree) return true;
     const std::string directory = joinPath(lblStartDir.caption(), "");
     const auto row = static_cast<std::size_t>(cboFilter.listIndex());
+    cmdClose.setEnabled(false);
     walkForEach(objDirWalk_, filters().at(row).patterns, directory, chkSubDir.value());
+    cmdClose.setEnabled(true);
+    // The end of the program ends the run too, before the first file.
+    if (!isLoaded()) return false;
     if (currentFileWad_.empty()) reportNoFiles(directory);
     return !currentFileWad_.empty();
 }
@@ -216,7 +221,6 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
             ListView1.addRow({file, attribute}, allAreChanged ? allChanged : someRefused);
         }
         pumpEvents();
-        // The end of the program ends the run too.
         if (cancelVal_ || !isLoaded()) break;
     }
 }

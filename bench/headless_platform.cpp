@@ -30,7 +30,7 @@ void forgetPauses() {
 
 Answer HeadlessPlatform::message(const Message& message) {
     std::cerr << message.title << ": " << message.text << '\n';
-    return message.buttons == MessageButtons::ok ? Answer::ok : Answer::yes;
+    return Answers::message(message);
 }
 
 std::unique_ptr<EditControl> HeadlessPlatform::createEditControl(Form& form, const std::string& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bench/answers.h"
 #include "platform/platform.h"
 
 namespace kelvor::bench {
@@ -13,7 +14,7 @@ void forgetPauses();
 
 /// Surroundings without a window or a user, in force while they live: edit controls are in memory, dialogs are
 /// answered at once (messages are shown on standard error), waiting events do not come.
-class HeadlessPlatform : private Dialogs,
+class HeadlessPlatform : private Answers,
                          private Screen,
                          private Shell,
                          private Clock,
@@ -28,13 +29,6 @@ public:
 
 private:
     Answer message(const Message& message) override;
-    std::string input(const InputRequest& /*request*/) override { return {}; }
-    std::vector<std::string> openFiles(const FileRequest& /*request*/) override { return {}; }
-    std::optional<std::string> saveFile(const FileRequest& /*request*/) override { return {}; }
-    std::optional<int> color() override { return {}; }
-    std::optional<std::string> folder(const std::string& /*title*/, const std::string& /*start*/) override {
-        return {};
-    }
 
     void beep() override {}
     void setMousePointer(MousePointer /*pointer*/) override {}

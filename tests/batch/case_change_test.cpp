@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "core/frame.h"
+#include "tests/batch/waiting_events.h"
 #include "tests/frame_fixture.h"
 
 namespace kelvor {
@@ -91,6 +92,18 @@ TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
     form().cmdApply.click();
     EXPECT_EQ(results(), (Rows{"a.html HREF=\" 1", "c.shtml HREF=\" 1", "b.asp HREF=\" 1"}));
     EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"b\"");
+
+    // While the files are gathered nobody can cancel, nor close the form.
+    {
+        form().optCase.select(1);
+        const WaitingEvents events([&] {
+            EXPECT_FALSE(form().cmdClose.enabled());
+            form().unload();  // refused
+            EXPECT_TRUE(form().isLoaded());
+        });
+        form().cmdApply.click();
+        EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"B\"");
+    }
 
     // Without files the run stays unfinished, and the form open.
     form().lblStartDir.setCaption(directory.path("settings"));
