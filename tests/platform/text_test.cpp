@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/shown_name.h"
+
 namespace kelvor {
 namespace {
 
@@ -44,6 +46,22 @@ TEST(Text, SortsNamesAsAPersonDoesAndKeepsDifferentOnesApart) {
     EXPECT_EQ(names, sorted);
     EXPECT_NE(compareText("a\xFF", "a\xFE"), 0);
     EXPECT_EQ(compareText("e\u0301", "é") < 0, compareText("é", "e\u0301") > 0);
+}
+
+TEST(Text, ShowsEachNameOnOneLineAndDifferentOnesApart) {
+    const struct {
+        std::string_view name;
+        std::string_view shown;
+    } rows[] = {
+        {"/home/Größe 日本 😀/a&b.htm", "/home/Größe 日本 😀/a&b.htm"},
+        {R"(C:\new\table.htm)", R"(C:\new\table.htm)"},
+        {"a\nb\r\n\tc", R"(a\nb\r\n\tc)"},
+        {{"\0\x1B[2J\x7F", 6}, R"(\x00\x1B[2J\x7F)"},
+        {"a\u0085b\u00A0c\u2028d", "a\\u0085b\u00A0c\\u2028d"},
+        {"photo\u202Egnp.exe \u2066x", R"(photo\u202Egnp.exe \u2066x)"},
+        {"caf\xE9.htm \xE6\x97", R"(caf\xE9.htm \xE6\x97)"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(shownName(row.name), row.shown);
 }
 
 }  // namespace
