@@ -92,7 +92,7 @@ void Form::finishUnload() {
 bool Form::unload() {
     if (!loaded_) return true;
     const EventScope scope;
-    if (!askUnload()) return false;
+    if (platform().windows.isBlocked(*this) || !askUnload()) return false;
     finishUnload();
     return true;
 }

@@ -42,7 +42,8 @@ public:
     void load();
 
     /// Asks (queryUnload) and, when nobody refuses, runs the unload procedure and takes the window away.
-    /// The frame asks all its child windows before the first one goes; tool forms go with it unasked.
+    /// The frame asks all its child windows before the first one goes; tool forms go with it unasked. A form that is
+    /// blocked (Windows::isBlocked) stays, whoever wants it to close.
     /// @return false when it was refused; true also when the form is not loaded
     bool unload();
 

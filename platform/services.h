@@ -86,6 +86,8 @@ public:
     /// @param owned  whether it floats above the frame
     virtual void showModeless(Form& form, bool owned) = 0;
     virtual void hide(Form& form) = 0;
+    /// Whether a dialog or a modal form stands above the form, whose commands may still be on their way below it.
+    virtual bool isBlocked(const Form& form) const = 0;
     /// Opens the rows under `menu` as a popup and returns when it closes.
     /// @param below  the control of its form below which it opens; at the pointer without one
     virtual void popupMenu(MenuItem& menu, const Control* below = nullptr) = 0;

@@ -16,7 +16,7 @@
 #include "platform/paths.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/file_filter.h"
-#include "platform/qt/screen.h"
+#include "platform/qt/modal.h"
 
 namespace kelvor::qt {
 
@@ -109,9 +109,8 @@ QStringList quotedFiles(const QFileDialog& dialog) {
 
 /// The chosen paths, native; none when the dialog was cancelled.
 std::vector<std::string> chosen(QFileDialog& dialog) {
-    const PlainPointer pointer;
     std::vector<std::string> paths;
-    if (dialog.exec() != QDialog::Accepted) return paths;
+    if (showUntilAnswered(dialog) != QDialog::Accepted) return paths;
     QStringList files = quotedFiles(dialog);
     if (files.isEmpty()) files = dialog.selectedFiles();
     for (const QString& path : files) paths.push_back(fromQt(path));
@@ -139,7 +138,7 @@ void makeRoomForTitle(QMessageBox& box) {
 }  // namespace
 
 Answer QtDialogs::message(const Message& message) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box;
     box.setIcon(iconOf(message.icon));
     box.setWindowTitle(windowTitle(message.title));
     box.setTextFormat(Qt::PlainText);
@@ -149,15 +148,14 @@ Answer QtDialogs::message(const Message& message) {
     const QMessageBox::StandardButton standard = buttonOf(message.standard);
     box.setDefaultButton(box.standardButtons().testFlag(standard) ? standard : QMessageBox::Yes);
     makeRoomForTitle(box);
-    const PlainPointer pointer;
-    const int pressed = box.exec();
+    const int pressed = showUntilAnswered(box);
     const auto row = std::find_if(std::begin(answers), std::end(answers),
                                   [&](const auto& answer) { return answer.second == pressed; });
     return row == std::end(answers) ? Answer::cancel : row->first;
 }
 
 std::string QtDialogs::input(const InputRequest& request) {
-    QInputDialog dialog(QApplication::activeWindow());
+    QInputDialog dialog;
     dialog.setWindowTitle(windowTitle(request.title));
     dialog.setLabelText(plainLines(request.prompt));
     dialog.setTextValue(toQt(request.standard));
@@ -167,19 +165,18 @@ std::string QtDialogs::input(const InputRequest& request) {
         label->setMinimumWidth(std::min(label->sizeHint().width(), widestPrompt));
     }
     dialog.resize(widestPrompt, dialog.sizeHint().height());
-    const PlainPointer pointer;
-    return dialog.exec() == QDialog::Accepted ? fromQt(dialog.textValue()) : std::string();
+    return showUntilAnswered(dialog) == QDialog::Accepted ? fromQt(dialog.textValue()) : std::string();
 }
 
 std::vector<std::string> QtDialogs::openFiles(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog;
     prepareForFiles(dialog, request);
     dialog.setFileMode(request.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     return chosen(dialog);
 }
 
 std::optional<std::string> QtDialogs::saveFile(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog;
     prepareForFiles(dialog, request);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -191,16 +188,15 @@ std::optional<std::string> QtDialogs::saveFile(const FileRequest& request) {
 }
 
 std::optional<int> QtDialogs::color() {
-    QColorDialog dialog(QApplication::activeWindow());
+    QColorDialog dialog;
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     dialog.setWindowTitle(QStringLiteral("Color"));
-    const PlainPointer pointer;
-    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    if (showUntilAnswered(dialog) != QDialog::Accepted) return std::nullopt;
     return fromQt(dialog.currentColor());
 }
 
 std::optional<std::string> QtDialogs::folder(const std::string& title, const std::string& start) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog;
     prepare(dialog, title, start);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

@@ -9,7 +9,7 @@
 
 #include "platform/paths.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/windows.h"
+#include "platform/qt/modal.h"
 
 namespace kelvor::qt {
 

@@ -7,7 +7,6 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QScreen>
-#include <QWindow>
 #include <algorithm>
 
 #include "core/frame.h"
@@ -16,6 +15,7 @@
 #include "platform/qt/binding.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/layouts.h"
+#include "platform/qt/modal.h"
 #include "platform/qt/scintilla_edit.h"
 
 namespace kelvor::qt {
@@ -34,18 +34,6 @@ std::string joined(const std::vector<std::string>& lines) {
 }
 
 }  // namespace
-
-void floatAboveModal(QWidget& window) {
-    QWidget* above = QApplication::activeModalWidget();
-    if (!above || above == &window) {
-        above = window.parentWidget();
-    } else {
-        window.winId();
-    }
-    // Without a window of the system's yet, it is put above its parent when it gets one.
-    if (!window.windowHandle()) return;
-    window.windowHandle()->setTransientParent(above ? above->window()->windowHandle() : nullptr);
-}
 
 QtWindows::~QtWindows() = default;
 
@@ -81,7 +69,7 @@ void QtWindows::create(Form& form) {
         throw Error(error_number::elementNotFound, joined(problems));
     }
     if (auto* main = qobject_cast<QMainWindow*>(window.get())) setUpFrame(form, *main);
-    windows_[&form].widget = window.release();
+    windows_[&form] = {.widget = window.release(), .above = QApplication::activeModalWidget()};
 }
 
 void QtWindows::setUpFrame(Form& form, QMainWindow& window) {
@@ -135,6 +123,7 @@ void QtWindows::showModal(Form& form) {
 void QtWindows::showModeless(Form& form, bool owned) {
     QWidget* widget = widgetOf(form);
     if (!widget) return;
+    windows_[&form].above = QApplication::activeModalWidget();
     QWidget* above = owned && form.kind() == Form::Kind::tool ? frameWidget() : nullptr;
     if (widget->parentWidget() != above) widget->setParent(above, widget->windowFlags());
     widget->setWindowModality(Qt::NonModal);
@@ -149,6 +138,13 @@ void QtWindows::hide(Form& form) {
     if (found == windows_.end()) return;
     endModal(found->second);
     if (found->second.widget) found->second.widget->hide();
+}
+
+bool QtWindows::isBlocked(const Form& form) const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    const auto found = windows_.find(&form);
+    if (!modal || found == windows_.end()) return false;
+    return modal != found->second.widget && modal != found->second.above;
 }
 
 void QtWindows::popupMenu(MenuItem& menu, const Control* below) {

@@ -13,10 +13,6 @@ class QWidget;
 
 namespace kelvor::qt {
 
-/// Lets `window` float above the modal window that has the input, which would block it otherwise; without one, above
-/// its parent or above none.
-void floatAboveModal(QWidget& window);
-
 class QtWindows : public Windows {
 public:
     QtWindows() = default;
@@ -33,6 +29,8 @@ public:
     void showModal(Form& form) override;
     void showModeless(Form& form, bool owned) override;
     void hide(Form& form) override;
+    /// Any modal window counts, of the forms' and of the library's; only one that the form was opened above does not.
+    bool isBlocked(const Form& form) const override;
     void popupMenu(MenuItem& menu, const Control* below) override;
     std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
 
@@ -42,6 +40,7 @@ public:
 private:
     struct Window {
         QPointer<QWidget> widget;
+        QPointer<QWidget> above;  ///< the modal window that had the input when this one was opened
         QEventLoop* modalLoop = nullptr;
     };
 

@@ -158,6 +158,39 @@ TEST_F(Frame, AToolFormEndsByItsOwnActsAndByEscape) {
     EXPECT_FALSE(form_.isLoaded());
 }
 
+TEST_F(Frame, NothingBelowADialogOrAModalFormCloses) {
+    EditWindow& child = open("/one");
+    const auto staysOpen = [&] { EXPECT_FALSE(form_.unload() || child.unload() || frame_.unload()); };
+    Dialogs& dialogs = platform().dialogs;
+    const std::function<void()> shown[] = {[&] { dialogs.message({.text = "?", .buttons = MessageButtons::yesNo}); },
+                                           [&] { dialogs.input({}); },
+                                           [&] { dialogs.openFiles({}); },
+                                           [&] { dialogs.saveFile({}); },
+                                           [&] { dialogs.folder("", ""); },
+                                           [&] { dialogs.color(); }};
+    form_.load();
+    windows().showModeless(form_, true);
+    for (const auto& show : shown) {
+        windows().widgetOf(form_)->activateWindow();
+        letEventsRun();
+        QTimer::singleShot(0, [&] {
+            staysOpen();
+            letEventsRun();
+            QApplication::activeModalWidget()->close();
+        });
+        show();
+    }
+    EXPECT_TRUE(form_.unload());
+    whileModal([&] {
+        TemplateHolder above;
+        above.load();
+        EXPECT_FALSE(child.unload() || frame_.unload());
+        EXPECT_TRUE(above.unload()) << "opened above the modal form";
+        EXPECT_TRUE(form_.unload());
+    });
+    EXPECT_TRUE(child.isLoaded());
+}
+
 TEST_F(Frame, HelpFloatsAboveAModalFormAndOutlivesIt) {
     const auto transientParent = [this] { return platform_.help().window()->windowHandle()->transientParent(); };
     whileModal([&] {
