@@ -1,10 +1,12 @@
 #include "platform/qt/form_link.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QShortcutEvent>
 #include <QStackedWidget>
 #include <utility>
 
@@ -32,6 +34,16 @@ void bringToTop(QWidget& widget) {
 bool takesLine(const QObject& watched) {
     const auto* list = qobject_cast<const QComboBox*>(&watched);
     return qobject_cast<const QLineEdit*>(&watched) || (list && list->isEditable());
+}
+
+/// Presses the button of an access key now. The toolkit would do so a tenth of a second later, when keys that were
+/// pressed after it have had their effect.
+bool press(QObject& watched, const QShortcutEvent& event) {
+    auto* button = qobject_cast<QAbstractButton*>(&watched);
+    if (!button || event.isAmbiguous()) return false;
+    if (button->isCheckable()) button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+    return true;
 }
 
 /// Whether the window becomes active after another form's. A message or a file dialog of its own, or another
@@ -114,6 +126,8 @@ bool FormLink::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             if (Control* control = controls_.value(watched)) control->gotFocus.raise();
             return false;
+        case QEvent::Shortcut:
+            return press(*watched, static_cast<QShortcutEvent&>(*event));
         case QEvent::KeyPress: {
             // A field would type the letter of an access key that the form does not have.
             const auto& key = static_cast<QKeyEvent&>(*event);

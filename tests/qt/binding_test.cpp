@@ -293,6 +293,10 @@ TEST_F(ToolForms, EnterPressesTheDefaultUnlessTheFocusHasAUseForIt) {
     }
     EXPECT_EQ(clicks_, "IC");
     EXPECT_EQ(edit_.text(), "\r\n");
+    focus("cmdClose");
+    pressKey(Qt::Key_I, Qt::AltModifier);
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(clicks_, "ICIC") << "keys act in the order in which they were pressed";
 }
 
 TEST_F(ToolForms, TabLeavesAnEditControlAndWithCtrlTypes) {
