@@ -46,6 +46,18 @@ void handle(int signal, void (*handler)(int)) {
     sigaction(signal, &action, nullptr);
 }
 
+/// The toolkit ends the process by itself when the display has gone, in the midst of its own work. Nothing of the
+/// program can be taken down in order then: this, which goes before all statics, ends the process on the spot.
+class DisplayLoss {
+public:
+    ~DisplayLoss() {
+        if (applicationLives) std::_Exit(EXIT_FAILURE);
+    }
+    bool applicationLives = false;
+};
+
+thread_local DisplayLoss displayLoss;
+
 void endOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
     if (type < QtWarningMsg) return;
     std::fprintf(stderr, "Kelvor: %s\n", qPrintable(message));
@@ -57,6 +69,7 @@ void endOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QSt
 }  // namespace
 
 Application::Application(int& argumentCount, char** arguments) : QApplication(argumentCount = 1, arguments) {
+    displayLoss.applicationLives = true;
     setApplicationName(QStringLiteral("kelvor"));
     setDesktopFileName(QStringLiteral("kelvor"));
     loadIcons();
@@ -70,6 +83,7 @@ Application::Application(int& argumentCount, char** arguments) : QApplication(ar
 Application::~Application() {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) std::signal(signal, SIG_DFL);
     for (int& end : signalPipe) close(std::exchange(end, -1));
+    displayLoss.applicationLives = false;
 }
 
 int Application::run() {
@@ -95,29 +109,49 @@ void Application::listenToSignals() {
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         char bytes[16];
         while (read(signalPipe[0], bytes, sizeof bytes) > 0) continue;
-        if (std::exchange(exitWanted_, true)) return;
-        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-                &Application::exitWhenIdle);
+        wantExit();
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) handle(signal, passOn);
 }
 
-void Application::exitWhenIdle() {
-    // Inside a dialog, or a command that lets events run: its caller is not ready to lose its window.
-    if (!running_ || QThread::currentThread()->loopLevel() > 1) return;
-    disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
-    const auto ask = [this] {
-        exitWanted_ = false;
-        if (onExitWanted) onExitWanted();
-    };
-    QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
+bool Application::isIdle() const {
+    return running_ && QThread::currentThread()->loopLevel() == 1;
+}
+
+void Application::wantExit() {
+    closing_ = nullptr;
+    if (std::exchange(exitWanted_, true)) return;
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &Application::goTowardsExit);
+}
+
+void Application::goTowardsExit() {
+    QWidget* open = activePopupWidget() ? activePopupWidget() : activeModalWidget();
+    // The callers of what is open are not ready to lose their windows; they come back when it has closed.
+    if (open) {
+        if (closing_ != open) QMetaObject::invokeMethod(open, &QWidget::close, Qt::QueuedConnection);
+        closing_ = open;
+    } else if (isIdle()) {
+        disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+        QMetaObject::invokeMethod(this, &Application::askForExit, Qt::QueuedConnection);
+    }
+}
+
+void Application::askForExit() {
+    const bool idle = isIdle();
+    if (idle && onExitWanted) onExitWanted();
+    exitWanted_ = false;
+    // An event that came before this one may have opened something.
+    if (!idle) wantExit();
 }
 
 void Application::endSession(QSessionManager& manager) {
     if (!running_ || !onExitWanted || !manager.allowsInteraction()) return;
     const bool ready = onExitWanted();
     manager.release();
-    if (!ready) manager.cancel();
+    if (ready) return;
+    manager.cancel();
+    if (activeModalWidget()) wantExit();
 }
 
 bool hasDisplay() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 
 class QSessionManager;
@@ -15,8 +17,9 @@ public:
     Application(int& argumentCount, char** arguments);
     ~Application() override;
 
-    /// Asks to end the program, as its Exit does; false when the user refused. Runs between two events of
-    /// the main loop: a signal that comes during the start or while a dialog is open waits for its end.
+    /// Asks to end the program, as its Exit does; false when the user refused. Runs between two events of the main
+    /// loop. A signal that comes while menus, dialogs or modal forms are open closes them first, as their close
+    /// boxes do; one that comes during the start or a long run waits for the end of it.
     std::function<bool()> onExitWanted;
 
     /// Runs the main loop until the program is to end.
@@ -27,11 +30,16 @@ public:
 
 private:
     void listenToSignals();
-    void exitWhenIdle();
+    /// Whether no command is on its way.
+    bool isIdle() const;
+    void wantExit();
+    void goTowardsExit();
+    void askForExit();
     void endSession(QSessionManager& manager);
 
     bool running_ = false;
     bool exitWanted_ = false;
+    QPointer<QWidget> closing_;  ///< asked to close for an exit; it may have refused
 };
 
 /// Whether there is a display to open windows on, as far as the environment tells.

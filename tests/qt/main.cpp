@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include "platform/qt/application.h"
 
 /// The tests open windows; unless told otherwise these show nowhere.
 int main(int argumentCount, char** arguments) {
     testing::InitGoogleTest(&argumentCount, arguments);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argumentCount, arguments);
-    Q_INIT_RESOURCE(icons);
+    const kelvor::qt::Application application(argumentCount, arguments);
     return RUN_ALL_TESTS();
 }

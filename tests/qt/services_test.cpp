@@ -1,3 +1,5 @@
+#include <csignal>
+
 #include "platform/qt/application.h"
 #include "platform/qt/file_filter.h"
 #include "tests/platform/scratch_directory.h"
@@ -47,6 +49,34 @@ TEST_F(Services, EscapeAnswersAsTheButtonsAllow) {
     }
     onDialog<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(platform().dialogs.input({.standard = "standard"}), "");
+}
+
+TEST_F(Services, ASignalToEndClosesWhatIsOpenAndAsksThenOnce) {
+    auto& program = static_cast<Application&>(*qApp);
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        std::string order;
+        program.onExitWanted = [&] {
+            order += QApplication::activeModalWidget() ? "early" : "asked";
+            QCoreApplication::exit();
+            return true;
+        };
+        QTimer::singleShot(0, [&] {
+            QMenu menu;
+            menu.addAction("row");
+            QTimer::singleShot(0, [&] { raise(signal); });
+            menu.exec();
+            order += "menu ";
+            for (const char* text : {"a", "b"}) {
+                const Answer answer = platform().dialogs.message({.text = text, .buttons = MessageButtons::yesNo});
+                order += answer == Answer::no ? "no " : "? ";
+            }
+            platform().dialogs.openFiles({});
+            order += "file ";
+        });
+        EXPECT_EQ(program.run(), 0);
+        EXPECT_EQ(order, "menu no no file asked");
+    }
+    program.onExitWanted = nullptr;
 }
 
 TEST_F(Services, AnOpenDialogOffersTheFilesOfItsFilterWithoutRegardToCase) {
