@@ -36,9 +36,14 @@ bool confirmDeletion(const std::string& name) {
                                        .standard = Answer::no}) == Answer::yes;
 }
 
-/// Whether a template may have that name; the user has been told otherwise.
+bool isBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
+/// Whether a template may have that name. The user has been told otherwise; a name without a letter is as good as a
+/// cancelled edit.
 bool validTemplateName(const std::string& name) {
-    if (!validFileName(name)) return false;
+    if (isBlank(name) || !validFileName(name)) return false;
     if (name.find('.') == std::string::npos) return true;
     beepAndShow({.text = "A template name cannot contain a period(.).",
                  .title = "Illegal character in requested template name",

@@ -143,7 +143,12 @@ void removeFile(const std::string& path) {
 }
 
 void renameFile(const std::string& from, const std::string& to) {
-    if (rename(from.c_str(), to.c_str()) != 0) throw fileError(errno, from);
+    const SystemCalls& calls = systemCalls();
+    bool done = calls.renameToNew(from.c_str(), to.c_str()) == 0;
+    // Where the disk knows no such rename, a second name that is free and the end of the first one are the same.
+    if (!done && (errno == EINVAL || errno == ENOSYS))
+        done = calls.link(from.c_str(), to.c_str()) == 0 && calls.unlink(from.c_str()) == 0;
+    if (!done) throw fileError(errno, errno == EEXIST ? to : from);
 }
 
 }  // namespace kelvor

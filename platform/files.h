@@ -45,7 +45,8 @@ bool nameMatches(std::string_view name, std::string_view pattern);
 bool isDirectory(const std::string& path);
 /// Throws Error when the file is not there or does not go.
 void removeFile(const std::string& path);
-/// Renames in one step, over a file of the new name. Throws Error, also when the two are on different disks.
+/// Gives a file another name. Throws Error, 58 when that name is taken, also when the two are on different disks; the
+/// file then has its old name.
 void renameFile(const std::string& from, const std::string& to);
 
 }  // namespace kelvor

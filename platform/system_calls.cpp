@@ -25,6 +25,10 @@ SystemCalls kernelCalls() {
     calls.close = ::close;
     calls.unlink = ::unlink;
     calls.rename = ::rename;
+    calls.renameToNew = [](const char* from, const char* to) {
+        return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    };
+    calls.link = ::link;
     return calls;
 }
 

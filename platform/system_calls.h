@@ -28,6 +28,9 @@ struct SystemCalls {
     std::function<int(int descriptor)> close;
     std::function<int(const char* path)> unlink;
     std::function<int(const char* from, const char* to)> rename;
+    /// Refuses a name that is taken (EEXIST); a file system without this order answers EINVAL.
+    std::function<int(const char* from, const char* to)> renameToNew;
+    std::function<int(const char* from, const char* to)> link;
 };
 
 /// The kernel's own.

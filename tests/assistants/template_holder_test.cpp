@@ -65,7 +65,14 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
                    "A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
                    MessageIcon::critical);
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "a/b"));
+        for (const char* nothing : {"", "  "}) EXPECT_FALSE(holder.lbxTemplates.edit(1, nothing));
         EXPECT_TRUE(exists("Page"));
+        int number = 0;
+        setErrorSink([&number](const Error& error) { number = error.number(); });
+        holder.lbxTemplates.edit(1, "my default template copy");
+        EXPECT_EQ(number, error_number::fileAlreadyExists);
+        EXPECT_TRUE(exists("Page"));
+        holder.lbxTemplates.setText(1, "Page");
         EXPECT_TRUE(holder.lbxTemplates.edit(1, "Letter"));
         EXPECT_FALSE(exists("Page"));
         holder.lbxTemplates.setSelectedRow(0);

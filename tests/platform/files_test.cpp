@@ -93,6 +93,29 @@ TEST(AppendToFile, AddsLinesAndFollowsNoLink) {
     EXPECT_EQ(directory.read("victim"), "x");
 }
 
+TEST(RenameFile, NeverTakesAnotherFilesPlace) {
+    for (const int refusal : {0, EINVAL, ENOSYS}) {
+        auto calls = kernelCalls();
+        // A disk that knows no rename of this kind.
+        if (refusal != 0)
+            calls.renameToNew = [refusal](auto...) {
+                errno = refusal;
+                return -1;
+            };
+        const ScopedSystemCalls scope(calls);
+        const ScratchDirectory directory;
+        const auto one = directory.write("one", "1");
+        const auto two = directory.write("two", "2");
+        EXPECT_EQ(errorOf([&] { renameFile(one, two); }), "58 File already exists: " + two);
+        EXPECT_EQ(errorOf([&] { renameFile(directory / "none", two + "2"); }),
+                  "53 File not found: " + directory / "none");
+        EXPECT_EQ(directory.read("one") + directory.read("two"), "12");
+        renameFile(one, directory / "three");
+        EXPECT_EQ(directory.read("two") + directory.read("three"), "21");
+        EXPECT_EQ(directory.entryCount(), 2U);
+    }
+}
+
 TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
     const ScratchDirectory directory;
     for (const char* name : {"b.htm", "Ä.HTM", "a.html", "bad\xFF\xE9.htm", ".h", "a[1].x", "ississi", "日.htm"})
