@@ -43,6 +43,8 @@ TextFormat& textFormat() {
 
 TextFormat::TextFormat() : Form("textFormat", "Quick Text Format") {
     onLoad = [this] { Form_Load(); };
+    // "(n/a)" comes before all names and shows at first.
+    cboFont.setSorted(true);
     cboFont.clicked.connect([this] { cboFont_Click(); });
     txtFonts.gotFocus.connect([this] { selectAllOf(txtFonts); });
     Command1.clicked.connect([this] { Command1_Click(); });
@@ -62,8 +64,6 @@ void TextFormat::fillComboBoxes() {
     fillSizeCombo(cboFontSize, true);
     optAlign.select(0);
     fillFontCombo(cboFont, true);
-    // The row that shows at first is nobody's choice.
-    txtFonts.setText("");
 }
 
 void TextFormat::cboFont_Click() {

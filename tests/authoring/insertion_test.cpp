@@ -146,7 +146,7 @@ TEST_F(Insertion, TheFormatDialogTakesTheSelectionAndEachControlsChoice) {
         dynamic_cast<TextBuffer&>(form.rtbUserText).press('L', 3);  // a document's alone
         form.rtbUserText.SetFocus();
         EXPECT_EQ(form.rtbUserText.selText(), "<I></I>");
-        for (const int row : {0, 2, 0, 1}) form.cboFont.choose(row);
+        for (const int row : {1, 0, 1, 2}) form.cboFont.choose(row);
         form.txtFonts.gotFocus.raise();
         EXPECT_EQ(form.txtFonts.selLength(), 14);
         form.cboFontSize.choose(14);
@@ -167,6 +167,17 @@ TEST_F(Insertion, TheFormatDialogTakesTheSelectionAndEachControlsChoice) {
     const auto insert =
         inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) { form.cmdInsert.click(); });
     EXPECT_EQ(after(insert, "[one] two"), "one[] two Text1");
+    const auto insertWithFont = [&](const std::function<void(TextFormat&)>& choose) {
+        const auto steps = inDialog<TextFormat>(mnuFormatText_Quick_Click, [&choose](TextFormat& form) {
+            EXPECT_EQ(form.cboFont.text() + form.txtFonts.text(), "(n/a)");
+            form.cboFont.choose(1);
+            choose(form);
+            form.cmdInsert.click();
+        });
+        return after(steps, "[one]");
+    };
+    EXPECT_EQ(insertWithFont([](TextFormat& form) { form.cboFont.choose(0); }), "one[] Text1");
+    EXPECT_EQ(insertWithFont([](TextFormat& form) { form.txtFonts.type(""); }), "<FONT>one</FONT>[] Text1");
 }
 
 TEST_F(Insertion, ChordsBecomeTagsAndSomeAreSwallowed) {
@@ -285,13 +296,11 @@ TEST_F(Insertion, TheFloatingToolsServeTheDocumentOrTheTableWizardsCell) {
     EXPECT_EQ(after(tag(1)), "a<BR>b[]c ListView1");
     EXPECT_EQ(after(sharpS), "a&szlig;[]c ");
     const auto formatted = inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) {
-        form.cboFont.choose(2);
         form.optAlign[2].click();
         for (CheckBox* box : {&form.chkBold, &form.chkBlink, &form.chkSuperscript, &form.chkBig}) box->click();
         form.cmdInsert.click();
     });
-    EXPECT_EQ(after(formatted),
-              "a<BIG><SUP><BLINK><B><DIV ALIGN=\"RIGHT\"><FONT>b</FONT></DIV></B></BLINK></SUP></BIG>[]c ");
+    EXPECT_EQ(after(formatted), "a<BIG><SUP><BLINK><B><DIV ALIGN=\"RIGHT\">b</DIV></B></BLINK></SUP></BIG>[]c ");
     mnuInsert_Tags_Click();
     EXPECT_EQ(platform.focused, "") << "the wizard keeps the focus";
     setDeliveryTarget("frmTableWiz", nullptr);
