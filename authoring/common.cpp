@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/temporary_directory.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"

@@ -23,6 +23,9 @@ constexpr std::size_t prefilledRows = 62;
 /// In twips.
 constexpr int columnWidths[] = {2408, 2407};
 
+constexpr const char* temporaryName = "temp.$$$";
+constexpr const char* messageTitle = "Multifile Find and Replace";
+
 const std::string idleCaption = "&Close";
 const std::string runningCaption = "&Cancel";
 
@@ -40,12 +43,20 @@ bool abortForDuplicates() {
         "Duplicate find items found");
 }
 
-/// Writes into the log what a run that was killed may have left.
-void logAbandonedTemporaries(const std::string& temporary) {
-    for (const std::string& path : abandonedTemporaries(temporary)) {
-        logError({error_number::fileAlreadyExists,
-                  "A multifile find and replace was interrupted. What it was writing was left in " + path});
-    }
+/// Names what runs that were killed have left, and deletes it when the user says so.
+void offerToDeleteAbandoned() {
+    const auto abandoned = abandonedTemporaries(temporaryName);
+    if (abandoned.empty()) return;
+    std::string text = "A multifile find and replace was interrupted. What it was writing is still there:\r\n";
+    for (const std::string& path : abandoned) text += "\r\n" + path;
+    text += "\r\n\r\nShould a file of that run be half written, its whole new text is in there.\r\nDelete it now?";
+    const Message question = {.text = text,
+                              .title = messageTitle,
+                              .icon = MessageIcon::question,
+                              .buttons = MessageButtons::yesNo,
+                              .standard = Answer::no};
+    if (platform().dialogs.message(question) != Answer::yes) return;
+    for (const std::string& path : abandoned) removeAbandonedTemporary(path);
 }
 
 void tellNoFindText() {
@@ -59,7 +70,7 @@ void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const st
     } catch (const std::exception&) {
         const Error error = currentError();
         beepAndShow({.text = "Could not write to " + path + " skipping file.",
-                     .title = "Multifile Find and Replace",
+                     .title = messageTitle,
                      .icon = MessageIcon::critical});
         logError(error);
     }
@@ -256,14 +267,13 @@ void Multi::initGauges() {
 
 void Multi::findReplaceMulti() {
     const LineRewrite rewrite(findItems_, chkCase.value());
-    const std::string temporary = getTempDir() + "temp.$$$";
-    logAbandonedTemporaries(temporary);
     // The list can still be changed by the events that are let run.
     const std::vector<std::string> targets = lbxTargetFiles.rows();
     int number = 0;
     for (const std::string& target : targets) {
         pumpEvents();
         if (cancelVal_) break;
+        const std::string temporary = getTempDir() + temporaryName;
         clearTemporary(temporary);
         rewriteOrTell(target, rewrite, temporary);
         pumpEvents();
@@ -292,6 +302,7 @@ void Multi::enableControls() {
     chkCase.setEnabled(true);
     chkCase.setValue(false);
     cmdAddSC.setEnabled(true);
+    cmdStart.SetFocus();
 }
 
 void Multi::cmdClose_Click() {
@@ -314,6 +325,7 @@ std::vector<FindItem> specialCharItems(bool toEntity) {
 }
 
 void mnuTools_multi_Click() {
+    guarded(offerToDeleteAbandoned);
     openToolForm(multi(), ShowMode::modal);
 }
 

@@ -13,6 +13,7 @@
 #include "core/startup.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/temporary_directory.h"
 #include "support/settings.h"
 
 namespace kelvor::bench {

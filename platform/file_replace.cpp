@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/system_calls.h"
+#include "platform/temporary_directory.h"
 
 namespace kelvor {
 
@@ -137,11 +138,6 @@ bool isOwnFile(const struct stat& status) {
     return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
 }
 
-bool isOwnDirectory(const std::string& path) {
-    struct stat status {};
-    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid();
-}
-
 }  // namespace
 
 ReplaceableFile readForReplacement(const std::string& path, const Step& step) {
@@ -176,19 +172,19 @@ void clearTemporary(const std::string& temporary) {
     }
 }
 
-std::vector<std::string> abandonedTemporaries(const std::string& temporary) {
-    const auto own = directoryPart(temporary);
-    const auto base = directoryPart(own);
-    const auto name = fileNamePart(own);
-    const auto begin = name.substr(0, name.find('-') + 1);
+std::vector<std::string> abandonedTemporaries(const std::string& name) {
     std::vector<std::string> found;
-    for (const std::string& other : directoriesIn(base)) {
-        const auto directory = joinPath(base, other);
-        if (!other.starts_with(begin) || other == name || !isOwnDirectory(directory)) continue;
-        auto path = joinPath(directory, fileNamePart(temporary));
-        if (listingFinds(path)) found.push_back(std::move(path));
+    for (const std::string& directory : abandonedTemporaryDirectories()) {
+        auto path = joinPath(directory, name);
+        struct stat status {};
+        if (lstat(path.c_str(), &status) == 0 && isOwnFile(status)) found.push_back(std::move(path));
     }
     return found;
+}
+
+void removeAbandonedTemporary(const std::string& temporary) {
+    clearTemporary(temporary);
+    rmdir(directoryPart(temporary).c_str());
 }
 
 }  // namespace kelvor

@@ -36,8 +36,10 @@ void replaceFile(const ReplaceableFile& target, std::string_view bytes, const st
 /// such a file.
 void clearTemporary(const std::string& temporary);
 
-/// What replacements of other runs of this user, which came to no end, have left: files of the same name in
-/// directories beside that of `temporary` with the same begin of the name, up to its "-".
-std::vector<std::string> abandonedTemporaries(const std::string& temporary);
+/// The files of that name that replacements have left in temporary directories of processes that were killed.
+std::vector<std::string> abandonedTemporaries(const std::string& name);
+
+/// Removes such a file, and its directory when nothing else is in it. Throws Error; one that has gone is none.
+void removeAbandonedTemporary(const std::string& temporary);
 
 }  // namespace kelvor

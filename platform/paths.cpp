@@ -1,6 +1,5 @@
 #include "platform/paths.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,8 +8,6 @@
 #include <system_error>
 #include <utility>
 #include <vector>
-
-#include "platform/error.h"
 
 namespace kelvor {
 
@@ -103,37 +100,6 @@ std::string findProgramDirectory() {
     return own;
 }
 
-/// The directory for temporary files, and its end with the process that made it.
-class TemporaryDirectory {
-public:
-    TemporaryDirectory() : owner_(getpid()) {
-        auto base = directoryVariable("TMPDIR");
-        if (!isDirectory(base)) base = "/tmp";
-        path_ = joinPath(base, "kelvor-XXXXXX");
-        if (mkdtemp(path_.data()) == nullptr) {
-            throw Error(error_number::pathAccess, "No folder for temporary files can be made in " + base);
-        }
-    }
-    ~TemporaryDirectory() {
-        std::error_code failure;
-        if (getpid() == owner_) fs::remove_all(path_, failure);
-    }
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    /// Made anew when something has cleared it away.
-    const std::string& path() const {
-        constexpr mode_t ownerOnly = 0700;
-        if (!isDirectory(path_) && mkdir(path_.c_str(), ownerOnly) != 0)
-            throw Error(error_number::pathAccess, "The folder for temporary files cannot be made again: " + path_);
-        return path_;
-    }
-
-private:
-    pid_t owner_;
-    std::string path_;
-};
-
 }  // namespace
 
 bool isForeignPath(std::string_view path) {
@@ -183,11 +149,6 @@ std::string settingsDirectory() {
         fs::permissions(directory, fs::perms::owner_all, failure);
     }
     return directory;
-}
-
-std::string temporaryDirectory() {
-    static const TemporaryDirectory directory;
-    return directory.path();
 }
 
 ScopedDirectories::ScopedDirectories(std::string program, std::string settings)

@@ -28,8 +28,6 @@ std::string directoryVariable(const char* name);
 std::string programDirectory();
 /// $XDG_CONFIG_HOME/kelvor, or ~/.config/kelvor; made when it is missing. "" when there is no home.
 std::string settingsDirectory();
-/// A directory of this process alone (mode 0700) for temporary files, removed at exit.
-std::string temporaryDirectory();
 
 /// What stands in for the program's and the settings' directory.
 struct Directories {

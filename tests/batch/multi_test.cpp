@@ -1,15 +1,17 @@
 #include "batch/multi.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <thread>
 
 #include "authoring/common.h"
 #include "authoring/special_chars.h"
 #include "platform/paths.h"
+#include "platform/system_calls.h"
 #include "support/report_error.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"
@@ -40,7 +42,7 @@ protected:
         start();
         form.load();
     }
-    ~MultiForm() override { form.unload(); }
+    ~MultiForm() override { multi().unload(); }
 
     void add(const std::string& find, const std::string& replacement) {
         form.txtFind.type(find);
@@ -121,10 +123,6 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
     fs::permissions(readOnly, fs::perms::owner_read);
     const auto before = fs::last_write_time(last) - std::chrono::hours(1);
     fs::last_write_time(last, before);
-    // A run that was killed has left its text.
-    const auto abandoned = directoryPart(temporaryDirectory()) + "/kelvor-killed";
-    fs::create_directory(abandoned);
-    std::ofstream(abandoned + "/temp.$$$") << "text";
 
     add("a", "→");
     add("abc", "x");
@@ -136,7 +134,7 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
                                 .title = "Multifile Find and Replace",
                                 .icon = MessageIcon::critical});
     form.cmdStart.click();
-    fs::remove_all(abandoned);
+    EXPECT_EQ(platform.focused, "cmdStart");
 
     EXPECT_EQ(files.read("one.htm"), "x →\r\n");
     EXPECT_EQ(files.read("two.htm"), "abc");
@@ -144,8 +142,7 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
     EXPECT_EQ(files.read("four.htm"), "none\n");
     EXPECT_GT(fs::last_write_time(last), before);
     const auto log = files.read("program/errorlog.txt");
-    for (const auto& words :
-         {abandoned + "/temp.$$$", "The file is read-only: " + readOnly, std::string("encoding lacks a character")})
+    for (const auto& words : {"The file is read-only: " + readOnly, std::string("encoding lacks a character")})
         EXPECT_NE(log.find(words), std::string::npos) << log;
     EXPECT_EQ(form.cmdClose.caption(), "&Close");
     EXPECT_EQ(form.ProgressBar1.value(), 0);
@@ -215,6 +212,41 @@ TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
     form.cmdStart.click();
     EXPECT_EQ(bothFiles(), "b\r\nb\r\n");
     EXPECT_GT(platform.eventRounds, roundsBefore);
+}
+
+TEST_F(MultiForm, OffersToDeleteWhatKilledRunsHaveLeft) {
+    form.unload();
+    fs::create_directory(files.path("tmp"));
+    const ScopedVariable environment("TMPDIR", files.path("tmp"));
+    const auto leave = [this](const std::string& name) {
+        fs::create_directory(files.path("tmp/" + name));
+        return files.write("tmp/" + name + "/temp.$$$", "text");
+    };
+    const std::vector abandoned = {leave("kelvor-1"), leave("kelvor-2")};
+    const auto held = leave("kelvor-held");
+    const OpenFile holder(::open(directoryPart(held).c_str(), O_RDONLY));
+    ASSERT_EQ(flock(holder.descriptor(), LOCK_EX), 0);
+    const auto foreign = leave("other-1");
+    fs::create_directory_symlink(directoryPart(foreign), files.path("tmp/kelvor-link"));
+    fs::create_directory(files.path("tmp/kelvor-linked"));
+    fs::create_symlink(foreign, files.path("tmp/kelvor-linked/temp.$$$"));
+    for (const Answer answer : {Answer::no, Answer::yes}) {
+        for (const auto& path : abandoned) EXPECT_TRUE(fs::exists(path));
+        auto offer =
+            question("A multifile find and replace was interrupted. What it was writing is still there:\r\n\r\n" +
+                         abandoned[0] + "\r\n" + abandoned[1] +
+                         "\r\n\r\nShould a file of that run be half written, its whole new text is in "
+                         "there.\r\nDelete it now?",
+                     "Multifile Find and Replace");
+        offer.standard = Answer::no;
+        platform.expectMessage(offer, answer);
+        platform.expectModal([](Form& shown) { shown.unload(); });
+        mnuTools_multi_Click();
+    }
+    for (const auto& path : abandoned) EXPECT_FALSE(fs::exists(directoryPart(path)));
+    EXPECT_TRUE(fs::exists(held) && fs::exists(foreign));
+    platform.expectModal([](Form& shown) { shown.unload(); });
+    mnuTools_multi_Click();
 }
 
 TEST_F(MultiForm, StopsWithWordsWhenItsTemporaryFileIsNotItsOwn) {
