@@ -10,7 +10,7 @@ packaging/install-packages "${groups[@]}"
 cmake --preset release -DKELVOR_TESTS=OFF -DKELVOR_BENCH=OFF
 cmake --build --preset release --parallel "$(nproc)"
 
-program="$PWD/build/release/platform/qt/kelvor"
+program="$PWD/build/release/program/kelvor"
 if [ -n "${DISPLAY:-}" ]; then
     exec "$program"
 fi
