@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/code_points.h"
+#include "platform/shown_name.h"
 
 namespace kelvor::qt {
 
@@ -40,7 +41,7 @@ QString rowText(std::string_view text) {
     constexpr std::size_t longest = 1000;
     std::size_t length = std::min(text.size(), longest);
     while (length < text.size() && isContinuationByte(text[length])) ++length;
-    return plainLines(text.substr(0, length)).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return toQt(shownName(text.substr(0, length)));
 }
 
 QString elidedInTheMiddle(const QString& text, int limit) {

@@ -41,7 +41,7 @@ void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
 /// The text with CR LF and CR as LF, as labels and boxes break lines.
 QString plainLines(std::string_view text);
 
-/// A text as a row of a list shows it: its first 1,000 characters or so in one line.
+/// A text as a row of a list shows it: its first 1,000 characters or so, spelled as shownName does.
 QString rowText(std::string_view text);
 
 /// At most `limit` characters of the text, the middle left out when there are more.

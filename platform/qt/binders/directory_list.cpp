@@ -10,6 +10,7 @@
 #include "platform/qt/binders/string_rows.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/themed_icon.h"
+#include "platform/shown_name.h"
 
 namespace kelvor::qt {
 
@@ -38,9 +39,9 @@ public:
         const bool opened = index.row() <= list_.currentRow();
         switch (role) {
             case Qt::DisplayRole:
-                return toQt(row.name);
+                return rowText(row.name);
             case Qt::ToolTipRole:
-                return toolTipText(row.path);
+                return toolTipText(shownName(row.path));
             case Qt::DecorationRole:
                 return opened ? openFolder_ : folder_;
             case Qt::FontRole: {
