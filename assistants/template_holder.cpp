@@ -64,7 +64,7 @@ TemplateHolder::TemplateHolder() : Form("templateHolder", "Templates") {
         if (lbxTemplates.count() > 0) lbxTemplates.SetFocus();
     });
     lbxTemplates.doubleClicked.connect([this] { cmdOpen_Click(); });
-    lbxTemplates.beforeLabelEdit.connect([this] { templatePath_ = selectedName(); });
+    lbxTemplates.beforeLabelEdit.connect([this] { templatePath_ = lbxTemplates.selectedText().value_or(""); });
     lbxTemplates.afterLabelEdit.connect(
         [this](const std::string& text, bool& cancel) { lbxTemplates_AfterLabelEdit(text, cancel); });
     cmdOpen.clicked.connect([this] { cmdOpen_Click(); });
@@ -85,6 +85,8 @@ void TemplateHolder::populateTemplateBox() {
 }
 
 std::string TemplateHolder::selectedName() const {
+    // A command by its access key comes while a name is still being edited.
+    lbxTemplates.endEdit();
     if (auto selected = lbxTemplates.selectedText()) return *selected;
     throw Error(error_number::objectNotSet, "No template is selected");
 }

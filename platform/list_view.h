@@ -13,6 +13,9 @@ public:
     /// @return whether the new text was taken
     bool edit(int row, const std::string& text);
 
+    /// Has an edit that is going on end with the text that is there now, as if the user had gone elsewhere.
+    void endEdit() const { tell(Aspect::value); }
+
     /// The user has edited the selected row, which still has its old text.
     Event<> beforeLabelEdit;
     /// The edit gave another text; a handler sets the flag to keep the old one.

@@ -91,6 +91,10 @@ TEST_F(Binding, AListFollowsItsRowsAndIsEditedThroughItsControl) {
     EXPECT_EQ(widget.currentIndex().row(), 1);
     EXPECT_TRUE(widget.model()->setData(at(0), "first", Qt::EditRole));
     EXPECT_EQ(list.rows().front(), "first");
+    widget.edit(at(0));
+    QTest::keyClicks(QApplication::focusWidget(), "new");
+    list.endEdit();
+    EXPECT_EQ(list.rows().front(), "new");
     list.afterLabelEdit.connect([](const std::string&, bool& cancel) { cancel = true; });
     EXPECT_FALSE(widget.model()->setData(at(0), "refused", Qt::EditRole));
     count(list.doubleClicked);

@@ -1,5 +1,6 @@
 #include "platform/list_box.h"
 
+#include <QApplication>
 #include <QListView>
 
 #include "platform/list_view.h"
@@ -10,13 +11,18 @@ namespace kelvor::qt {
 
 namespace {
 
+void endEdit(QListView& view) {
+    if (view.viewport()->isAncestorOf(QApplication::focusWidget())) view.setFocus();
+}
+
 void bindRows(ListBox& list, QListView& widget, StringRows& rows, FormLink& link) {
     showRows(widget, rows, link);
     widget.setUniformItemSizes(true);
     widget.setItemDelegate(new RowCells(&link));
     list.followRows([&rows](const RowChange& change) { rows.note(change); });
     QObject::connect(&link, &QObject::destroyed, [&list] { list.followRows({}); });
-    link.follow(list, widget, [&list, &widget, &rows](Aspect) {
+    link.follow(list, widget, [&list, &widget, &rows](Aspect aspect) {
+        if (aspect == Aspect::value) return endEdit(widget);
         rows.catchUp();
         const QModelIndex index = rows.indexOf(list.selectedRow());
         if (widget.currentIndex() != index) widget.setCurrentIndex(index);
