@@ -186,6 +186,7 @@ void CaseChange::beginRun() {
 void CaseChange::endRun() {
     for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, true);
     cmdApply.setEnabled(true);
+    cmdApply.SetFocus();
     cmdClose.setCaption(closeCaption);
     platform().screen.setMousePointer(MousePointer::standard);
 }

@@ -91,6 +91,7 @@ TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
     form().cboFilter.choose(3);
     form().cmdApply.click();
     EXPECT_EQ(results(), (Rows{"a.html HREF=\" 1", "c.shtml HREF=\" 1", "b.asp HREF=\" 1"}));
+    EXPECT_EQ(platform.focused, "cmdApply");
     EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"b\"");
 
     // While the files are gathered nobody can cancel, nor close the form.
