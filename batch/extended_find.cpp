@@ -23,6 +23,9 @@ const std::string cancelCaption = "&Cancel";
 constexpr int criteriaPage = 0;
 constexpr int resultsPage = 1;
 
+/// The column of ListView1 with numbers.
+constexpr int countColumn = 1;
+
 /// ".html" is reached through "*.htm". The last row names two kinds that it does not find.
 const std::vector<WalkFilter>& filters() {
     static const std::vector<WalkFilter> rows = {
@@ -68,11 +71,13 @@ ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
     cmdClose.clicked.connect([this] { cmdClose_Click(); });
     cmdHelp.clicked.connect([this] { showHelpPage(name()); });
     ListView1.doubleClicked.connect([this] { openMulti(); });
+    ListView1.returnPressed.connect([this] { openMulti(); });
     ListView1.columnClicked.connect([this](int column) { ListView1.sortBy(column, column == 0); });
     ListView1.mouseDown.connect([this](const MousePress& press) { ListView1_MouseDown(press); });
     mnuLV1_open.clicked.connect([this] { openMulti(); });
     mnuLV1_Clear.clicked.connect([this] { ListView1.setSelectedRow(-1); });
     ListView1.setMultiSelect(true);
+    ListView1.setRightAligned(countColumn);
     lblDirFolder.setToolTip("Double click to browse...");
     cmdBegin.setEnabled(false);
     ProgressBar1.setVisible(false);
@@ -136,6 +141,7 @@ void ExtendedFind::gatherFiles(const std::vector<std::string>& filters, const st
     if (!isLoaded()) return;
     if (!foundFiles_.empty()) return findMatch();
     resetControls();
+    cmdBegin.SetFocus();
     tellNoFiles(directory);
 }
 
@@ -172,7 +178,8 @@ void ExtendedFind::buildResultsTable() {
     ListView1.addRows(std::exchange(results_, {}));
     SSTab1.setTabEnabled(resultsPage, true);
     SSTab1.setTab(resultsPage);
-    if (ListView1.count() > 0) ListView1.setSelectedRow(0);
+    if (ListView1.count() == 0) return cmdBegin.SetFocus();
+    ListView1.setSelectedRow(0);
     ListView1.SetFocus();
 }
 

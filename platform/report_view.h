@@ -52,13 +52,19 @@ public:
     int columnWidth(int column) const;
     void setColumnWidth(int column, int twips);
 
-    /// The user's acts: a double click on a row, a click on a header, a choice of rows.
+    /// Has a column's texts stand at its right, as numbers do.
+    void setRightAligned(int column) { rightAligned_.at(static_cast<std::size_t>(column)) = true; }
+    bool isRightAligned(int column) const { return rightAligned_.at(static_cast<std::size_t>(column)); }
+
+    /// The user's acts: a double click on a row, Return over selected rows, a click on a header, a choice of rows.
     void doubleClick(int row);
+    void pressReturn() { returnPressed.raise(); }
     void clickColumn(int column) { columnClicked.raise(column); }
     /// @param selected  the selected rows, ascending
     void choose(int current, const std::vector<int>& selected);
 
     Event<> doubleClicked;
+    Event<> returnPressed;
     Event<int> columnClicked;
     Event<MousePress> mouseDown;
 
@@ -72,6 +78,7 @@ private:
 
     std::vector<std::string> columns_;
     std::vector<int> columnWidths_ = std::vector<int>(columns_.size(), 0);
+    std::vector<bool> rightAligned_ = std::vector<bool>(columns_.size(), false);
     std::vector<Row> rows_;
     bool multiSelect_ = false;
     int selectedRow_ = -1;

@@ -74,6 +74,7 @@ TEST_F(ExtendedFindForm, TellsThatNoFileMatches) {
                             .icon = MessageIcon::exclamation});
     form.cmdBegin.click();
     EXPECT_EQ(platform.beeps, 1);
+    EXPECT_EQ(platform.focused, "cmdBegin");
     EXPECT_FALSE(form.chkCase.value());
     EXPECT_FALSE(form.SSTab1.tabEnabled(1));
     EXPECT_EQ(form.cmdClose.caption(), "&Close");
@@ -140,6 +141,9 @@ TEST_F(ExtendedFindForm, OpensTheSelectedRowsAndKeepsThoseThatFailSelected) {
     for (const int row : {0, 1, 2}) EXPECT_EQ(form.ListView1.isSelected(row), row == 2) << row;
     form.mnuLV1_Clear.click();
     EXPECT_FALSE(form.ListView1.isSelected(2));
+    form.ListView1.setSelected(1, true);
+    form.ListView1.pressReturn();
+    EXPECT_FALSE(form.ListView1.isSelected(1));
 
     form.unload();
     EXPECT_EQ(platform.focused, "Text1");

@@ -64,6 +64,12 @@ TEST_F(Reports, RowsColumnsAndIconsFollowTheControl) {
     EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1) + textAt(view_, 1) + textAt(view_, 1, 1), "a b1c");
     EXPECT_FALSE(view_.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_FALSE(view_.model()->index(1, 0).data(Qt::DecorationRole).isValid());
+    list_.setRightAligned(1);
+    for (const int column : {0, 1}) {
+        for (const auto& role : {view_.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole),
+                                 view_.model()->index(0, column).data(Qt::TextAlignmentRole)})
+            EXPECT_EQ(role.value<Qt::Alignment>().testFlag(Qt::AlignRight), column == 1);
+    }
     list_.setCell(1, 1, "7");
     list_.removeRow(0);
     EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1), "c7");
@@ -111,6 +117,26 @@ TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
     EXPECT_EQ(told_, 1);
 }
 
+TEST_F(Reports, ReturnOverSelectedRowsIsTheListsWhenItHearsIt) {
+    auto& button = add<QPushButton>("cmdBegin");
+    button.setDefault(true);
+    const QSignalSpy presses(&button, &QPushButton::clicked);
+    addPages(2);
+    list_.setSelectedRow(0);
+    letEventsRun();
+    view_.setFocus();
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(presses.count(), 1);
+    count(list_.returnPressed);
+    for (const int row : {0, -1}) {
+        list_.setSelectedRow(row);
+        letEventsRun();
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) pressKey(key);
+        EXPECT_EQ(told_, 2);
+        EXPECT_EQ(presses.count(), row == 0 ? 1 : 3);
+    }
+}
+
 TEST_F(Reports, ColumnsHaveTheWidthToldOrShareTheRoom) {
     const auto width = [this](int column) {
         letEventsRun();
@@ -124,6 +150,14 @@ TEST_F(Reports, ColumnsHaveTheWidthToldOrShareTheRoom) {
     EXPECT_LT(width(0), room / 2);
     list_.setColumnWidth(0, 1750);
     EXPECT_EQ(width(0), 1750 / 15);
+    EXPECT_EQ(width(0) + width(1), room);
+    list_.setColumnWidth(1, 3500);
+    EXPECT_NEAR(width(0), room / 3, 1);
+    EXPECT_EQ(width(0) + width(1), room);
+    // Numbers stand beside their texts, and these take what is left.
+    list_.setRightAligned(1);
+    for (const int column : {0, 1}) list_.setColumnWidth(column, 0);
+    EXPECT_GT(width(0), room / 2);
     EXPECT_EQ(width(0) + width(1), room);
 }
 

@@ -7,6 +7,7 @@
 #include <QStyle>
 #include <QTreeView>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "platform/qt/convert.h"
@@ -26,7 +27,7 @@ constexpr int sampleSize = 200;
 ColumnWidths::ColumnWidths(const ReportView& list, QTreeView& view, QObject* parent)
     : QObject(parent), list_(list), view_(view), needed_(list.columns().size(), 0) {
     QHeaderView& header = *view.header();
-    header.setStretchLastSection(toldWidth(header.count() - 1) == 0);
+    header.setStretchLastSection(true);
     connect(&header, &QHeaderView::sectionResized, this, [this, &header](int column) {
         // The last column follows the window by itself.
         const bool byMouse = QGuiApplication::mouseButtons() != Qt::NoButton;
@@ -98,6 +99,19 @@ int ColumnWidths::shareOf(int space) const {
     return widths.empty() ? 0 : widths.back();
 }
 
+/// Widens columns that together are narrower than the room: the last one of texts whose width nobody has told, or
+/// else all of them alike.
+void ColumnWidths::fill(int room, std::vector<int>& widths) const {
+    const int needed = std::accumulate(widths.begin(), widths.end(), 0);
+    if (needed >= room) return;
+    for (int column = static_cast<int>(widths.size()) - 1; column >= 0; --column) {
+        if (toldWidth(column) > 0 || list_.isRightAligned(column)) continue;
+        widths[static_cast<std::size_t>(column)] += room - needed;
+        return;
+    }
+    for (int& width : widths) width = width * room / needed;
+}
+
 void ColumnWidths::placeAsTold() {
     drawn_ = false;
     place();
@@ -108,12 +122,17 @@ void ColumnWidths::place() {
     if (drawn_) return;
     const QScopedValueRollback placing(placing_, true);
     QHeaderView& header = *view_.header();
-    const int share = shareOf(view_.viewport()->width());
+    const int room = view_.viewport()->width();
+    const int share = shareOf(room);
+    std::vector<int> widths;
     for (int column = 0; column < header.count(); ++column) {
         const int told = toldWidth(column);
         const int fitting = std::max(std::min(neededWidth(column), share), header.minimumSectionSize());
-        header.resizeSection(column, told > 0 ? told : fitting);
+        widths.push_back(told > 0 ? told : fitting);
     }
+    fill(room, widths);
+    for (int column = 0; column < header.count(); ++column)
+        header.resizeSection(column, widths[static_cast<std::size_t>(column)]);
 }
 
 bool ColumnWidths::eventFilter(QObject* /*watched*/, QEvent* event) {

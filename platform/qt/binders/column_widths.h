@@ -14,8 +14,9 @@ class ReportView;
 namespace kelvor::qt {
 
 /// Gives the columns of a report view their widths: the one told for a column, or as much as its header and its longest
-/// texts need. Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column.
-/// Once the user has drawn a column to another width, nothing is moved any more.
+/// texts need. Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column of
+/// texts whose width nobody has told, or to all alike. Once the user has drawn a column to another width, only the last
+/// one follows the window.
 class ColumnWidths : public QObject {
 public:
     ColumnWidths(const ReportView& list, QTreeView& view, QObject* parent);
@@ -36,6 +37,7 @@ private:
     int toldWidth(int column) const;
     int neededWidth(int column) const;
     int shareOf(int space) const;
+    void fill(int room, std::vector<int>& widths) const;
 
     const ReportView& list_;
     QTreeView& view_;

@@ -24,14 +24,21 @@ QVariant ReportRows::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
     if (row >= list_.count()) return {};
     if (role == Qt::DisplayRole) return rowText(list_.cell(index.row(), index.column()));
+    if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
     const auto icon = static_cast<std::size_t>(list_.rows()[row].icon);
     if (role == Qt::DecorationRole && index.column() == 0 && icon > 0 && icon <= icons_.size()) return icons_[icon - 1];
     return {};
 }
 
 QVariant ReportRows::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return alignmentOf(section);
+    if (role != Qt::DisplayRole) return {};
     return toQt(list_.columns().at(static_cast<std::size_t>(section)));
+}
+
+QVariant ReportRows::alignmentOf(int column) const {
+    return QVariant::fromValue((list_.isRightAligned(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
 void ReportCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

@@ -20,6 +20,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
+    QVariant alignmentOf(int column) const;
+
     const ReportView& list_;
     std::vector<QIcon> icons_;  ///< the first has number 1
 };

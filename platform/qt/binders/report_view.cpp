@@ -1,6 +1,7 @@
 #include "platform/report_view.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QTreeView>
@@ -119,6 +120,26 @@ private:
     bool pending_ = false;
 };
 
+/// Gives Return over selected rows to a control that hears it; elsewhere it presses the window's default button. The
+/// toolkit's own signal for it may come at a click too.
+class ReturnKey : public QObject {
+public:
+    ReturnKey(ReportView& list, QTreeView& view, FormLink& link) : QObject(&link), list_(list), view_(view) {}
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !list_.returnPressed.isConnected()) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !view_.selectionModel()->hasSelection()) return false;
+        guarded([this] { list_.pressReturn(); });
+        return true;
+    }
+
+private:
+    ReportView& list_;
+    QTreeView& view_;
+};
+
 }  // namespace
 
 void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
@@ -147,6 +168,7 @@ void bindReportView(ReportView& list, QTreeView& widget, FormLink& link) {
         selections->show();
         widget.scrollToTop();
     });
+    widget.installEventFilter(new ReturnKey(list, widget, link));
     tellRowPresses(widget, link, [&list](const MousePress& press) { list.mouseDown.raise(press); });
 }
 
