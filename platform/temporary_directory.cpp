@@ -21,7 +21,8 @@ namespace kelvor {
 
 namespace {
 
-constexpr std::string_view prefix = "kelvor-";
+/// The X become letters and digits.
+constexpr std::string_view namePattern = "kelvor-XXXXXX";
 
 std::string baseDirectory() {
     const auto base = directoryVariable("TMPDIR");
@@ -60,7 +61,7 @@ private:
 
     void make() {
         const auto base = baseDirectory();
-        auto path = joinPath(base, std::string(prefix) + "XXXXXX");
+        auto path = joinPath(base, namePattern);
         if (mkdtemp(path.data()) == nullptr) throw fileError(errno, "a folder for temporary files in " + base);
         auto opened = openDirectory(path);
         if (opened.descriptor() < 0) throw fileError(errno, path);
@@ -74,6 +75,10 @@ private:
     std::string path_;
     pid_t owner_ = 0;
 };
+
+bool hasOurName(std::string_view name) {
+    return name.size() == namePattern.size() && name.starts_with(namePattern.substr(0, namePattern.find('X')));
+}
 
 /// Where directories cannot be locked, none is taken for abandoned.
 bool isAbandoned(const std::string& path) {
@@ -95,7 +100,7 @@ std::vector<std::string> abandonedTemporaryDirectories() {
     std::vector<std::string> found;
     for (const std::string& name : directoriesIn(base)) {
         auto path = joinPath(base, name);
-        if (name.starts_with(prefix) && isAbandoned(path)) found.push_back(std::move(path));
+        if (hasOurName(name) && isAbandoned(path)) found.push_back(std::move(path));
     }
     return found;
 }

@@ -222,12 +222,12 @@ TEST_F(MultiForm, OffersToDeleteWhatKilledRunsHaveLeft) {
         fs::create_directory(files.path("tmp/" + name));
         return files.write("tmp/" + name + "/temp.$$$", "text");
     };
-    const std::vector abandoned = {leave("kelvor-1"), leave("kelvor-2")};
-    const auto held = leave("kelvor-held");
+    const std::vector abandoned = {leave("kelvor-aB1cD2"), leave("kelvor-xY8zW9")};
+    const auto held = leave("kelvor-isHeld");
     const OpenFile holder(::open(directoryPart(held).c_str(), O_RDONLY));
     ASSERT_EQ(flock(holder.descriptor(), LOCK_EX), 0);
-    const auto foreign = leave("other-1");
-    fs::create_directory_symlink(directoryPart(foreign), files.path("tmp/kelvor-link"));
+    const auto foreign = leave("kelvor-project");
+    fs::create_directory_symlink(directoryPart(foreign), files.path("tmp/kelvor-isLink"));
     fs::create_directory(files.path("tmp/kelvor-linked"));
     fs::create_symlink(foreign, files.path("tmp/kelvor-linked/temp.$$$"));
     for (const Answer answer : {Answer::no, Answer::yes}) {
