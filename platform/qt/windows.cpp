@@ -16,6 +16,7 @@
 #include "platform/qt/convert.h"
 #include "platform/qt/layouts.h"
 #include "platform/qt/modal.h"
+#include "platform/qt/popup_place.h"
 #include "platform/qt/scintilla_edit.h"
 
 namespace kelvor::qt {
@@ -152,7 +153,7 @@ void QtWindows::popupMenu(MenuItem& menu, const Control* below) {
     auto* popup = window ? window->findChild<QMenu*>(toQt(menu.name())) : nullptr;
     if (!popup) return;
     const auto* place = below ? window->findChild<QWidget*>(toQt(below->name())) : nullptr;
-    popup->exec(place ? place->mapToGlobal(QPoint(0, place->height())) : QCursor::pos());
+    popup->exec(place ? place->mapToGlobal(QPoint(0, place->height())) : PopupPlace::take());
 }
 
 std::unique_ptr<EditControl> QtWindows::createEditControl(Form& form, const std::string& name) {

@@ -3,6 +3,8 @@
 #include "platform/directory_list.h"
 #include "platform/drive_list.h"
 #include "platform/file_list.h"
+#include "platform/qt/menu_keys.h"
+#include "platform/qt/popup_place.h"
 #include "platform/report_view.h"
 #include "platform/side_bar.h"
 #include "tests/platform/scratch_directory.h"
@@ -61,7 +63,7 @@ protected:
 TEST_F(Reports, RowsColumnsAndIconsFollowTheControl) {
     list_.addRows({{{"a\r\nb", "1"}, 2}, {{"c"}}});
     EXPECT_EQ(view_.model()->headerData(1, Qt::Horizontal).toString(), "Total");
-    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1) + textAt(view_, 1) + textAt(view_, 1, 1), "a b1c");
+    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1) + textAt(view_, 1) + textAt(view_, 1, 1), R"(a\r\nb1c)");
     EXPECT_FALSE(view_.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
     EXPECT_FALSE(view_.model()->index(1, 0).data(Qt::DecorationRole).isValid());
     list_.setRightAligned(1);
@@ -103,13 +105,21 @@ TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
     list_.setSelectedRow(1);
     letEventsRun();
     std::string buttons;
-    list_.mouseDown.connect([&](const MousePress& press) { buttons += press.button == MousePress::right ? 'R' : 'L'; });
+    QPoint popup;
+    list_.mouseDown.connect([&](const MousePress& press) {
+        buttons += press.button == MousePress::right ? 'R' : 'L';
+        popup = PopupPlace::take();
+    });
     count(list_.doubleClicked);
     press(view_, {20, view_.viewport()->height() - 5}, Qt::RightButton);
     EXPECT_EQ(list_.selectedRow(), 1);
     press(view_, placeOf(view_, 1), Qt::RightButton);
-    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
-    QCoreApplication::sendEvent(&view_, &menuKey);
+    EXPECT_EQ(popup, QCursor::pos());
+    MenuKeys menuKeys;
+    qApp->installEventFilter(&menuKeys);
+    QTest::keyClick(&view_, Qt::Key_F10, Qt::ShiftModifier);
+    letEventsRun();
+    EXPECT_EQ(popup, view_.viewport()->mapToGlobal(view_.visualRect(view_.model()->index(1, 0)).bottomLeft()));
     press(view_, placeOf(view_, 2));
     QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, placeOf(view_, 2));
     EXPECT_EQ(selected(), Rows{2});
@@ -214,7 +224,7 @@ TEST_F(QuickFile, DirectoriesShowTheWayDownAndOpenByDoubleClickAndEnter) {
 class Files : public QuickFile {
 protected:
     Files() {
-        for (const char* name : {"a.htm", "b.htm", "c\xff.htm", "d.txt"}) directory_.write(name, "");
+        for (const char* name : {"a.htm", "b\n.htm", "c\xff.htm", "d.txt"}) directory_.write(name, "");
         files_.setPath(directory_.path());
         bind();
     }
@@ -234,7 +244,7 @@ protected:
 };
 
 TEST_F(Files, SelectionGoesBothWays) {
-    EXPECT_EQ(textAt(view_, 2), "c\xEF\xBF\xBD.htm");
+    EXPECT_EQ(textAt(view_, 1) + textAt(view_, 2), R"(b\n.htmc\xFF.htm)");
     press(view_, placeOf(view_, 0));
     press(view_, placeOf(view_, 2), Qt::LeftButton, Qt::ControlModifier);
     EXPECT_EQ(selected(), "x-x-");

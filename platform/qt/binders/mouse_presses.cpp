@@ -8,6 +8,7 @@
 
 #include "platform/qt/form_link.h"
 #include "platform/qt/key_codes.h"
+#include "platform/qt/popup_place.h"
 
 namespace kelvor::qt {
 
@@ -55,25 +56,31 @@ private:
     const QAbstractItemView& list_;
 };
 
-/// Tells the menu key as a right press on the row in focus.
+/// Tells the menu key as a right press on what the popup is about, below which it then opens.
 class MenuKey : public QObject {
 public:
-    MenuKey(const QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell)
-        : QObject(&link), list_(list), tell_(std::move(tell)) {}
+    MenuKey(const QWidget& origin, FormLink& link, std::function<QRect()> subject,
+            std::function<void(const MousePress&)> tell)
+        : QObject(&link), origin_(origin), subject_(std::move(subject)), tell_(std::move(tell)) {}
 
 protected:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() != QEvent::ContextMenu) return false;
         if (static_cast<const QContextMenuEvent&>(*event).reason() != QContextMenuEvent::Keyboard) return false;
-        const QPoint place = list_.visualRect(list_.currentIndex()).center();
-        const MousePress press = {.button = MousePress::right, .shift = 0, .x = place.x(), .y = place.y()};
-        QMetaObject::invokeMethod(
-            this, [this, press] { tell_(press); }, Qt::QueuedConnection);
+        const QRect subject = subject_();
+        const QPoint middle = subject.center();
+        const MousePress press = {.button = MousePress::right, .shift = 0, .x = middle.x(), .y = middle.y()};
+        const auto tell = [this, press, below = origin_.mapToGlobal(subject.bottomLeft())] {
+            const PopupPlace place(below);
+            tell_(press);
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
         return true;
     }
 
 private:
-    const QAbstractItemView& list_;
+    const QWidget& origin_;
+    std::function<QRect()> subject_;
     std::function<void(const MousePress&)> tell_;
 };
 
@@ -84,10 +91,19 @@ void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
     widget.installEventFilter(new PressFilter(origin, link, std::move(tell)));
 }
 
+void tellMenuKey(QWidget& widget, const QWidget& origin, FormLink& link, std::function<void(const MousePress&)> tell) {
+    const auto subject = [&widget, &origin] { return QRect(widget.mapTo(&origin, QPoint()), widget.size()); };
+    widget.installEventFilter(new MenuKey(origin, link, subject, std::move(tell)));
+}
+
 void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell) {
     // The filter that comes last is asked first.
     list.viewport()->installEventFilter(new ChoiceKeeper(list, link));
-    list.installEventFilter(new MenuKey(list, link, tell));
+    const auto row = [&list] {
+        list.scrollTo(list.currentIndex());
+        return list.visualRect(list.currentIndex());
+    };
+    list.installEventFilter(new MenuKey(*list.viewport(), link, row, tell));
     tellMousePresses(*list.viewport(), *list.viewport(), link, std::move(tell));
 }
 

@@ -17,8 +17,11 @@ class FormLink;
 void tellMousePresses(QWidget& widget, const QWidget& origin, FormLink& link,
                       std::function<void(const MousePress&)> tell);
 
-/// The same for the presses on a list, and the menu key as a right press on the row in focus. A right one beside the
-/// rows leaves the user's choice as it is, for a menu that opens there is about that choice.
+/// Tells the menu key on `widget` as a right press in its middle, with the place below it for a popup.
+void tellMenuKey(QWidget& widget, const QWidget& origin, FormLink& link, std::function<void(const MousePress&)> tell);
+
+/// The presses on a list, and the menu key as a right press on the row in focus, with the place below it for a popup.
+/// A right press beside the rows leaves the user's choice as it is, for a menu that opens there is about that choice.
 void tellRowPresses(QAbstractItemView& list, FormLink& link, std::function<void(const MousePress&)> tell);
 
 }  // namespace kelvor::qt

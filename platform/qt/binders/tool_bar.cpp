@@ -50,7 +50,9 @@ QAction& addButton(ToolBar& bar, const ToolBar::Button& button, QToolBar& widget
     // A click leaves the keyboard to the text.
     face.setFocusPolicy(Qt::TabFocus);
     if (button.kind == Kind::dropDown) addEntries(bar, button, face, link);
-    tellMousePresses(face, widget, link, [&bar](const MousePress& press) { bar.mouseDown.raise(press); });
+    const auto tell = [&bar](const MousePress& press) { bar.mouseDown.raise(press); };
+    tellMousePresses(face, widget, link, tell);
+    tellMenuKey(face, widget, link, tell);
     return *action;
 }
 
