@@ -95,6 +95,8 @@ void FormLink::follow(Control& control, QWidget& widget, std::function<void(Aspe
                 break;
             case Aspect::toolTip:
                 widget.setToolTip(toolTipText(control.toolTip()));
+                // Otherwise a screen reader is given the tool tip, with its mark-up.
+                widget.setAccessibleDescription(plainLines(control.toolTip()));
                 break;
             case Aspect::focus:
                 widget.setFocus();

@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 
 #include "platform/qt/binders/binders.h"
+#include "platform/qt/binders/combo_parts.h"
 #include "platform/qt/binders/string_rows.h"
 #include "platform/qt/binders/text_field.h"
 #include "platform/qt/convert.h"
@@ -13,6 +14,7 @@ namespace kelvor::qt {
 
 void bindComboBox(ComboBox& box, QComboBox& widget, FormLink& link) {
     auto* rows = new StringRows(box.list(), &link);
+    nameParts(widget, link);
     widget.setModel(rows);
     widget.setFocusPolicy(Qt::StrongFocus);
     if (box.style() == ComboBox::Style::editable) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/qt/binders/binders.h"
+#include "platform/qt/binders/combo_parts.h"
 #include "platform/qt/binders/string_rows.h"
 
 namespace kelvor::qt {
@@ -38,6 +39,7 @@ void showChoice(const DriveList& drives, QComboBox& widget) {
 
 void bindDriveList(DriveList& drives, QComboBox& widget, FormLink& link) {
     auto* rows = new StringRows(drives.list(), &link);
+    nameParts(widget, link);
     widget.setModel(rows);
     widget.setFocusPolicy(Qt::StrongFocus);
     widget.installEventFilter(new Refresher(drives, link));

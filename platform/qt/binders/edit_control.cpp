@@ -1,5 +1,7 @@
 #include "platform/edit_control.h"
 
+#include <QLabel>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -8,6 +10,26 @@
 #include "platform/qt/scintilla_edit.h"
 
 namespace kelvor::qt {
+
+namespace {
+
+/// What an empty edit box is for, in it, when the layout tells it.
+void showPlaceholder(EditControl& edit, const QWidget& place, QWidget& widget) {
+    const QString text = place.property("placeholderText").toString();
+    if (text.isEmpty()) return;
+    auto* label = new QLabel(text, &widget);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    constexpr int margin = 5;  // pixels; where the text's first line stands
+    label->move(margin, 2);
+    const auto show = [&edit, label = QPointer(label)] {
+        if (label) label->setVisible(edit.characterCount() == 0);
+    };
+    edit.changed.connect(show);
+    show();
+}
+
+}  // namespace
 
 void bindEditControl(EditControl& edit, QWidget& place, FormLink& link) {
     link.follow(edit, place, [](Aspect) {});
@@ -18,6 +40,7 @@ void bindEditControl(EditControl& edit, QWidget& place, FormLink& link) {
     auto* layout = new QVBoxLayout(&place);
     layout->setContentsMargins({});
     layout->addWidget(widget);
+    showPlaceholder(edit, place, *widget);
     // Tab comes to it where it comes to the place, which it would reach last otherwise.
     place.setFocusPolicy(Qt::StrongFocus);
     QWidget::setTabOrder(&place, widget);

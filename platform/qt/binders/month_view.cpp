@@ -2,13 +2,30 @@
 
 #include <QCalendarWidget>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/convert.h"
 
 namespace kelvor::qt {
 
+namespace {
+
+/// The toolkit gives these parts of its calendar no names for a screen reader.
+void nameParts(QCalendarWidget& calendar) {
+    constexpr std::pair<const char*, const char*> names[] = {{"qt_calendar_prevmonth", "Previous month"},
+                                                             {"qt_calendar_nextmonth", "Next month"},
+                                                             {"qt_calendar_yearedit", "Year"},
+                                                             {"qt_calendar_calendarview", "Days"}};
+    for (const auto& [part, name] : names)
+        if (auto* widget = calendar.findChild<QWidget*>(QLatin1String(part)))
+            widget->setAccessibleName(QLatin1String(name));
+}
+
+}  // namespace
+
 void bindMonthView(MonthView& view, QCalendarWidget& widget, FormLink& link) {
+    nameParts(widget);
     widget.setFirstDayOfWeek(QLocale().firstDayOfWeek());
     const auto show = [&view, &widget] {
         const QSignalBlocker blocker(widget);

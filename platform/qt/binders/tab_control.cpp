@@ -35,6 +35,7 @@ void bindTabControl(TabControl& tabs, QTabWidget& widget, FormLink& link) {
         throw Error(error_number::elementNotFound, "has " + std::to_string(widget.count()) +
                                                        " pages in the layout for " + std::to_string(tabs.count()) +
                                                        " tabs");
+    widget.setAccessibleName(QStringLiteral("Pages"));
     for (int page = 0; page < widget.count(); ++page) widget.setTabText(page, toQt(tabs.caption(page)));
     const auto show = [&tabs, &widget] { showPages(tabs, widget); };
     link.follow(tabs, widget, [show](Aspect) { show(); });

@@ -47,6 +47,8 @@ QAction& addButton(ToolBar& bar, const ToolBar::Button& button, QToolBar& widget
                      });
     auto& face = *qobject_cast<QToolButton*>(widget.widgetForAction(action));
     face.setAccessibleName(toQt(button.toolTip));
+    // Otherwise the tool tip is taken, with its mark-up.
+    face.setAccessibleDescription(toQt(button.toolTip));
     // A click leaves the keyboard to the text.
     face.setFocusPolicy(Qt::TabFocus);
     if (button.kind == Kind::dropDown) addEntries(bar, button, face, link);
@@ -64,10 +66,15 @@ void alignFaces(QToolBar& widget) {
     for (QToolButton* face : faces) face->setMinimumWidth(widest);
 }
 
-/// The button that shows what a narrow bar has no room for comes with an arrow that is black on every palette.
-void drawExtension(QToolBar& widget) {
+/// The button that shows what a narrow bar has no room for comes without a name and with an arrow that is black on
+/// every palette.
+void setUpExtension(QToolBar& widget) {
     auto* extension = widget.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-    if (extension) extension->setIcon(themedIcon(QStringLiteral(":/toolbar/more.svg")));
+    if (!extension) return;
+    extension->setIcon(themedIcon(QStringLiteral(":/toolbar/more.svg")));
+    const QString name = QStringLiteral("More of ") + widget.windowTitle();
+    extension->setAccessibleName(name);
+    extension->setToolTip(name);
 }
 
 }  // namespace
@@ -78,7 +85,7 @@ void bindToolBar(ToolBar& bar, QToolBar& widget, FormLink& link) {
         const bool line = button.kind == Kind::separator;
         actions.push_back(line ? widget.addSeparator() : &addButton(bar, button, widget, link));
     }
-    drawExtension(widget);
+    setUpExtension(widget);
     if (widget.orientation() == Qt::Vertical) alignFaces(widget);
     tellMousePresses(widget, widget, link, [&bar](const MousePress& press) { bar.mouseDown.raise(press); });
     link.follow(bar, widget, [&bar, actions](Aspect) {
