@@ -16,6 +16,7 @@
 
 #include "platform/event.h"
 #include "platform/qt/menu_keys.h"
+#include "platform/qt/style.h"
 
 /// A static library's resources are there only when asked for, and only outside a namespace.
 static void loadIcons() {
@@ -74,6 +75,7 @@ Application::Application(int& argumentCount, char** arguments) : QApplication(ar
     setApplicationName(QStringLiteral("kelvor"));
     setDesktopFileName(QStringLiteral("kelvor"));
     loadIcons();
+    setStyle(new Style);
     installEventFilter(new MenuKeys(this));
     setWindowIcon(QIcon(QStringLiteral(":/kelvor.svg")));
     // The frame's end is the program's; a tool window left over must not keep it, and none's end may be it.

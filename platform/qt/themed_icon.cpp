@@ -8,6 +8,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include "platform/qt/colors.h"
+
 namespace kelvor::qt {
 
 namespace {
@@ -17,11 +19,6 @@ constexpr qsizetype colorLength = 7;
 
 /// Of 1: how far the colours of a disabled drawing go towards its ink.
 constexpr double disabledFade = 0.6;
-
-QColor between(const QColor& from, const QColor& to, double part) {
-    const auto mixed = [part](int first, int second) { return qRound(first + (second - first) * part); };
-    return {mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
-}
 
 /// The drawing with its colours as a palette wants them.
 QByteArray recolored(QByteArray drawing, const QColor& ink, bool enabled) {
@@ -50,7 +47,8 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
         const bool enabled = mode != QIcon::Disabled;
         const auto group = enabled ? QPalette::Active : QPalette::Disabled;
-        const QColor ink = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
+        const QColor ink = QGuiApplication::palette().color(group, role);
         const QString key = QStringLiteral("%1 %2x%3 %4 %5")
                                 .arg(file_)
                                 .arg(size.width())

@@ -4,7 +4,8 @@
 
 namespace kelvor::qt {
 
-/// The ink that the drawings are made with; each shows the palette's text colour of buttons in its place.
+/// The ink that the drawings are made with; each shows the palette's text colour in its place: that of buttons, or in a
+/// selected row that of the selection.
 constexpr char drawnInk[] = "#202020";
 
 /// The icon of an SVG drawing among the resources. Its ink follows the application's palette at every painting, so

@@ -14,6 +14,7 @@
 #include "platform/menu_item.h"
 #include "platform/qt/binding.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/empty_frame_hint.h"
 #include "platform/qt/layouts.h"
 #include "platform/qt/modal.h"
 #include "platform/qt/popup_place.h"
@@ -79,6 +80,7 @@ void QtWindows::setUpFrame(Form& form, QMainWindow& window) {
     auto* frame = dynamic_cast<MDIForm1*>(&form);
     auto* area = window.findChild<QMdiArea*>(QStringLiteral("MdiArea1"));
     if (!frame || !area) return;
+    new EmptyFrameHint(*area);
     mdi_ = std::make_unique<MdiView>(frame->mdi, form, *area, [this](Form& child) { return widgetOf(child); });
     if (auto* menu = window.findChild<QMenu*>(QStringLiteral("mnuWindow"))) mdi_->listWindows(*menu);
 }

@@ -3,6 +3,8 @@
 #include <set>
 
 #include "platform/qt/button_pictures.h"
+#include "platform/qt/colors.h"
+#include "platform/qt/style.h"
 #include "platform/text_box.h"
 #include "tests/qt/form_fixture.h"
 
@@ -101,6 +103,30 @@ TEST(Pictures, HaveThePalettesInkAndAreGreyWhenDisabled) {
             EXPECT_EQ(QColor(name).saturation(), 0) << qPrintable(name);
     }
     QApplication::setPalette({});
+}
+
+TEST(Style, LetsDisabledTextsBeReadInHighContrastAlone) {
+    const struct {
+        QColor text;
+        QColor paper;
+        double least;
+        double most;
+    } rows[] = {
+        {Qt::white, Qt::black, 4.5, 6},
+        {Qt::yellow, Qt::black, 4.5, 6},
+        {Qt::black, Qt::white, 4.5, 6},
+        {"#eff0f1", "#31363b", 1, 1.2},
+    };
+    for (const auto& [text, paper, least, most] : rows) {
+        QPalette palette(text, paper, paper, paper, paper, text, text, paper, paper);
+        const auto roles = {QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
+        for (const auto role : roles) palette.setColor(QPalette::Disabled, role, paper);
+        Style().polish(palette);
+        for (const auto role : roles) {
+            const double shown = contrast(palette.color(QPalette::Disabled, role), paper);
+            EXPECT_TRUE(shown >= least && shown <= most) << fromQt(text.name()) << ": " << shown;
+        }
+    }
 }
 
 }  // namespace

@@ -136,14 +136,20 @@ TEST_F(Frame, TheWindowMenuListsTheChildren) {
     EXPECT_EQ(frame_.mdi.activeForm(), &first);
 }
 
-TEST_F(Frame, ARightPressOnTheBackgroundIsTheFrames) {
+TEST_F(Frame, ARightPressOnTheBackgroundWithItsHintIsTheFrames) {
     int presses = 0;
     frame_.mouseDown.connect([&](const MousePress& press) { presses += press.button; });
+    const auto& hint = *area().viewport()->findChild<QLabel*>();
+    EXPECT_TRUE(hint.isVisible());
     QTest::mouseClick(area().viewport(), Qt::LeftButton);
     QTest::mouseClick(area().viewport(), Qt::RightButton);
     EXPECT_EQ(presses, 2);
-    QTest::mouseClick(windows().widgetOf(open("/one")), Qt::RightButton);
+    EditWindow& child = open("/one");
+    QTest::mouseClick(windows().widgetOf(child), Qt::RightButton);
     EXPECT_EQ(presses, 2);
+    EXPECT_FALSE(hint.isVisible());
+    close(child);
+    EXPECT_TRUE(hint.isVisible());
 }
 
 TEST_F(Frame, AToolFormEndsByItsOwnActsAndByEscape) {

@@ -25,6 +25,7 @@ QWidget* makeHeader(SideBar& bar, QWidget& widget, FormLink& link) {
     QObject::connect(close, &QToolButton::clicked, &link, [&bar] { bar.closeClicked.raise(); });
     auto* layout = new QHBoxLayout(header);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
     layout->addWidget(title, 1);
     layout->addWidget(close, 0, Qt::AlignTop);
     return header;
