@@ -23,6 +23,20 @@ QColor between(const QColor& from, const QColor& to, double part) {
     return {mixed(from.red(), to.red()), mixed(from.green(), to.green()), mixed(from.blue(), to.blue())};
 }
 
+QColor readable(const QColor& from, const QColor& to, const QColor& background) {
+    constexpr double step = 0.05;
+    for (double part = 0; part < 1; part += step) {
+        const QColor color = between(from, to, part);
+        if (isReadable(color, background)) return color;
+    }
+    return to;
+}
+
+bool isReadable(const QColor& text, const QColor& background) {
+    constexpr double effortless = 4.5;
+    return contrast(text, background) >= effortless;
+}
+
 double contrast(const QColor& first, const QColor& second) {
     constexpr double glare = 0.05;
     const auto [darker, lighter] = std::minmax({luminance(first), luminance(second)});

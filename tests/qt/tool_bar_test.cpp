@@ -121,11 +121,13 @@ TEST(Style, LetsDisabledTextsBeReadInHighContrastAlone) {
         QPalette palette(text, paper, paper, paper, paper, text, text, paper, paper);
         const auto roles = {QPalette::WindowText, QPalette::Text, QPalette::ButtonText};
         for (const auto role : roles) palette.setColor(QPalette::Disabled, role, paper);
+        palette.setColor(QPalette::PlaceholderText, paper);
         Style().polish(palette);
         for (const auto role : roles) {
             const double shown = contrast(palette.color(QPalette::Disabled, role), paper);
             EXPECT_TRUE(shown >= least && shown <= most) << fromQt(text.name()) << ": " << shown;
         }
+        EXPECT_TRUE(isReadable(palette.color(QPalette::PlaceholderText), paper)) << fromQt(text.name());
     }
 }
 

@@ -2,9 +2,11 @@
 
 #include <QCalendarWidget>
 #include <QSignalBlocker>
+#include <QTextCharFormat>
 #include <utility>
 
 #include "platform/qt/binders/binders.h"
+#include "platform/qt/colors.h"
 #include "platform/qt/convert.h"
 
 namespace kelvor::qt {
@@ -22,10 +24,19 @@ void nameParts(QCalendarWidget& calendar) {
             widget->setAccessibleName(QLatin1String(name));
 }
 
+/// The toolkit's red of free days cannot be read on every background.
+void showFreeDays(QCalendarWidget& calendar) {
+    const QPalette& palette = calendar.palette();
+    QTextCharFormat free;
+    free.setForeground(readable(Qt::red, palette.color(QPalette::Text), palette.color(QPalette::Base)));
+    for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar.setWeekdayTextFormat(day, free);
+}
+
 }  // namespace
 
 void bindMonthView(MonthView& view, QCalendarWidget& widget, FormLink& link) {
     nameParts(widget);
+    showFreeDays(widget);
     widget.setFirstDayOfWeek(QLocale().firstDayOfWeek());
     const auto show = [&view, &widget] {
         const QSignalBlocker blocker(widget);
