@@ -132,6 +132,7 @@ TEST_F(CommandSurface, TheSideBarsStandBesideTheDocuments) {
     EXPECT_LT(placeOf("CoolBar1").right(), placeOf("MdiArea1").left());
     EXPECT_GT(placeOf("CoolBar2").left(), placeOf("MdiArea1").right());
     const int width = placeOf("CoolBar2").width();
+    EXPECT_LE(width, widget<QToolBar>(frame_, "Toolbar4").sizeHint().width() + 4) << "no wider than its buttons";
     frame_.CoolBar1.setVisible(false);
     frame_.CoolBar2.setAlign(SideBar::left);
     letEventsRun();
