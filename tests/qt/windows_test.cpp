@@ -189,6 +189,7 @@ TEST_F(Frame, NothingBelowADialogOrAModalFormCloses) {
     EXPECT_TRUE(form_.unload());
     whileModal([&] {
         TemplateHolder above;
+        above.onLoad = {};
         above.load();
         EXPECT_FALSE(child.unload() || frame_.unload());
         EXPECT_TRUE(above.unload()) << "opened above the modal form";
