@@ -56,6 +56,10 @@ class RulesCanFail(unittest.TestCase):
             "core/b.h": '#include "core/c.h"\n', "core/c.h": "", "core/c.cpp": '#include "core/a.h"\n',
         }), "core/a -> core/b -> core/c -> core/a")
 
+    def test_loops(self):
+        for text in ("dialog.exec();", "return box->exec() == QDialog::Accepted;"):
+            self.expect(source_rules.check({"platform/qt/a.cpp": f"\n{text}\n"}), "platform/qt/a.cpp:2: an event loop")
+
     def test_file_length(self):
         self.expect(source_rules.check({"core/a.cpp": "\n" * 500}))
         self.expect(source_rules.check({"core/a.cpp": "\n" * 501}), "501 lines")

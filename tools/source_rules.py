@@ -47,6 +47,10 @@ CLOSED_FOLDERS = ("platform/", "KVFileSystem/")
 TOOLKIT_FOLDERS = ("platform/qt/", "tests/qt/", "bench/")
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*|Qsci/.*|q\w+\.h|Sci\w*\.h|ui_\w+\.h)$")
 
+# An event loop inside a command runs only where the forms below it are kept open: dialogs go through modal.h.
+LOOP = re.compile(r"(\.|->)exec\(")
+LOOP_PLACES = ("platform/qt/modal.cpp", "platform/qt/windows.cpp", "platform/qt/browser/", "tests/", "bench/")
+
 FILE_LINES = 500
 # Rows of data without a branch may go on for longer.
 DATA_TABLES = ("core/menu_table.cpp", "core/toolbar_table.cpp")
@@ -79,7 +83,7 @@ def includes(text):
 
 def check(files):
     return (check_toolkit(files) + check_include_paths(files) + check_floors(files) + check_circles(files)
-            + check_lengths(files))
+            + check_loops(files) + check_lengths(files))
 
 
 def check_toolkit(files):
@@ -129,6 +133,12 @@ def check_circles(files):
     for unit in sorted(below):
         walk(unit, [])
     return findings
+
+
+def check_loops(files):
+    return [f"{path}:{number}: an event loop of its own; platform/qt/modal.h shows dialogs"
+            for path, text in files.items() if not path.startswith(LOOP_PLACES)
+            for number, line in enumerate(text.splitlines(), 1) if LOOP.search(line)]
 
 
 def check_lengths(files):
