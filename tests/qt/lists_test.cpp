@@ -3,7 +3,6 @@
 #include "platform/directory_list.h"
 #include "platform/drive_list.h"
 #include "platform/file_list.h"
-#include "platform/qt/menu_keys.h"
 #include "platform/qt/popup_place.h"
 #include "platform/report_view.h"
 #include "platform/side_bar.h"
@@ -115,8 +114,6 @@ TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
     EXPECT_EQ(list_.selectedRow(), 1);
     press(view_, placeOf(view_, 1), Qt::RightButton);
     EXPECT_EQ(popup, QCursor::pos());
-    MenuKeys menuKeys;
-    qApp->installEventFilter(&menuKeys);
     QTest::keyClick(&view_, Qt::Key_F10, Qt::ShiftModifier);
     letEventsRun();
     EXPECT_EQ(popup, view_.viewport()->mapToGlobal(view_.visualRect(view_.model()->index(1, 0)).bottomLeft()));
