@@ -12,6 +12,7 @@ import time
 DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
 DISPLAY_SIZE = (1024, 768)
 START_SECONDS = 60
+XDOTOOL = shutil.which("xdotool")
 
 # Landlock, of linux/landlock.h: the calls, and the rights of its first version, which every later one knows.
 CREATE_RULESET, ADD_RULE, RESTRICT_SELF = 444, 445, 446
@@ -46,7 +47,8 @@ def confine(work):
     # The loader and the shell of the stand-ins.
     for place in ("/lib64", "/lib", "/bin/sh"):
         allow(ruleset, os.path.realpath(place), EXECUTE | READ_FILE | READ_DIR)
-    allow(ruleset, "/dev", READ_FILE | WRITE_FILE | READ_DIR)
+    for place in ("/dev/null", "/dev/urandom"):
+        allow(ruleset, place, READ_FILE | WRITE_FILE)
     if LIBRARY.prctl(NO_NEW_PRIVILEGES, 1, 0, 0, 0) or LIBRARY.syscall(RESTRICT_SELF, ruleset, 0):
         raise OSError(ctypes.get_errno(), "the confinement")
 
@@ -57,6 +59,7 @@ class Screen:
     def __init__(self, program):
         self.program = pathlib.Path(program).resolve()
         self.processes = []
+        self.editor = None
 
     @staticmethod
     def can_confine():
@@ -121,7 +124,7 @@ class Screen:
 
     def press(self, *words):
         """Runs xdotool; what it says, or "" when it failed."""
-        done = subprocess.run(["/usr/bin/xdotool", *map(str, words)], env=self.environment, text=True,
+        done = subprocess.run([XDOTOOL, *map(str, words)], env=self.environment, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
         return done.stdout.strip() if done.returncode == 0 else ""
 
@@ -142,7 +145,7 @@ class Screen:
             time.sleep(0.05)
 
     def check_alive(self):
-        if hasattr(self, "editor") and self.editor.poll() not in (None, 0):
+        if self.editor and self.editor.poll() not in (None, 0):
             raise Failure(f"the program crashed: {self.outcome()}")
 
     def outcome(self):
