@@ -18,6 +18,7 @@ constexpr int fontTag = 3;
 std::optional<int> chooseColor() {
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.flags = dialog_flag::fullOpen;
+    dialog.dialogTitle.clear();
     if (!answered(dialog, &CommonDialog::ShowColor)) return std::nullopt;
     return dialog.color;
 }

@@ -19,7 +19,7 @@ public:
     std::string input(const InputRequest& /*request*/) override { return {}; }
     std::vector<std::string> openFiles(const FileRequest& /*request*/) override { return {}; }
     std::optional<std::string> saveFile(const FileRequest& /*request*/) override { return {}; }
-    std::optional<int> color() override { return {}; }
+    std::optional<int> color(const std::string& /*title*/, int /*start*/) override { return {}; }
     std::optional<std::string> folder(const std::string& /*title*/, const std::string& /*start*/) override {
         return {};
     }

@@ -42,7 +42,7 @@ void CommonDialog::ShowSave() {
 }
 
 void CommonDialog::ShowColor() {
-    const auto chosen = platform().dialogs.color();
+    const auto chosen = platform().dialogs.color(dialogTitle, color);
     if (!chosen) throw cancelled();
     color = *chosen;
 }

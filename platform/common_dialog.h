@@ -32,8 +32,8 @@ public:
     std::vector<std::string> fileNames;
     /// The chosen file's name without its directory.
     std::string fileTitle;
-    /// Red in the low byte.
-    int color = 0;
+    /// The colour chosen last, where the next choice starts. Red in the low byte.
+    int color = 0xffffff;
 
     /// Each of these returns after a choice and throws Error 32755 when the dialog was cancelled.
     void ShowOpen();

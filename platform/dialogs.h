@@ -51,9 +51,11 @@ public:
     /// The chosen existing files; empty when cancelled.
     virtual std::vector<std::string> openFiles(const FileRequest& request) = 0;
     virtual std::optional<std::string> saveFile(const FileRequest& request) = 0;
-    /// A colour with red in the low byte.
-    virtual std::optional<int> color() = 0;
     virtual std::optional<std::string> folder(const std::string& title, const std::string& start) = 0;
+    /// Colours have red in the low byte.
+    /// @param title  "" for the dialog's own
+    /// @param start  the colour that is shown first
+    virtual std::optional<int> color(const std::string& title, int start) = 0;
 };
 
 }  // namespace kelvor

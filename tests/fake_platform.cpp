@@ -130,7 +130,9 @@ std::optional<std::string> FakePlatform::saveFile(const FileRequest& request) {
     return step->text;
 }
 
-std::optional<int> FakePlatform::color() {
+std::optional<int> FakePlatform::color(const std::string& title, int start) {
+    colorTitle = title;
+    colorStart = start;
     const auto step = next("color", "");
     return step ? step->color : std::nullopt;
 }

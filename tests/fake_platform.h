@@ -64,6 +64,8 @@ public:
     MousePointer pointer = MousePointer::standard;
     int beeps = 0;
     int eventRounds = 0;
+    std::string colorTitle;  ///< what the last colour dialog was opened with
+    int colorStart = 0;
 
 private:
     struct Step {
@@ -85,7 +87,7 @@ private:
     std::string input(const InputRequest& request) override;
     std::vector<std::string> openFiles(const FileRequest& request) override;
     std::optional<std::string> saveFile(const FileRequest& request) override;
-    std::optional<int> color() override;
+    std::optional<int> color(const std::string& title, int start) override;
     std::optional<std::string> folder(const std::string& title, const std::string& start) override;
 
     void beep() override { ++beeps; }

@@ -2,20 +2,15 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QTreeView>
 #include <algorithm>
 
-#include "platform/paths.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/file_filter.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/modal.h"
 
 namespace kelvor::qt {
@@ -24,8 +19,6 @@ namespace {
 
 /// In pixels; long paths in a question are broken at this width and not at the screen's.
 constexpr int widestPrompt = 480;
-/// In pixels; wide enough for the columns of the list.
-constexpr QSize fileDialogSize(820, 520);
 /// In pixels; what a title bar needs beside its text for icon and buttons.
 constexpr int titleBarMargin = 130;
 
@@ -82,49 +75,14 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
         ->second;
 }
 
-/// The library's own dialogs and not the desktop's: only these ignore case in the patterns everywhere.
-void prepare(QFileDialog& dialog, const std::string& title, const std::string& directory) {
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    if (!title.empty()) dialog.setWindowTitle(windowTitle(title));
-    dialog.resize(fileDialogSize);
-    const QString start = toQt(directory);
-    dialog.setDirectory(QFileInfo(start).isDir() ? start : QDir::homePath());
-    if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
-        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    }
+/// The paths that the user chooses; none when the dialog is cancelled.
+std::vector<std::string> chosen(FilePurpose purpose, const FileRequest& request) {
+    FileDialog dialog(purpose, request);
+    return showUntilAnswered(dialog) == QDialog::Accepted ? dialog.chosen() : std::vector<std::string>();
 }
 
-/// The files named in the dialog's field, each in double quotes. The dialog itself takes those that its list shows for
-/// all, and loses names from other directories. None when some are not there, or the field names one without quotes.
-QStringList quotedFiles(const QFileDialog& dialog) {
-    const auto* field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    const QStringList parts = field ? field->text().split(QLatin1Char('"')) : QStringList();
-    QStringList files;
-    for (qsizetype name = 1; name < parts.size(); name += 2) files << dialog.directory().absoluteFilePath(parts[name]);
-    const bool allThere =
-        std::all_of(files.begin(), files.end(), [](const QString& file) { return QFile::exists(file); });
-    return allThere ? files : QStringList();
-}
-
-/// The chosen paths, native; none when the dialog was cancelled.
-std::vector<std::string> chosen(QFileDialog& dialog) {
-    std::vector<std::string> paths;
-    if (showUntilAnswered(dialog) != QDialog::Accepted) return paths;
-    QStringList files = quotedFiles(dialog);
-    if (files.isEmpty()) files = dialog.selectedFiles();
-    for (const QString& path : files) paths.push_back(fromQt(path));
-    return paths;
-}
-
-void prepareForFiles(QFileDialog& dialog, const FileRequest& request) {
-    prepare(dialog, request.title, request.directory);
-    const QStringList filters = nameFilters(request.filter);
-    // The names tell their patterns already.
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(filters);
-    const auto row = std::clamp<qsizetype>(request.filterIndex, 1, filters.size()) - 1;
-    dialog.selectNameFilter(filters[row]);
+std::optional<std::string> firstOf(const std::vector<std::string>& paths) {
+    return paths.empty() ? std::nullopt : std::optional(paths.front());
 }
 
 /// Makes a box at least as wide as its title, which the window manager would cut otherwise.
@@ -169,40 +127,23 @@ std::string QtDialogs::input(const InputRequest& request) {
 }
 
 std::vector<std::string> QtDialogs::openFiles(const FileRequest& request) {
-    QFileDialog dialog;
-    prepareForFiles(dialog, request);
-    dialog.setFileMode(request.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    return chosen(dialog);
+    return chosen(FilePurpose::open, request);
 }
 
 std::optional<std::string> QtDialogs::saveFile(const FileRequest& request) {
-    QFileDialog dialog;
-    prepareForFiles(dialog, request);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
-    if (!request.fileName.empty()) dialog.selectFile(toQt(fileNamePart(request.fileName)));
-    const auto paths = chosen(dialog);
-    if (paths.empty()) return std::nullopt;
-    return paths.front();
-}
-
-std::optional<int> QtDialogs::color() {
-    QColorDialog dialog;
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
-    dialog.setWindowTitle(QStringLiteral("Color"));
-    if (showUntilAnswered(dialog) != QDialog::Accepted) return std::nullopt;
-    return fromQt(dialog.currentColor());
+    return firstOf(chosen(FilePurpose::save, request));
 }
 
 std::optional<std::string> QtDialogs::folder(const std::string& title, const std::string& start) {
-    QFileDialog dialog;
-    prepare(dialog, title, start);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    const auto paths = chosen(dialog);
-    if (paths.empty()) return std::nullopt;
-    return paths.front();
+    return firstOf(chosen(FilePurpose::folder, {.title = title, .directory = start}));
+}
+
+std::optional<int> QtDialogs::color(const std::string& title, int start) {
+    QColorDialog dialog(colorToQt(start));
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(windowTitle(title.empty() ? "Color" : title));
+    if (showUntilAnswered(dialog) != QDialog::Accepted) return std::nullopt;
+    return fromQt(dialog.currentColor());
 }
 
 }  // namespace kelvor::qt

@@ -11,8 +11,8 @@ public:
     std::string input(const InputRequest& request) override;
     std::vector<std::string> openFiles(const FileRequest& request) override;
     std::optional<std::string> saveFile(const FileRequest& request) override;
-    std::optional<int> color() override;
     std::optional<std::string> folder(const std::string& title, const std::string& start) override;
+    std::optional<int> color(const std::string& title, int start) override;
 };
 
 }  // namespace kelvor::qt

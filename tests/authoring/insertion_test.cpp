@@ -101,7 +101,10 @@ TEST_F(Insertion, AColourIsWrittenInFourForms) {
         EXPECT_EQ(after(choosing(0x0080FF, command)), result);
         EXPECT_EQ(after(choosing({}, command)), "a[b]c ") << "cancelled";
     }
+    mainForm().CommonD1.dialogTitle = "of the file dialog before";
     EXPECT_EQ(after(choosing(0, mnuFormat_QuickColor_bgcolor_Click), "a[]"), "aBGCOLOR=\"#000000\"[] Text1");
+    EXPECT_EQ(platform.colorTitle, "");
+    EXPECT_EQ(platform.colorStart, 0x0080FF) << "the last one chosen";
 }
 
 TEST_F(Insertion, TheCaseCommandsLeaveTheCaretBehindTheSelection) {

@@ -4,6 +4,7 @@
 
 #include <QTest>
 #include <QtWidgets>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -27,6 +28,16 @@ protected:
     static void letEventsRun() {
         for (int round = 0; round < 3; ++round) QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// Runs `steps` on the next dialog that opens.
+    template <typename Dialog>
+    static void onDialog(std::function<void(Dialog&)> steps) {
+        QTimer::singleShot(0, [steps = std::move(steps)] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            steps(*dialog);
+        });
     }
 
     /// The widget of a loaded form's control.

@@ -1,29 +1,11 @@
 #include <csignal>
 
 #include "platform/qt/application.h"
-#include "platform/qt/file_filter.h"
 #include "tests/platform/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {
 namespace {
-
-/// Runs `steps` on the next dialog that opens.
-template <typename Dialog>
-void onDialog(std::function<void(Dialog&)> steps) {
-    QTimer::singleShot(0, [steps = std::move(steps)] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        steps(*dialog);
-    });
-}
-
-TEST(NameFilters, AreRowsOfANameAndItsPatterns) {
-    EXPECT_EQ(nameFilters("All Files (*.*)|*.*|Pages (*.asp)|*.asp;"),
-              (QStringList{"All Files (*.*) (*)", "Pages (*.asp) (*.asp)"}));
-    EXPECT_EQ(nameFilters("A| *.a ; *.b |Empty||rest"), (QStringList{"A (*.a *.b)", "Empty (*)"}));
-    EXPECT_EQ(nameFilters("No pattern"), QStringList{"All Files (*)"});
-}
 
 using Services = QtForms;
 

@@ -1,0 +1,59 @@
+#include "platform/qt/path_completer.h"
+
+#include <limits.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/error.h"
+#include "platform/folder_entries.h"
+#include "platform/qt/convert.h"
+#include "platform/typed_paths.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+std::vector<FolderEntry> readableEntries(const std::string& directory) {
+    try {
+        return folderEntries(directory);
+    } catch (const Error&) {
+        return {};
+    }
+}
+
+}  // namespace
+
+PathCompleter::PathCompleter(bool foldersOnly, QObject* parent) : QCompleter(parent), foldersOnly_(foldersOnly) {
+    setModel(&list_);
+    setCaseSensitivity(Qt::CaseInsensitive);
+}
+
+void PathCompleter::prepare(const QString& text, const std::string& directory) {
+    const qsizetype headLength = text.lastIndexOf(QLatin1Char('/')) + 1;
+    const QString head = text.left(headLength);
+    const auto folders = typedPaths(fromQt(head.isEmpty() ? QStringLiteral(".") : head), directory);
+    if (text.size() > PATH_MAX || text.startsWith(QLatin1Char('"')) || folders.size() != 1) {
+        listed_.reset();
+        return list_.setStringList({});
+    }
+    const std::pair wanted(folders.front(), text.mid(headLength).startsWith(QLatin1Char('.')));
+    if (listed_ == wanted && head_ == head) return;
+    listed_ = wanted;
+    head_ = head;
+    list_.setStringList(offers(head, wanted.first, wanted.second));
+}
+
+QStringList PathCompleter::offers(const QString& head, const std::string& directory, bool hidden) const {
+    QStringList offers;
+    for (const FolderEntry& entry : readableEntries(directory)) {
+        if ((entry.name.starts_with('.') && !hidden) || (foldersOnly_ && !entry.isFolder)) continue;
+        const QString offer = head + toQt(entry.name);
+        // What would be taken for another name when it is typed is not offered.
+        const auto paths = typedPaths(fromQt(offer), directory);
+        if (paths.size() == 1 && paths.front().ends_with("/" + entry.name)) offers += offer;
+    }
+    return offers;
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QCompleter>
+#include <QStringListModel>
+#include <optional>
+#include <string>
+
+namespace kelvor::qt {
+
+/// Offers, below a field for file names, the names and paths that go on as its text does. A folder is read once for
+/// the names in it; a text that names several files is offered nothing.
+class PathCompleter : public QCompleter {
+public:
+    /// @param foldersOnly  whether files are left out
+    PathCompleter(bool foldersOnly, QObject* parent);
+
+    /// Prepares the offers for a text that the user has just typed.
+    /// @param directory  what a name in the text is in
+    void prepare(const QString& text, const std::string& directory);
+
+private:
+    QStringList offers(const QString& head, const std::string& directory, bool hidden) const;
+
+    const bool foldersOnly_;
+    QStringListModel list_;
+    std::optional<std::pair<std::string, bool>> listed_;  ///< the folder read, and whether with hidden names
+    QString head_;                                        ///< what stands before the names
+};
+
+}  // namespace kelvor::qt
