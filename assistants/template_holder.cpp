@@ -93,7 +93,7 @@ std::string TemplateHolder::selectedName() const {
 
 void TemplateHolder::cmdOpen_Click() {
     const std::string path = templateFile(selectedName());
-    if (!fileOpen(path, true)) return reportOpenError(path);
+    if (const Outcome opened = fileOpen(path, true); !opened) return reportOpenError(path, opened.cause());
     enableMenuItems();
     mainForm().increaseUntitledCount();
     unload();
@@ -101,7 +101,7 @@ void TemplateHolder::cmdOpen_Click() {
 
 void TemplateHolder::cmdEdit_Click() {
     const std::string path = templateFile(selectedName());
-    if (!fileOpen(path, false)) return reportOpenError(path);
+    if (const Outcome opened = fileOpen(path, false); !opened) return reportOpenError(path, opened.cause());
     updateOpenFileCollection();
     enableMenuItems();
     unload();

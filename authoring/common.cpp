@@ -39,8 +39,8 @@ int loadedChildren() {
         std::count_if(forms.begin(), forms.end(), [](const Form* form) { return form->kind() == Form::Kind::child; }));
 }
 
-Answer showCritical(const std::string& title, const std::string& text) {
-    return beepAndShow({.text = text, .title = title, .icon = MessageIcon::critical});
+Answer showCritical(const std::string& title, const std::string& text, const std::string& cause = {}) {
+    return beepAndShow({.text = text, .cause = cause, .title = title, .icon = MessageIcon::critical});
 }
 
 /// The words of a command line; double quotes hold blanks together and are left out.
@@ -120,14 +120,16 @@ void openToolForm(Form& form, ShowMode mode) {
     showFormForContext(form, mode);
 }
 
-void reportLoadError() {
+void reportLoadError(const std::string& cause) {
     formLoadFailed = true;
-    platform().dialogs.message(
-        {.text = "An error occurred while loading the form", .title = "Load error", .icon = MessageIcon::critical});
+    platform().dialogs.message({.text = "An error occurred while loading the form",
+                                .cause = cause,
+                                .title = "Load error",
+                                .icon = MessageIcon::critical});
 }
 
 void installLoadErrorReporting() {
-    setLoadErrorSink([](Form&, const Error&) { reportLoadError(); });
+    setLoadErrorSink([](Form&, const Error& error) { reportLoadError(error.description()); });
 }
 
 bool hasMdiChild() {
@@ -305,9 +307,11 @@ bool useRelativePaths() {
     return GetSetting(application, "User", "relPath", "True") == "True";
 }
 
-void reportOpenError(const std::string& file) {
-    showCritical("File open error", "An error occurred while opening " + file +
-                                        "\r\nMake sure that the file is not already locked by another application.");
+void reportOpenError(const std::string& file, const std::string& cause) {
+    showCritical("File open error",
+                 "An error occurred while opening " + file +
+                     "\r\nMake sure that the file is not already locked by another application.",
+                 cause);
 }
 
 void reportFileMissing(const std::string& file) {
@@ -315,8 +319,8 @@ void reportFileMissing(const std::string& file) {
         {.text = "The file " + file + " does not exist", .title = "File not found", .icon = MessageIcon::exclamation});
 }
 
-void reportSaveError(const std::string& file) {
-    showCritical("File Save Error", "An error occured while saving the file [" + file + "].");
+void reportSaveError(const std::string& file, const std::string& cause) {
+    showCritical("File Save Error", "An error occured while saving the file [" + file + "].", cause);
 }
 
 }  // namespace kelvor

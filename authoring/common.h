@@ -74,7 +74,7 @@ void showFormForContext(Form& form, ShowMode mode);
 /// Clears `formLoadFailed`, and then showFormForContext.
 void openToolForm(Form& form, ShowMode mode);
 /// What a failed load procedure does: sets `formLoadFailed` and says so.
-void reportLoadError();
+void reportLoadError(const std::string& cause);
 /// Sends every load procedure's failure to reportLoadError. Called once at start.
 void installLoadErrorReporting();
 
@@ -159,8 +159,10 @@ bool useRelativePaths();
 
 // Messages
 
-void reportOpenError(const std::string& file);
+/// @param cause  why, as Message::cause
+void reportOpenError(const std::string& file, const std::string& cause = {});
 void reportFileMissing(const std::string& file);
-void reportSaveError(const std::string& file);
+/// @param cause  why, as Message::cause
+void reportSaveError(const std::string& file, const std::string& cause = {});
 
 }  // namespace kelvor

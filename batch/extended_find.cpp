@@ -227,12 +227,12 @@ void ExtendedFind::openMulti() {
     for (int row = 0; row < static_cast<int>(ListView1.count()); ++row) {
         if (!ListView1.isSelected(row)) continue;
         const std::string path = ListView1.cell(row, 0);
-        if (fileOpen(path, false)) {
+        if (const Outcome opened = fileOpen(path, false)) {
             updateOpenFileCollection();
             enableMenuItems();
             ListView1.setSelected(row, false);
         } else {
-            reportOpenError(path);
+            reportOpenError(path, opened.cause());
         }
     }
 }

@@ -26,6 +26,11 @@ Answer askSaveAsUtf8(const std::string& name) {
                         .buttons = MessageButtons::yesNo});
 }
 
+Outcome loggedFailure(const Error& error) {
+    logError(error);
+    return Outcome::failed(error.cause());
+}
+
 }  // namespace
 
 CDocument::CDocument() : window_(std::make_unique<EditWindow>()) {
@@ -84,7 +89,7 @@ void CDocument::editWindow_Load() {
     }
 }
 
-bool CDocument::OpenDoc(const std::string& path, bool isUntitled) {
+Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
     try {
         SourceRTB().LoadFile(path);
         SourceRTB().ZOrder();
@@ -100,12 +105,11 @@ bool CDocument::OpenDoc(const std::string& path, bool isUntitled) {
         mainForm().mdi.show(*window_);
         isSaved_ = true;
         showSavedState();
-        return true;
+        return Outcome::done();
     } catch (const std::exception&) {
-        logError(currentError());
         // The text that was loaded half way is nobody's change.
         isSaved_ = true;
-        return false;
+        return loggedFailure(currentError());
     }
 }
 
@@ -119,38 +123,39 @@ void CDocument::applyFileName(const std::string& name) {
     window_->setCaption(longFileName_);
 }
 
-bool CDocument::writeText(const std::string& path) {
+Outcome CDocument::writeText(const std::string& path) {
     EditControl& text = SourceRTB();
     const Encoding before = text.encoding();
     if (!text.canBeSaved()) {
         saveDeclined_ = askSaveAsUtf8(path) != Answer::yes;
-        if (saveDeclined_) return false;
+        if (saveDeclined_) return Outcome::failed();
         text.setEncoding(Encoding::utf8);
     }
     try {
         text.SaveFile(path);
-        return true;
+        return Outcome::done();
     } catch (const std::exception&) {
-        logError(currentError());
         text.setEncoding(before);
-        return false;
+        return loggedFailure(currentError());
     }
 }
 
-bool CDocument::SaveDoc(const std::string& path) {
+Outcome CDocument::SaveDoc(const std::string& path) {
     const std::string target = path.empty() ? longFileName_ : path;
     saveDeclined_ = false;
-    if (!writeText(target)) return false;
+    Outcome written = writeText(target);
+    if (!written) return written;
     applyFileName(target);
     isSaved_ = true;
-    return true;
+    return written;
 }
 
-bool CDocument::SaveDocAs(const std::string& path) {
-    if (!SaveDoc(path)) return false;
+Outcome CDocument::SaveDocAs(const std::string& path) {
+    Outcome saved = SaveDoc(path);
+    if (!saved) return saved;
     isUntitled_ = false;
     showSavedState();
-    return true;
+    return saved;
 }
 
 bool CDocument::CloseDoc() {
@@ -236,10 +241,10 @@ bool CDocument::saveBeforeClosing() {
         mainForm().CommonD1.ShowSave();
         longFileName_ = mainForm().CommonD1.fileName;
     }
-    const bool saved = SaveDoc(longFileName_);
-    if (!saved && !saveDeclined_) reportSaveError(longFileName_);
+    const Outcome saved = SaveDoc(longFileName_);
+    if (!saved && !saveDeclined_) reportSaveError(longFileName_, saved.cause());
     updateOpenFileCollection();
-    return saved;
+    return bool(saved);
 }
 
 void CDocument::editWindow_QueryUnload(bool& cancel) {

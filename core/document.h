@@ -6,6 +6,7 @@
 #include "authoring/htmlkeys.h"
 #include "core/edit_window.h"
 #include "core/rich_text_box.h"
+#include "platform/outcome.h"
 #include "platform/tab_strip.h"
 #include "preview/virtual_directories.h"
 
@@ -44,15 +45,15 @@ public:
 
     /// Takes a file's text, and a tab and a place among the open documents.
     /// @param isUntitled  the text only: the document gets the next untitled name
-    /// @return false when the file cannot be read; the document is then to be closed
-    bool OpenDoc(const std::string& path, bool isUntitled);
+    /// @return failed when the file cannot be read; the document is then to be closed
+    Outcome OpenDoc(const std::string& path, bool isUntitled);
     /// Writes the text over the file, in the encoding that it came in. A character that the encoding lacks brings up
     /// the question whether to save as UTF-8.
     /// @param path  "" for the document's own
-    /// @return false when nothing was written; text and saved state are as before
-    bool SaveDoc(const std::string& path);
+    /// @return failed when it was not; text and saved state are as before
+    Outcome SaveDoc(const std::string& path);
     /// SaveDoc, after which the document has a file of its own.
-    bool SaveDocAs(const std::string& path);
+    Outcome SaveDocAs(const std::string& path);
     /// Whether the last SaveDoc failed by the user's own No: there is nothing more to tell then.
     bool saveDeclined() const { return saveDeclined_; }
     /// Tells in the frame's status bar whether the document is saved.
@@ -102,7 +103,7 @@ private:
     void Text1_KeyDown(KeyPress& key);
     void applyFileName(const std::string& name);
     bool saveBeforeClosing();
-    bool writeText(const std::string& path);
+    Outcome writeText(const std::string& path);
 
     DocumentOwner* documentManager_ = nullptr;
     TabStrip* docTabStrip_ = nullptr;

@@ -37,29 +37,29 @@ void giveUp(CDocument& document) {
 }
 
 void openOne(const std::string& path) {
-    if (fileOpen(path, false)) {
+    if (const Outcome opened = fileOpen(path, false)) {
         updateOpenFileCollection();
     } else {
-        reportOpenError(path);
+        reportOpenError(path, opened.cause());
     }
 }
 
 }  // namespace
 
-bool fileOpen(const std::string& path, bool isUntitled) {
+Outcome fileOpen(const std::string& path, bool isUntitled) {
     const DisabledFrame disabled;
     if (!fileExists(path)) {
         reportNoSuchFile(path);
-        return false;
+        return Outcome::failed();
     }
     const EventScope scope;
     const auto document = newDocument();
-    if (!document->OpenDoc(path, isUntitled)) {
+    Outcome opened = document->OpenDoc(path, isUntitled);
+    if (!opened) {
         giveUp(*document);
         retire(document);
-        return false;
     }
-    return true;
+    return opened;
 }
 
 void mnuFile_Open_Click() {
@@ -83,10 +83,10 @@ void mnuFile_Open_Click() {
 void mnuFile_RecentFiles_Click(int index) {
     const std::string path = mainForm().menu("mnuFile_RecentFiles_" + std::to_string(index)).caption();
     if (!fileExists(path)) return reportNoSuchFile(path);
-    if (fileOpen(path, false)) {
+    if (const Outcome opened = fileOpen(path, false)) {
         enableMenuItems();
     } else {
-        reportOpenError(path);
+        reportOpenError(path, opened.cause());
     }
 }
 

@@ -2,13 +2,15 @@
 
 #include <string>
 
+#include "platform/outcome.h"
+
 namespace kelvor {
 
 /// The one road by which a document comes to be. The frame takes no input meanwhile.
 /// @param isUntitled  the file's text only, as a new document with the next untitled name
-/// @return false when there is no such file, of which the user has been told then, or it cannot be read; the caller
+/// @return failed when there is no such file, of which the user has been told then, or it cannot be read; the caller
 ///         tells that the file was not opened
-bool fileOpen(const std::string& path, bool isUntitled);
+Outcome fileOpen(const std::string& path, bool isUntitled);
 
 /// Asks for files and opens each; the directory becomes `lastDir`.
 void mnuFile_Open_Click();

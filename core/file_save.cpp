@@ -1,5 +1,9 @@
 #include "core/file_save.h"
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "authoring/common.h"
 #include "core/document_manager.h"
 #include "core/file_filter.h"
@@ -23,21 +27,27 @@ std::string askForName(const CDocument& document, int flags) {
 }
 
 /// Tells that the last save failed, unless the user declined it.
-void tellFailure(const CDocument& document, const std::string& path) {
-    if (!document.saveDeclined()) reportSaveError(path);
+void tellFailure(const CDocument& document, const std::string& path, const std::string& cause) {
+    if (!document.saveDeclined()) reportSaveError(path, cause);
 }
 
 /// Saves an untitled document under `path`, which joins the recent files however the save ends.
-/// @return false when the save failed and the user has not said No to it
-bool saveUntitled(CDocument& document, const std::string& path) {
-    const bool saved = document.SaveDocAs(path);
+Outcome saveUntitled(CDocument& document, const std::string& path) {
+    Outcome saved = document.SaveDocAs(path);
     addOpenFile(path);
     recentFileMenu();
-    return saved || document.saveDeclined();
+    return saved;
 }
 
-void reportSomeNotSaved() {
+/// @param causes  one for each failure
+void reportSomeNotSaved(const std::vector<std::string>& causes) {
+    constexpr std::size_t mostTold = 5;
+    std::string told;
+    for (std::size_t index = 0; index < std::min(causes.size(), mostTold); ++index)
+        told += (index == 0 ? "" : "\r\n") + causes[index];
+    if (causes.size() > mostTold) told += "\r\nand " + std::to_string(causes.size() - mostTold) + " more";
     beepAndShow({.text = "An error occurred while saving one or more files.  Verify the files before closing.",
+                 .cause = told,
                  .title = "file save error",
                  .icon = MessageIcon::critical});
 }
@@ -45,10 +55,10 @@ void reportSomeNotSaved() {
 }  // namespace
 
 void saveFile(CDocument& document) {
-    if (document.SaveDoc(document.LongFileName())) {
+    if (const Outcome saved = document.SaveDoc(document.LongFileName())) {
         mainForm().StatusBar1.setPanelText(panel::saved, "File Saved: Yes:");
     } else {
-        tellFailure(document, document.LongFileName());
+        tellFailure(document, document.LongFileName(), saved.cause());
     }
 }
 
@@ -61,10 +71,10 @@ void fileSave(CDocument& document) {
 }
 
 void fileSaveAs(CDocument& document, const std::string& path) {
-    if (document.SaveDocAs(path)) {
+    if (const Outcome saved = document.SaveDocAs(path)) {
         updateOpenFileCollection();
     } else {
-        tellFailure(document, path);
+        tellFailure(document, path, saved.cause());
     }
 }
 
@@ -77,6 +87,7 @@ void cmdSaveAs() {
         if (error.number() == error_number::dialogCancelled) return;
         logError(error);
         beepAndShow({.text = "An error occurred while saving the file, the file is not saved.",
+                     .cause = error.cause(),
                      .title = "File save error",
                      .icon = MessageIcon::critical});
     }
@@ -98,25 +109,24 @@ void mnuFile_SaveAs_Click() {
 
 void mnuFile_SaveAll_Click() {
     using namespace dialog_flag;
-    bool failed = false;
+    std::vector<std::string> causes;
     std::string path;
     try {
         for (const auto& document : documentManager()->MyDocuments().items()) {
-            if (document->IsUntitled()) {
-                path = askForName(*document, overwritePrompt | hideReadOnly);
-                if (!saveUntitled(*document, path)) failed = true;
-            } else if (!document->SaveDoc(path) && !document->saveDeclined()) {
-                failed = true;
-            }
+            const bool isUntitled = document->IsUntitled();
+            if (isUntitled) path = askForName(*document, overwritePrompt | hideReadOnly);
+            const Outcome saved = isUntitled ? saveUntitled(*document, path) : document->SaveDoc(path);
+            if (saved || document->saveDeclined()) continue;
+            causes.push_back((path.empty() ? document->LongFileName() : path) + ": " + saved.cause());
         }
     } catch (const std::exception&) {
         const Error error = currentError();
         if (error.number() != error_number::dialogCancelled) {
             logError(error);
-            failed = true;
+            causes.push_back(error.cause());
         }
     }
-    if (failed) reportSomeNotSaved();
+    if (!causes.empty()) reportSomeNotSaved(causes);
     // Whatever was saved beside it, the panel tells of the document in front.
     documentManager()->currentDocument().showSavedState();
 }

@@ -35,11 +35,11 @@ void showCurrentDirectory() {
 }
 
 void openListed(const std::string& path) {
-    if (fileOpen(path, false)) {
+    if (const Outcome opened = fileOpen(path, false)) {
         updateOpenFileCollection();
         enableMenuItems();
     } else {
-        reportOpenError(path);
+        reportOpenError(path, opened.cause());
     }
     mainForm().TabStrip1.Refresh();
 }

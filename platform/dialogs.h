@@ -10,9 +10,12 @@ enum class MessageIcon { none, critical, question, exclamation, information };
 enum class MessageButtons { ok, yesNo, yesNoCancel };
 enum class Answer { ok, yes, no, cancel };
 
-/// A message box as it is to be shown. Lines of the text end in CR LF or LF.
+/// A message box as it is to be shown. Lines end in CR LF; any other control character comes from a name and is shown
+/// as one.
 struct Message {
     std::string text;
+    /// Why it came to that, shown smaller under the text; "" when nobody knows.
+    std::string cause = {};
     std::string title;
     MessageIcon icon = MessageIcon::none;
     MessageButtons buttons = MessageButtons::ok;

@@ -54,7 +54,7 @@ void withMemoryErrors(Action action) {
     try {
         action();
     } catch (const std::bad_alloc&) {
-        throw Error(error_number::outOfMemory, "Out of memory");
+        throw outOfMemoryError();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace kelvor {
 
@@ -33,13 +34,21 @@ constexpr int elementNotFound = 35601;
 /// The one exception type of the logic. It is caught where events are raised (event.h) and shown by reportError.
 class Error : public std::runtime_error {
 public:
-    Error(int number, const std::string& description) : std::runtime_error(description), number_(number) {}
+    Error(int number, const std::string& description, std::string cause = {})
+        : std::runtime_error(description), number_(number), cause_(std::move(cause)) {}
 
     int number() const { return number_; }
     std::string description() const { return what(); }
+    /// Why, in sentences for a user who is told in other words what failed; "" when nobody knows. Lines end in CR LF.
+    const std::string& cause() const { return cause_; }
 
 private:
     int number_;
+    std::string cause_;
 };
+
+inline Error outOfMemoryError() {
+    return {error_number::outOfMemory, "Out of memory", "There is not enough memory."};
+}
 
 }  // namespace kelvor

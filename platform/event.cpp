@@ -30,7 +30,7 @@ Error currentError() {
     } catch (const Error& error) {
         return error;
     } catch (const std::bad_alloc&) {
-        return {error_number::outOfMemory, "Out of memory"};
+        return outOfMemoryError();
     } catch (const std::exception& error) {
         return {error_number::invalidProcedureCall, error.what()};
     }

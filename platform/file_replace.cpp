@@ -21,7 +21,9 @@ namespace {
 
 /// A failure of the temporary file, with the name of the file for which it was.
 Error temporaryError(int code, const std::string& temporary, const std::string& path) {
-    return fileError(code, temporary + ", which was to become " + path);
+    const Error error = fileError(code, temporary + ", which was to become " + path);
+    return {error.number(), error.description(),
+            error.cause() + "\r\nTemporary directory: " + directoryPart(temporary)};
 }
 
 bool isSameMoment(const timespec& left, const timespec& right) {
@@ -42,7 +44,7 @@ void checkUntouched(const ReplaceableFile& target) {
         throw fileError(errno, target.path);
     }
     if (!isUntouched(target.opened.status, named)) {
-        throw Error(error_number::pathAccess, "Another program changed the file meanwhile: " + target.path);
+        throw pathError(error_number::pathAccess, "Another program has changed the file meanwhile", target.path);
     }
 }
 
@@ -164,8 +166,8 @@ void clearTemporary(const std::string& temporary) {
         throw fileError(errno, temporary);
     }
     if (!isOwnFile(status)) {
-        throw Error(error_number::fileAlreadyExists,
-                    "Something else stands in the temporary file's place: " + temporary);
+        throw pathError(error_number::fileAlreadyExists, "Something else stands in the temporary file's place",
+                        temporary);
     }
     if (uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); }) != 0) {
         throw fileError(errno, temporary);

@@ -36,9 +36,9 @@ OpenFile createFile(const std::string& path) {
     if (file.descriptor() >= 0) return file;
     // The path led to no file a moment ago and yet something is there.
     if (errno == EEXIST) {
-        throw Error(error_number::pathNotFound, "This is a link to a file that does not exist: " + path);
+        throw pathError(error_number::pathNotFound, "This is a link to a file that does not exist", path);
     }
-    if (errno == ENOENT) throw Error(error_number::pathNotFound, "The folder does not exist: " + path);
+    if (errno == ENOENT) throw pathError(error_number::pathNotFound, "The folder does not exist", path);
     throw fileError(errno, path);
 }
 
@@ -47,7 +47,7 @@ void checkIdentity(const struct stat& opened, const std::string& path) {
     struct stat named {};
     if (uninterrupted([&] { return systemCalls().stat(path.c_str(), &named); }) != 0) throw fileError(errno, path);
     if (named.st_dev != opened.st_dev || named.st_ino != opened.st_ino) {
-        throw Error(error_number::pathAccess, "Another program replaced the file during the save: " + path);
+        throw pathError(error_number::pathAccess, "Another program replaced the file during the save", path);
     }
 }
 
@@ -104,10 +104,11 @@ bool goBack(const Target& target, std::size_t newSize) {
 }
 
 [[noreturn]] void fail(const Target& target, int code, bool wentBack) {
-    auto error = fileError(code, target.path);
+    const auto error = fileError(code, target.path);
     if (wentBack) throw error;
-    throw Error(error.number(), error.description() + (target.isNew ? "\nA damaged file was left behind."
-                                                                    : "\nThe file on the disk may be damaged."));
+    const std::string damage =
+        target.isNew ? "A damaged file was left behind." : "The file on the disk may be damaged.";
+    throw Error(error.number(), error.description() + "\r\n" + damage, error.cause() + "\r\n" + damage);
 }
 
 }  // namespace

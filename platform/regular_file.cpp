@@ -35,7 +35,7 @@ void grow(std::string& bytes, std::size_t size, const std::string& path) {
 void refuseUnfit(const struct stat& status, int flags, const std::string& path) {
     if (!S_ISREG(status.st_mode)) throw notRegularError(status.st_mode, path);
     if ((flags & O_ACCMODE) != O_RDONLY && !hasWriteBit(status)) {
-        throw Error(error_number::permissionDenied, "The file is read-only: " + path);
+        throw pathError(error_number::permissionDenied, "The file is read-only", path);
     }
 }
 
@@ -79,7 +79,7 @@ std::string readToEnd(int descriptor, off_t size, const std::string& path, const
         if (count < 0) throw fileError(errno, path);
         if (count == 0) break;
         length += static_cast<std::size_t>(count);
-        if (size == 0 && length > unsizedLimit) throw Error(error_number::pathAccess, "The file has no end: " + path);
+        if (size == 0 && length > unsizedLimit) throw pathError(error_number::pathAccess, "The file has no end", path);
         if (length == room) room *= 2;
         if (length == bytes.size()) grow(bytes, room, path);
         step();

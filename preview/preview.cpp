@@ -36,12 +36,13 @@ bool savedForPreview(CDocument& document) {
         cmdSaveAs();
         return true;
     }
-    if (document.SaveDoc(document.LongFileName())) {
+    const Outcome saved = document.SaveDoc(document.LongFileName());
+    if (saved) {
         document.showSavedState();
-        return true;
+    } else if (!document.saveDeclined()) {
+        reportSaveError(document.LongFileName(), saved.cause());
     }
-    if (!document.saveDeclined()) reportSaveError(document.LongFileName());
-    return false;
+    return bool(saved);
 }
 
 void reportNoBrowser() {

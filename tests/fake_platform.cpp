@@ -102,6 +102,7 @@ Answer FakePlatform::message(const Message& message) {
     const auto step = next("message", describe(message));
     if (!step) return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
     EXPECT_EQ(message.text, step->message.text);
+    EXPECT_EQ(message.cause, step->message.cause) << describe(message);
     EXPECT_EQ(message.title, step->message.title);
     EXPECT_EQ(message.icon, step->message.icon) << describe(message);
     EXPECT_EQ(message.buttons, step->message.buttons) << describe(message);

@@ -39,7 +39,10 @@ TEST_F(Common, ShowsAFormForItsContext) {
 
 TEST_F(Common, UnloadsAFormThatFailsToLoad) {
     form.onLoad = [] { throw Error(53, "File not found"); };
-    expectCritical("Load error", "An error occurred while loading the form");
+    platform.expectMessage({.text = "An error occurred while loading the form",
+                            .cause = "File not found",
+                            .title = "Load error",
+                            .icon = MessageIcon::critical});
     showFormForContext(form, ShowMode::modal);
     EXPECT_FALSE(form.isLoaded() || formLoadFailed);
     form.onLoad = {};

@@ -186,11 +186,11 @@ TEST_F(FileRewrite, GoesFromDiskToDiskAndLeavesOldTextOnAFullOne) {
     const FindItem growing = {"old", std::string(9000, 'N')};
     // A full temporary directory is told with both names.
     EXPECT_EQ(outcomeOf(page, small / "temp.$$$", growing),
-              "Disk full: " + small / "temp.$$$" + ", which was to become " + page);
+              "The disk is full: " + small / "temp.$$$" + ", which was to become " + page);
     EXPECT_EQ(directory.read("page.html"), oldText);
     fs::remove(small / "temp.$$$");
 
-    EXPECT_EQ(outcomeOf(smallPage, temporary, growing), "Disk full: " + smallPage);
+    EXPECT_EQ(outcomeOf(smallPage, temporary, growing), "The disk is full: " + smallPage);
     EXPECT_EQ(small.read("page.html"), oldText);
     EXPECT_GT(temporaries.read("temp.$$$").size(), 9000U) << "the new text is lost";
     expectRewritten(false);
@@ -214,7 +214,7 @@ TEST_F(FileRewrite, LeavesWhatAnotherProgramWroteMeanwhile) {
         const auto said = outcomeOf(page, temporary, renewal, [&] {
             if (!std::exchange(changed, true)) change();
         });
-        EXPECT_EQ(said, "Another program changed the file meanwhile: " + page);
+        EXPECT_EQ(said, "Another program has changed the file meanwhile: " + page);
         EXPECT_EQ(directory.read("page.html"), theirs);
     }
 }

@@ -40,7 +40,7 @@ TEST_F(Document, TypingMarksItChangedAndOnlyASaveThatSucceedsClean) {
     EXPECT_TRUE(document.IsSaved());
     type("x");
     chmod(files.path("a.htm").c_str(), 0444);
-    platform.expectMessage(saveError(files.path("a.htm")));
+    platform.expectMessage(saveError(files.path("a.htm"), "The file is read-only."));
     menu("mnuFile_Save").click();
     EXPECT_FALSE(document.IsSaved());
     EXPECT_EQ(panelText(panel::saved), "File Saved: No");
@@ -67,7 +67,7 @@ TEST_F(Document, TheCloseQuestionKeepsOrLosesAsAnsweredAndAFailedSaveKeeps) {
         type("new");
         chmod(path.c_str(), mode);
         platform.expectMessage(saveQuestion(path), answer);
-        if (mode == readOnly) platform.expectMessage(saveError(path));
+        if (mode == readOnly) platform.expectMessage(saveError(path, "The file is read-only."));
         mnuFile_Close_Click();
         EXPECT_EQ(files.read("a.htm"), onDisk) << left;
         EXPECT_EQ(documentManager()->MyDocuments().Count(), left);

@@ -61,7 +61,7 @@ TEST_F(FileCommands, OneFileThatCannotBeReadIsToldAndTheOthersOpen) {
     EXPECT_FALSE(fileOpen(pipe, false));
     EXPECT_FALSE(menu("mnuEdit").visible()) << "a failed open beside one document empties the frame";
     platform.expectOpen({pipe, gone, files.write("b.htm", "2")});
-    platform.expectMessage(openError(pipe));
+    platform.expectMessage(openError(pipe, "This is a pipe, not a file."));
     platform.expectMessage(noSuchFile(gone));
     platform.expectMessage(openError(gone));
     menu("mnuFile_Open").click();
@@ -116,7 +116,7 @@ TEST_F(FileCommands, SaveAsKeepsEverythingWhenItFailsAndElseGivesTheDocumentItsF
         EXPECT_EQ(request.directory, "/tmp");
         EXPECT_TRUE(request.overwritePrompt);
     });
-    platform.expectMessage(saveError(gone));
+    platform.expectMessage(saveError(gone, "The folder does not exist."));
     menu("mnuFile_Save").click();
     EXPECT_EQ(document.LongFileName(), "Untitled 1");
     EXPECT_TRUE(document.IsUntitled());
@@ -146,6 +146,8 @@ TEST_F(FileCommands, SaveAllGivesATitledOneTheNameChosenBeforeItAndGoesOnLikeClo
     platform.expectSave(files.path("chosen.htm"));
     platform.expectMessage(
         {.text = "An error occurred while saving one or more files.  Verify the files before closing.",
+         .cause =
+             files.path("a.htm") + ": The file is read-only.\r\n" + files.path("b.htm") + ": The file is read-only.",
          .title = "file save error",
          .icon = MessageIcon::critical});
     menu("mnuFile_SaveAll").click();

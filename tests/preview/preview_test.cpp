@@ -40,7 +40,7 @@ TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
 
     chmod(files.path("a.htm").c_str(), 0444);
     expectQuestion(Answer::yes);
-    platform.expectMessage(saveError(files.path("a.htm")));
+    platform.expectMessage(saveError(files.path("a.htm"), "The file is read-only."));
     menu("mnuView_Preview").click();
     EXPECT_EQ(document.ViewMode(), view_mode::source);
 
