@@ -11,6 +11,7 @@
 
 #include "platform/qt/convert.h"
 #include "platform/qt/file_dialog.h"
+#include "platform/qt/message_text.h"
 #include "platform/qt/modal.h"
 
 namespace kelvor::qt {
@@ -99,8 +100,7 @@ Answer QtDialogs::message(const Message& message) {
     QMessageBox box;
     box.setIcon(iconOf(message.icon));
     box.setWindowTitle(windowTitle(message.title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(plainLines(message.text));
+    showText(box, message);
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setEscapeButton(escapeOf(message.buttons));
     const QMessageBox::StandardButton standard = buttonOf(message.standard);

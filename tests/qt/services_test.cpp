@@ -22,6 +22,28 @@ TEST_F(Services, AMessageShowsItsTextPlainWithoutTheHourglassAndGivesTheButton) 
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(Services, AMessageShowsAndSpeaksItsCauseAndAnyNameOnTheScreen) {
+    const std::string name = "/web/<I>a\nb\x1B" + std::string(250, 'n');
+    const Message message{.text = "Not saved: " + name + "\r\n" + std::string(3 << 20, 'v'),
+                          .cause = "Full\r\n" + name};
+    onDialog<QMessageBox>([](QMessageBox& box) {
+        const auto* text = box.findChild<QLabel*>("qt_msgbox_label");
+        const auto* cause = box.findChild<QLabel*>("qt_msgbox_informativelabel");
+        const QString shown = "/web/<I>a\\nb\\x1B" + QString(250, 'n');
+        EXPECT_EQ(cause->accessibleName(), "Full\n" + shown);
+        EXPECT_EQ(cause->text().remove(QChar(0x200B)), cause->accessibleName());
+        EXPECT_EQ(cause->textFormat(), Qt::PlainText);
+        EXPECT_LT(cause->fontInfo().pointSizeF(), text->fontInfo().pointSizeF());
+        EXPECT_GT(cause->y(), text->y());
+        EXPECT_TRUE(text->accessibleName().startsWith("Not saved: " + shown + "\nvvv"));
+        EXPECT_EQ(text->text().remove(QChar(0x200B)), text->accessibleName());
+        EXPECT_LT(box.width(), 700);
+        EXPECT_LT(box.height(), 600);
+        box.reject();
+    });
+    platform().dialogs.message(message);
+}
+
 TEST_F(Services, EscapeAnswersAsTheButtonsAllow) {
     for (const auto& [buttons, answer] :
          {std::pair(MessageButtons::ok, Answer::ok), std::pair(MessageButtons::yesNo, Answer::no),
