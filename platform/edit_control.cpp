@@ -8,6 +8,7 @@
 #include "platform/code_points.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 
 namespace kelvor {
 
@@ -197,11 +198,15 @@ void EditControl::copy() {
 
 void EditControl::paste() {
     const std::string text = platform().clipboard.text();
-    if (!text.empty()) setSelText(text);
+    if (!text.empty()) setSelText(withLineEnd(text, lineEnd_));
 }
 
 void EditControl::undo() {
     if (!inBatch()) perform([&] { return undoStep(); });
+}
+
+void EditControl::redo() {
+    if (!inBatch()) perform([&] { return redoStep(); });
 }
 
 void EditControl::selectAll() {

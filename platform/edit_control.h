@@ -90,13 +90,19 @@ public:
     /// What Enter puts in: the line end that the loaded text has most often, CR LF where it has none.
     const std::string& lineEnd() const { return lineEnd_; }
 
-    /// The clipboard commands carry plain text only. Cut and copy without a selection do nothing.
+    /// The clipboard commands carry plain text only. Cut and copy without a selection do nothing. What is pasted
+    /// gets the line ends of lineEnd().
     void cut();
     void copy();
     void paste();
     /// Takes the last step back; the caret goes to where that was. Nothing inside a Batch.
     void undo();
+    /// Does the step again that was taken back last, unless the text has changed since. Nothing inside a Batch.
+    void redo();
     void selectAll();
+    /// Moves the windows in front of the selection aside, those too that come up next. For a selection that the
+    /// program has made and the user is to look at.
+    virtual void uncoverSelection() {}
 
     /// Puts the control on top of its pane.
     void ZOrder() { tell(Aspect::order); }
@@ -132,6 +138,7 @@ protected:
     virtual void loadText(std::string_view text) = 0;
     /// Takes the last step back and moves the caret there; false when there is none.
     virtual bool undoStep() = 0;
+    virtual bool redoStep() = 0;
     virtual void showColors() = 0;
     virtual void beginBatch() = 0;
     virtual void endBatch() = 0;

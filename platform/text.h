@@ -28,6 +28,15 @@ std::string withLineEnd(std::string_view text, std::string_view lineEnd);
 /// The lines of a text, whatever ends them (CR LF, a lone CR, a lone LF), each ended by CR LF, the last one too.
 std::string withLineEnds(std::string_view text);
 
+/// What makes one text of another, in one piece from the first character that differs to the last.
+struct TextChange {
+    std::size_t position = 0;
+    std::string_view removed;
+    std::string_view inserted;
+};
+/// Both texts are UTF-8 and outlive the change; texts that are equal have an empty one.
+TextChange changeBetween(std::string_view before, std::string_view after);
+
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);
 

@@ -82,25 +82,35 @@ void TextBuffer::replaceRange(int start, int length, std::string_view text) {
     growGap(static_cast<int>(text.size()) - length);  // what may fail comes before anything is noted
     Edit edit{start, static_cast<int>(text.size()),
               std::string(textFrom(start).substr(0, static_cast<std::size_t>(length)))};
-    if (inBatch()) {
-        steps_.back().push_back(std::move(edit));
-    } else {
-        std::vector<Edit> step;
-        step.push_back(std::move(edit));
-        steps_.push_back(std::move(step));
-    }
+    undone_.clear();
+    if (!inBatch()) steps_.emplace_back();
+    steps_.back().push_back(std::move(edit));
     exchange(start, length, text);
 }
 
-bool TextBuffer::undoStep() {
-    if (steps_.empty()) return false;
-    for (auto& step = steps_.back(); !step.empty(); step.pop_back()) {
+/// Plays the last of `steps` backwards and adds its own way back to `waysBack`.
+bool TextBuffer::revertLast(std::vector<Step>& steps, std::vector<Step>& waysBack) {
+    if (steps.empty()) return false;
+    Step wayBack;
+    for (Step& step = steps.back(); !step.empty(); step.pop_back()) {
         const Edit& edit = step.back();
+        const int removed = static_cast<int>(edit.removed.size());
+        wayBack.push_back({edit.start, removed,
+                           std::string(textFrom(edit.start).substr(0, static_cast<std::size_t>(edit.inserted)))});
         exchange(edit.start, edit.inserted, edit.removed);
-        select(edit.start + static_cast<int>(edit.removed.size()), 0);
+        select(edit.start + removed, 0);
     }
-    steps_.pop_back();
+    steps.pop_back();
+    waysBack.push_back(std::move(wayBack));
     return true;
+}
+
+bool TextBuffer::undoStep() {
+    return revertLast(steps_, undone_);
+}
+
+bool TextBuffer::redoStep() {
+    return revertLast(undone_, steps_);
 }
 
 void TextBuffer::beginBatch() {
@@ -119,6 +129,7 @@ void TextBuffer::loadText(std::string_view text) {
     dropLines(0);
     select(0, 0);
     steps_.clear();
+    undone_.clear();
     if (inBatch()) steps_.emplace_back();
 }
 

@@ -35,6 +35,7 @@ protected:
     void scrollToSelection() override {}
     void loadText(std::string_view text) override;
     bool undoStep() override;
+    bool redoStep() override;
     void showColors() override {}
     void beginBatch() override;
     void endBatch() override;
@@ -48,7 +49,9 @@ private:
         int inserted;
         std::string removed;
     };
+    using Step = std::vector<Edit>;
 
+    bool revertLast(std::vector<Step>& steps, std::vector<Step>& waysBack);
     void act(const KeyPress& key);
     void removeAt(int position);
     void exchange(int start, int length, std::string_view text);
@@ -67,7 +70,9 @@ private:
     int characters_ = 0;
     int selStart_ = 0;
     int selLength_ = 0;
-    std::vector<std::vector<Edit>> steps_;
+    std::vector<Step> steps_;
+    /// What can be done again; the last one first.
+    std::vector<Step> undone_;
 
     /// The starts of the lines as far as the text has been scanned for them.
     mutable std::vector<int> lineStarts_{0};

@@ -187,9 +187,13 @@ TYPED_TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) 
             ASSERT_EQ(static_cast<std::size_t>(this->edit.lineIndex(line)), before.find_last_of("\r\n") + 1) << step;
         }
     }
-    for (int step = 0; step < steps; ++step) this->edit.undo();
-    EXPECT_EQ(this->shown(), "|");
-    EXPECT_EQ(this->edit.characterCount(), 0);
+    for (const auto& [go, text] :
+         {std::pair(&EditControl::undo, std::string()), std::pair(&EditControl::redo, expected),
+          std::pair(&EditControl::undo, std::string())}) {
+        for (int step = 0; step < steps; ++step) (this->edit.*go)();
+        EXPECT_EQ(this->edit.text(), text);
+        EXPECT_EQ(static_cast<std::size_t>(this->edit.characterCount()), characterCount(text));
+    }
 }
 
 TYPED_TEST_P(EditControlContract, TakesStepsBack) {
@@ -232,6 +236,35 @@ TYPED_TEST_P(EditControlContract, TakesStepsBack) {
     EXPECT_EQ(this->shown(), "y|loaded");
     for (int i = 0; i < 2; ++i) this->edit.undo();
     EXPECT_EQ(this->shown(), "|loaded") << "a load forgets all steps";
+    this->edit.redo();
+    this->load("loaded");
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "|loaded");
+}
+
+TYPED_TEST_P(EditControlContract, DoesStepsAgain) {
+    this->put("[on]e");
+    this->edit.setSelText("XYZ");
+    this->edit.setSelStart(4);
+    this->edit.setSelText("!");
+    for (int i = 0; i < 2; ++i) this->edit.undo();
+    this->changes = 0;
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZ|e");
+    EXPECT_EQ(this->changes, 1);
+    {
+        const EditControl::Batch batch(this->edit);
+        this->edit.redo();
+    }
+    EXPECT_EQ(this->edit.text(), "XYZe") << "nothing inside a batch";
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZe!|");
+    this->edit.redo();
+    EXPECT_EQ(this->changes, 2);
+    this->edit.undo();
+    this->edit.setSelText("?");
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZe?|") << "a change leaves nothing to do again";
 }
 
 TYPED_TEST_P(EditControlContract, HandlersSeeTheOutcome) {
@@ -283,6 +316,11 @@ TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
         EXPECT_EQ(this->edit.encoding(), row.encoding) << row.text;
         EXPECT_EQ(this->edit.lineEnd(), row.lineEnd) << row.text;
         EXPECT_EQ(this->saved(), row.bytes) << row.text;
+        this->platform.clipboardText = "1\r\n2\r3\n";
+        this->edit.paste();
+        EXPECT_EQ(this->edit.text(), "1" + row.lineEnd + "2" + row.lineEnd + "3" + row.lineEnd + row.text);
+        this->edit.undo();
+        EXPECT_EQ(this->edit.text(), row.text);
     }
 }
 
@@ -303,6 +341,7 @@ TYPED_TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
 
 REGISTER_TYPED_TEST_SUITE_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce, FindsInItsRange,
                             CountsWithinTheText, AgreesWithAPlainStringThroughAnyEditsAndBack, TakesStepsBack,
-                            HandlersSeeTheOutcome, FilesComeBackByteForByte, ALoadIsAChangeAndAFailedLoadOrSaveIsNone);
+                            DoesStepsAgain, HandlersSeeTheOutcome, FilesComeBackByteForByte,
+                            ALoadIsAChangeAndAFailedLoadOrSaveIsNone);
 
 }  // namespace kelvor

@@ -116,6 +116,10 @@ void ScintillaEdit::SetFocus() {
     EditControl::SetFocus();
 }
 
+void ScintillaEdit::uncoverSelection() {
+    if (widget_) widget_->uncoverSelection();
+}
+
 void ScintillaEdit::noteChange(bool insertion, int start, int length) {
     countInserted();
     if (insertion) {
@@ -168,7 +172,10 @@ void ScintillaEdit::select(int start, int length) {
         batchSelection_ = {start, length};
         return;
     }
-    send(Sci::SCI_SETSELECTION, toParameter(start + length), start);
+    // Unlike SCI_SETSELECTION these make it the desktop's selection too; one that is not is shown in grey. And unlike
+    // SCI_SETSEL they do not scroll.
+    send(Sci::SCI_SETEMPTYSELECTION, toParameter(start + length));
+    if (length > 0) send(Sci::SCI_SETANCHOR, toParameter(start));
     knownSelection_ = shownSelection();
 }
 
@@ -209,8 +216,17 @@ void ScintillaEdit::loadText(std::string_view text) {
 }
 
 bool ScintillaEdit::undoStep() {
-    if (send(Sci::SCI_CANUNDO) == 0) return false;
-    send(Sci::SCI_UNDO);
+    return goStep(Sci::SCI_CANUNDO, Sci::SCI_UNDO);
+}
+
+bool ScintillaEdit::redoStep() {
+    return goStep(Sci::SCI_CANREDO, Sci::SCI_REDO);
+}
+
+bool ScintillaEdit::goStep(unsigned int question, unsigned int step) {
+    if (send(question) == 0) return false;
+    const ScintillaWidget::Unheard unheard(*widget_);
+    send(step);
     textChanged_ = false;
     knownSelection_ = shownSelection();
     return true;
@@ -223,8 +239,10 @@ void ScintillaEdit::showColors() {
 void ScintillaEdit::beginBatch() {
     batchSelection_ = shownSelection();
     batchScrolls_ = false;
+    if (!widget_) return;
+    batchUnheard_.emplace(*widget_);
     send(Sci::SCI_BEGINUNDOACTION);
-    if (widget_) widget_->setUpdatesEnabled(false);
+    widget_->setUpdatesEnabled(false);
 }
 
 void ScintillaEdit::endBatch() {
@@ -232,6 +250,7 @@ void ScintillaEdit::endBatch() {
     select(batchSelection_.start, batchSelection_.length);
     if (batchScrolls_) scrollToSelection();
     if (widget_) widget_->setUpdatesEnabled(true);
+    batchUnheard_.reset();
 }
 
 }  // namespace kelvor::qt

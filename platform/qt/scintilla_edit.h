@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,7 @@ public:
     int characterCount() const override;
     int characterCount(int start, int end) const override;
     void SetFocus() override;
+    void uncoverSelection() override;
 
 protected:
     void replaceRange(int start, int length, std::string_view text) override;
@@ -39,6 +41,7 @@ protected:
     void scrollToSelection() override;
     void loadText(std::string_view text) override;
     bool undoStep() override;
+    bool redoStep() override;
     void showColors() override;
     void beginBatch() override;
     void endBatch() override;
@@ -55,6 +58,7 @@ private:
     int send(unsigned int message, unsigned long first = 0, long second = 0) const;
     std::string_view bytesAt(int start, int length) const;
     Range shownSelection() const;
+    bool goStep(unsigned int question, unsigned int step);
 
     void noteChange(bool insertion, int start, int length) override;
     void reportActs() override;
@@ -75,6 +79,7 @@ private:
     /// The selection inside a batch; the one on the screen follows at its end.
     Range batchSelection_;
     bool batchScrolls_ = false;
+    std::optional<ScintillaWidget::Unheard> batchUnheard_;
 };
 
 }  // namespace kelvor::qt

@@ -5,11 +5,15 @@
 #include <QFontInfo>
 #include <QMimeData>
 #include <QPalette>
+#include <algorithm>
 #include <utility>
 
 #include "platform/form.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/covering_windows.h"
 #include "platform/qt/key_codes.h"
+#include "platform/qt/popup_place.h"
+#include "platform/text.h"
 
 namespace kelvor::qt {
 
@@ -23,6 +27,13 @@ unsigned long chord(int key, int modifiers) {
 int lineEndMode(const std::string& lineEnd) {
     if (lineEnd == "\n") return QsciScintillaBase::SC_EOL_LF;
     return lineEnd == "\r" ? QsciScintillaBase::SC_EOL_CR : QsciScintillaBase::SC_EOL_CRLF;
+}
+
+/// On every desktop, whichever of the two is its own.
+bool isRedo(const KeyPress& press) {
+    constexpr int control = 2;
+    constexpr int controlShift = 3;
+    return (press.keyCode == 'Y' && press.shift == control) || (press.keyCode == 'Z' && press.shift == controlShift);
 }
 
 /// Scintilla's accessible interface counts the characters in front of the caret at each move and each change.
@@ -68,16 +79,72 @@ void ScintillaWidget::release() {
     }
 }
 
-/// Drops the accessible interface, so that the next to ask gets the right one, and sets which notices come: for
-/// the control those from before a change, for a screen reader also those from after it, which cost more.
+/// Drops the accessible interface, so that the next to ask gets the right one.
 void ScintillaWidget::accessibilityActiveChanged(bool active) {
     readAloud_ = active;
     if (auto* const interface = QAccessible::queryAccessibleInterface(this)) {
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(interface));
     }
+    chooseNotices();
+}
+
+/// For the control the notices from before a change, for a screen reader also those from after it, which cost more.
+void ScintillaWidget::chooseNotices() {
     const int own = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE;
-    const int reader = active ? SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT : 0;
+    const int reader = readAloud_ && !unheard_ ? SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT : 0;
     send(SCI_SETMODEVENTMASK, static_cast<unsigned long>(own | reader));
+    if (!readAloud_ || !unheard_) {
+        heardText_.reset();
+    } else if (!heardText_) {
+        heardText_ = wholeText();
+    }
+}
+
+std::string_view ScintillaWidget::wholeText() const {
+    const long length = send(SCI_GETLENGTH);
+    if (length == 0) return {};
+    return {reinterpret_cast<const char*>(send(SCI_GETRANGEPOINTER, 0, length)), static_cast<std::size_t>(length)};
+}
+
+ScintillaWidget::Unheard::Unheard(ScintillaWidget& widget) : widget_(&widget) {
+    widget.unheard_ = true;
+    widget.chooseNotices();
+}
+
+ScintillaWidget::Unheard::~Unheard() {
+    if (!widget_) return;
+    const auto heard = std::exchange(widget_->heardText_, std::nullopt);
+    widget_->unheard_ = false;
+    widget_->chooseNotices();
+    if (!heard) return;
+    const std::string_view text = widget_->wholeText();
+    const TextChange change = changeBetween(*heard, text);
+    if (change.removed.empty() && change.inserted.empty()) return;
+    guarded([&] {
+        QAccessibleTextUpdateEvent event(widget_, static_cast<int>(characterCount(text.substr(0, change.position))),
+                                         toQt(change.removed), toQt(change.inserted));
+        QAccessible::updateAccessibility(&event);
+    });
+}
+
+/// The selection's first line, as far as it is shown.
+QRect ScintillaWidget::selectionOnScreen() const {
+    const long start = send(SCI_GETSELECTIONSTART);
+    const long line = send(SCI_LINEFROMPOSITION, static_cast<unsigned long>(start));
+    const long end =
+        std::min(send(SCI_GETSELECTIONEND), send(SCI_GETLINEENDPOSITION, static_cast<unsigned long>(line)));
+    const auto left = static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, start));
+    const auto right = static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, end));
+    const auto top = static_cast<int>(send(SCI_POINTYFROMPOSITION, 0, start));
+    const auto height = static_cast<int>(send(SCI_TEXTHEIGHT, static_cast<unsigned long>(line)));
+    const QRect shown = QRect(left, top, std::max(right - left, 1), height) & viewport()->rect();
+    return {viewport()->mapToGlobal(shown.topLeft()), shown.size()};
+}
+
+void ScintillaWidget::uncoverSelection() {
+    const auto uncover = [this] { moveWindowsAside(selectionOnScreen(), *window()); };
+    uncover();
+    QMetaObject::invokeMethod(this, uncover, Qt::QueuedConnection);
 }
 
 void ScintillaWidget::setUpText() {
@@ -172,7 +239,9 @@ void ScintillaWidget::keyPressEvent(QKeyEvent* event) {
             if (press.keyCode == 0 || !control_) return;
         }
         if (runClipboardKey(*event)) return;
-        send(SCI_SETEOLMODE, static_cast<unsigned long>(lineEndMode(control_->lineEnd())));
+        if (isRedo(press)) return control_->redo();
+        if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) return openPopupAtCaret();
+        takeLineEnd();
     }
     type(event);
 }
@@ -191,6 +260,10 @@ bool ScintillaWidget::runClipboardKey(const QKeyEvent& event) {
         return true;
     }
     return false;
+}
+
+void ScintillaWidget::takeLineEnd() const {
+    send(SCI_SETEOLMODE, static_cast<unsigned long>(lineEndMode(control_->lineEnd())));
 }
 
 void ScintillaWidget::type(QKeyEvent* event) {
@@ -232,11 +305,21 @@ void ScintillaWidget::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ScintillaWidget::contextMenuEvent(QContextMenuEvent* event) {
-    // A press of the right button has come through already; the menu key acts as one.
-    if (control_ && event->reason() == QContextMenuEvent::Keyboard) {
-        control_->mouseDown.raise({Qt::RightButton, 0, event->x(), event->y()});
-    }
+    // A press of the right button has come through already.
+    if (control_ && event->reason() == QContextMenuEvent::Keyboard) openPopupAtCaret();
     event->accept();
+}
+
+/// As a press of the right button below the caret.
+void ScintillaWidget::openPopupAtCaret() {
+    send(SCI_SCROLLCARET);
+    const auto caret = static_cast<unsigned long>(send(SCI_GETCURRENTPOS));
+    const long line = send(SCI_LINEFROMPOSITION, caret);
+    const QPoint below(static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, static_cast<long>(caret))),
+                       static_cast<int>(send(SCI_POINTYFROMPOSITION, 0, static_cast<long>(caret)) +
+                                        send(SCI_TEXTHEIGHT, static_cast<unsigned long>(line))));
+    const PopupPlace place(viewport()->mapToGlobal(below));
+    control_->mouseDown.raise({Qt::RightButton, 0, below.x(), below.y()});
 }
 
 void ScintillaWidget::focusInEvent(QFocusEvent* event) {
@@ -252,7 +335,11 @@ void ScintillaWidget::changeEvent(QEvent* event) {
 
 QByteArray ScintillaWidget::fromMimeData(const QMimeData* source, bool& rectangular) const {
     rectangular = false;
-    return source->text().toUtf8();
+    const QByteArray text = source->text().toUtf8();
+    if (!control_) return text;
+    takeLineEnd();  // what is dropped is converted once more, to this one
+    return QByteArray::fromStdString(
+        withLineEnd({text.data(), static_cast<std::size_t>(text.size())}, control_->lineEnd()));
 }
 
 }  // namespace kelvor::qt

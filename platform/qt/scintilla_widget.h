@@ -3,6 +3,9 @@
 #include <Qsci/qsciscintillabase.h>
 
 #include <QAccessible>
+#include <QPointer>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/edit_control.h"
@@ -35,6 +38,22 @@ public:
     /// Whether a screen reader listens.
     bool isReadAloud() const { return readAloud_; }
 
+    /// While it lives a screen reader hears nothing of the text. At its end it hears as one change what has become
+    /// of it: for a run of many changes, each of which alone would cost a pass over the text. They do not nest.
+    class Unheard {
+    public:
+        explicit Unheard(ScintillaWidget& widget);
+        ~Unheard();
+        Unheard(const Unheard&) = delete;
+        Unheard& operator=(const Unheard&) = delete;
+
+    private:
+        QPointer<ScintillaWidget> widget_;
+    };
+
+    /// Moves the windows over the selection aside, now and once the events in progress are over.
+    void uncoverSelection();
+
     /// Text and background colours, red in the low byte; -1 is the palette's.
     void showColors(int textColor, int backColor);
 
@@ -66,10 +85,15 @@ private:
     template <typename Handle>
     bool handled(Handle handle);
     void accessibilityActiveChanged(bool active) override;
+    void chooseNotices();
+    std::string_view wholeText() const;
+    QRect selectionOnScreen() const;
+    void openPopupAtCaret();
     void setUpText();
     void setUpKeys();
     void showFont();
     bool runClipboardKey(const QKeyEvent& event);
+    void takeLineEnd() const;
     void type(QKeyEvent* event);
 
     EditControl* control_;  ///< nullptr once it has ended
@@ -78,6 +102,9 @@ private:
     const bool isField_;
     int handling_ = 0;
     bool readAloud_ = false;
+    bool unheard_ = false;
+    /// The text that a screen reader knows while it hears nothing.
+    std::optional<std::string> heardText_;
     int textColor_ = -1;
     int backColor_ = -1;
 };

@@ -7,6 +7,7 @@
 #include <QtWidgets>
 #include <fstream>
 
+#include "platform/qt/popup_place.h"
 #include "tests/edit_control_contract.h"
 
 namespace kelvor::qt {
@@ -113,6 +114,10 @@ TEST_F(ScintillaEditTest, TheUsualKeysReachTheClipboardAndOvertype) {
     for (const auto each : {Qt::Key_Insert, Qt::Key_X, Qt::Key_Insert, Qt::Key_Y}) key(each);
     EXPECT_EQ(edit->text(), "xyne");
     EXPECT_EQ(told, 2);
+    for (const auto each : {Qt::Key_Z, Qt::Key_Z, Qt::Key_Y}) key(each, Qt::ControlModifier);
+    EXPECT_EQ(edit->text(), "xne");
+    key(Qt::Key_Z, controlShift);
+    EXPECT_EQ(edit->text(), "xyne");
 }
 
 TEST_F(ScintillaEditTest, ADroppedTextArrivesPlain) {
@@ -123,7 +128,7 @@ TEST_F(ScintillaEditTest, ADroppedTextArrivesPlain) {
     QApplication::sendEvent(viewport(), &enter);
     QDropEvent drop({390, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(viewport(), &drop);
-    EXPECT_EQ(edit->text(), "x\ny");
+    EXPECT_EQ(edit->text(), "x\r\ny");
     EXPECT_EQ(changes, 1);
 }
 
@@ -133,7 +138,10 @@ TEST_F(ScintillaEditTest, TheMouseIsToldAndSelectsInOnePiece) {
     edit->mouseDown.connect([&](MousePress press) { told.insert(told.end(), {press.button, press.shift, press.x}); });
     edit->clicked.connect([&] { told.push_back(0); });
     QTest::mouseClick(viewport(), Qt::LeftButton, Qt::ControlModifier, {30, 5});
+    bool claimed = false;
+    QObject::connect(&scintilla(), &Sci::QSCN_SELCHANGED, [&](bool selected) { claimed = selected; });
     edit->selectAll();
+    EXPECT_TRUE(claimed) << "not the desktop's selection";
     QTest::mouseClick(viewport(), Qt::RightButton, Qt::ShiftModifier, {40, 6});
     EXPECT_EQ(told, (std::vector{MousePress::left, 2, 30, 0, MousePress::right, 1, 40}));
     EXPECT_EQ(edit->selLength(), 19) << "the right button leaves the selection";
@@ -143,6 +151,58 @@ TEST_F(ScintillaEditTest, TheMouseIsToldAndSelectsInOnePiece) {
     key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_EQ(ask(Sci::SCI_SELECTIONISRECTANGLE), 0);
     EXPECT_EQ(ask(Sci::SCI_GETSELECTIONS), 1);
+}
+
+TEST_F(ScintillaEditTest, TheKeysOfThePopupOpenItBelowTheCaret) {
+    edit->setText("some text\nmore");
+    edit->setSelStart(14);
+    QPoint told;
+    edit->mouseDown.connect([&](const MousePress& press) {
+        EXPECT_EQ(press.button, MousePress::right);
+        EXPECT_EQ(PopupPlace::now(), viewport()->mapToGlobal(QPoint(press.x, press.y)));
+        told = {press.x, press.y};
+    });
+    const long below = ask(Sci::SCI_TEXTHEIGHT) * 2;
+    const long right = scintilla().SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, 14L);
+    key(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(told, QPoint(static_cast<int>(right), static_cast<int>(below)));
+    told = {};
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {1, 1}, viewport()->mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(edit->widget(), &menuKey);
+    EXPECT_EQ(told, QPoint(static_cast<int>(right), static_cast<int>(below)));
+    EXPECT_EQ(PopupPlace::now(), QCursor::pos());
+}
+
+TEST_F(ScintillaEditTest, WindowsOverTheSelectionMoveAside) {
+    QWidget& window = *edit->widget();
+    edit->setText(std::string(40, 'x') + "\n\nmatch");
+    edit->setSelLength(40);
+    const QRect line(viewport()->mapToGlobal(QPoint(4, 0)), QSize(200, static_cast<int>(ask(Sci::SCI_TEXTHEIGHT))));
+    // Over the line, at the screen's edge, larger than any room beside it, and beside it.
+    QDialog over(&window);
+    QDialog cornered(&over);
+    QDialog huge(&window);
+    QDialog beside(&window);
+    QDialog late(&window);
+    const QSize small(200, 100);
+    const QSize screen = window.screen()->availableSize();
+    for (const auto& [dialog, place, size] :
+         {std::tuple(&over, line.center(), small), std::tuple(&cornered, line.topLeft() - QPoint(190, 90), small),
+          std::tuple(&huge, line.topLeft(), screen), std::tuple(&beside, line.bottomLeft() + QPoint(0, 60), small)}) {
+        dialog->setGeometry(QRect(place, size));
+        dialog->show();
+    }
+    edit->uncoverSelection();
+    for (const QDialog* each : {&over, &cornered}) {
+        EXPECT_FALSE(each->frameGeometry().intersects(line));
+        EXPECT_TRUE(window.screen()->availableGeometry().contains(each->frameGeometry()));
+    }
+    EXPECT_EQ(huge.geometry().topLeft(), line.topLeft());
+    EXPECT_EQ(beside.geometry().topLeft(), line.bottomLeft() + QPoint(0, 60));
+    late.setGeometry(QRect(line.center(), small));
+    late.show();
+    QApplication::processEvents();
+    EXPECT_FALSE(late.frameGeometry().intersects(line)) << "a question that comes behind the find";
 }
 
 TEST_F(ScintillaEditTest, ABatchLeavesTheVisibleSelectionToItsEndAndScrollsThen) {
@@ -182,6 +242,27 @@ TEST_F(ScintillaEditTest, OnlyAScreenReaderIsPaidFor) {
     ASSERT_NE(textInterface(), nullptr);
     EXPECT_EQ(textInterface()->characterCount(), 3);
     EXPECT_EQ(changes, 3);
+    QAccessible::setActive(false);
+}
+
+TEST_F(ScintillaEditTest, AScreenReaderIsToldNothingWithinARunOfChanges) {
+    std::string told;
+    QObject::connect(&scintilla(), &Sci::SCN_MODIFIED, [&](int, int kind, const char* text, int length) {
+        if ((kind & (Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT)) != 0)
+            told += std::string(text, static_cast<std::size_t>(length)) + " ";
+    });
+    const auto write = [&](const char* text) {
+        const EditControl::Batch batch(*edit);
+        edit->setSelText(text);
+        QAccessible::setActive(!std::string_view(text).starts_with("leaves"));
+        edit->setSelText("and more");
+    };
+    for (const char* text : {"comes", "stays", "leaves", "comes again"}) write(text);
+    for (int i = 0; i < 2; ++i) edit->undo();
+    edit->redo();
+    EXPECT_EQ(told, "");
+    QTest::keyClicks(edit->widget(), "b");
+    EXPECT_EQ(told, "b ");
     QAccessible::setActive(false);
 }
 
