@@ -99,8 +99,8 @@ void Find::remember(const std::string& text) {
 
 void Find::search(EditControl& edit, const std::string& text) {
     edit.setSelLength(0);
-    const int options = (chkWord.value() ? find_option::wholeWord : 0) + (chkCase.value() ? find_option::matchCase : 0);
-    foundAt_ = edit.Find(text, searchStart_, searchEnd_, options);
+    foundAt_ = edit.Find(text, searchStart_, searchEnd_, searchOptions(chkWord, chkCase));
+    if (foundAt_ >= 0) edit.uncoverSelection();
     // A search that failed goes on one character in front of where a match at the very top would end.
     searchStart_ =
         foundAt_ < 0 ? positionBehind(edit.textView(), characterCount(text) - 1) : foundAt_ + edit.selLength();
@@ -114,6 +114,11 @@ void addFindToReg(const std::string& text) {
     if (stored.size() < historySize) return save(stored.size() + 1, text);
     save(1, text);
     for (std::size_t number = 2; number <= stored.size(); ++number) save(number, stored[number - 2].value);
+}
+
+int searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase) {
+    return find_option::anyLineEnd + (wholeWord.value() ? find_option::wholeWord : 0) +
+           (matchCase.value() ? find_option::matchCase : 0);
 }
 
 bool refuseEmptyFindText(const std::string& text) {

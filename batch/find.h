@@ -52,6 +52,9 @@ void addFindToReg(const std::string& text);
 /// Whether `text` is none to search for; the user has been told then.
 bool refuseEmptyFindText(const std::string& text);
 
+/// The options of a search by these boxes. Any line end of the text looked for matches any one of the document.
+int searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase);
+
 void mnuEdit_Find_Click();
 
 }  // namespace kelvor

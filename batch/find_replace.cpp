@@ -106,15 +106,14 @@ void FindReplace::replace() {
 
 FindReplace::Run FindReplace::beginRun() {
     EditControl& edit = activeText();
-    const int options = (chkWord.value() ? find_option::wholeWord : 0) + (chkCase.value() ? find_option::matchCase : 0);
+    // The box may end its lines in another way than the document, and the document its own in several.
+    const int options = searchOptions(chkWord, chkCase);
     const bool within = chkWithin.value();
     searchStart_ = within ? edit.selStart() : 0;
     const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
     edit.setSelLength(0);
     platform().screen.setMousePointer(MousePointer::hourglass);
-    // The boxes end their lines in CR LF, the document's may end in another way.
-    return {edit, withLineEnd(txtFindText.textView(), edit.lineEnd()),
-            withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
+    return {edit, txtFindText.text(), withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
 }
 
 void FindReplace::endRun(Run& run) {
@@ -130,6 +129,7 @@ void FindReplace::endRun(Run& run) {
 void FindReplace::replaceAsking(Run& run) {
     while (isLoaded() && findMatch(run)) {
         platform().screen.setMousePointer(MousePointer::standard);
+        run.edit.uncoverSelection();
         const Answer answer = askToReplace();
         if (answer == Answer::cancel) return;
         if (answer == Answer::yes) {

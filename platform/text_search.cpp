@@ -35,6 +35,10 @@ struct Anchor {
     std::size_t unitsToBoundary = 0;
 };
 
+/// Stand for characters where line ends are compared as wholes: any of them, and half of a CR LF, which is never one.
+constexpr UChar32 lineEnd = '\n';
+constexpr UChar32 halfLineEnd = -1;
+
 /// All characters that fold to `folded`, each as its bytes: "k" is also "K" and the Kelvin sign of three bytes.
 std::vector<std::string> spellingsOf(UChar32 folded) {
     std::vector<std::string> spellings(1);
@@ -58,11 +62,13 @@ std::vector<PatternByte> exactBytes(std::string_view pattern) {
     return bytes;
 }
 
-std::vector<PatternByte> foldedBytes(const std::vector<UChar32>& pattern) {
+/// @param spellingsOfUnit  how a text may spell a character of the pattern
+template <typename Spellings>
+std::vector<PatternByte> spelledBytes(const std::vector<UChar32>& pattern, Spellings spellingsOfUnit) {
     std::vector<PatternByte> bytes;
     std::size_t run = 0;
     for (std::size_t i = 0; i < std::min(pattern.size(), unitsWeighed); ++i) {
-        const auto spellings = spellingsOf(pattern[i]);
+        const std::vector<std::string> spellings = spellingsOfUnit(pattern[i]);
         const auto length = spellings.front().size();
         const bool fixed = std::all_of(spellings.begin(), spellings.end(),
                                        [&](const auto& spelling) { return spelling.size() == length; });
@@ -140,19 +146,25 @@ std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
 
 struct TextSearch::Pattern {
     Pattern(std::string_view pattern, int options)
-        : wholeWord((options & find_option::wholeWord) != 0), matchCase((options & find_option::matchCase) != 0) {
-        if (matchCase) exact = pattern;
+        : wholeWord((options & find_option::wholeWord) != 0),
+          matchCase((options & find_option::matchCase) != 0),
+          anyLineEnd((options & find_option::anyLineEnd) != 0 && pattern.find_first_of("\r\n") != pattern.npos) {
+        if (matchCase && !anyLineEnd) exact = pattern;
         for (std::size_t position = 0; position < pattern.size();) {
-            const auto point = codePointAt(pattern, position);
-            characters.push_back(compared(point));
-            position += point.length;
+            const auto unit = unitAt(pattern, position, pattern.size());
+            characters.push_back(unit.value);
+            position += unit.length;
         }
-        anchor = rarestPair(matchCase ? exactBytes(exact) : foldedBytes(characters));
+        anchor = rarestPair(exact.empty() ? spelledBytes(characters, [this](UChar32 unit) { return spellings(unit); })
+                                          : exactBytes(exact));
     }
 
     bool empty() const { return characters.empty(); }
-    /// What of a character counts in a comparison.
-    UChar32 compared(CodePoint point) const { return matchCase ? point.value : foldedCodePoint(point.value); }
+    /// The character at `position` in front of `to`, or the line end, with what of it counts in a comparison.
+    CodePoint unitAt(std::string_view text, std::size_t position, std::size_t to) const;
+    /// The one that ends at `end`, which is not 0.
+    CodePoint unitBefore(std::string_view text, std::size_t end) const;
+    std::vector<std::string> spellings(UChar32 unit) const;
     bool accepts(std::string_view text, const TextMatch& match) const {
         return !wholeWord || standsAsWord(text, match);
     }
@@ -162,37 +174,63 @@ struct TextSearch::Pattern {
 
     bool wholeWord;
     bool matchCase;
-    /// The pattern's bytes; empty when the case does not count.
+    bool anyLineEnd;
+    /// The pattern's bytes where only they match, otherwise empty.
     std::string exact;
     std::vector<UChar32> characters;
     Anchor anchor;
+
+private:
+    UChar32 compared(UChar32 value) const { return matchCase ? value : foldedCodePoint(value); }
 };
+
+CodePoint TextSearch::Pattern::unitAt(std::string_view text, std::size_t position, std::size_t to) const {
+    const auto point = codePointAt(text.substr(0, to), position);
+    if (!anyLineEnd || (point.value != '\r' && point.value != '\n')) return {compared(point.value), point.length};
+    if (point.value == '\n') return {position > 0 && text[position - 1] == '\r' ? halfLineEnd : lineEnd, 1};
+    if (position + 1 == text.size() || text[position + 1] != '\n') return {lineEnd, 1};
+    return position + 1 < to ? CodePoint{lineEnd, 2} : CodePoint{halfLineEnd, 1};
+}
+
+CodePoint TextSearch::Pattern::unitBefore(std::string_view text, std::size_t end) const {
+    const auto point = codePointBefore(text, end);
+    if (!anyLineEnd || (point.value != '\r' && point.value != '\n')) return {compared(point.value), point.length};
+    if (point.value == '\n') return {lineEnd, end > 1 && text[end - 2] == '\r' ? std::size_t{2} : 1};
+    return {end < text.size() && text[end] == '\n' ? halfLineEnd : lineEnd, 1};
+}
+
+std::vector<std::string> TextSearch::Pattern::spellings(UChar32 unit) const {
+    if (anyLineEnd && unit == lineEnd) return {"\r\n", "\r", "\n"};
+    if (!matchCase) return spellingsOf(unit);
+    std::vector<std::string> spelling(1);
+    appendCodePoint(spelling.front(), unit);
+    return spelling;
+}
 
 /// The match in [from, to) whose anchor stands at `place`; adds to `effort` what it looked at.
 std::optional<TextMatch> TextSearch::Pattern::matchAt(std::string_view text, std::size_t from, std::size_t to,
                                                       std::size_t place, std::size_t& effort) const {
     const auto boundary = place + anchor.toBoundary;
-    if (matchCase) {
+    if (!exact.empty()) {
         const auto before = anchor.unitsToBoundary;
         if (boundary - from < before || to - boundary < exact.size() - before) return std::nullopt;
         effort += exact.size() / 8;
         if (std::memcmp(text.data() + (boundary - before), exact.data(), exact.size()) != 0) return std::nullopt;
         return TextMatch{boundary - before, exact.size()};
     }
-    const auto within = text.substr(0, to);
     auto end = boundary;
     for (auto i = anchor.unitsToBoundary; i < characters.size(); ++i, ++effort) {
         if (end >= to) return std::nullopt;
-        const auto point = codePointAt(within, end);
-        if (foldedCodePoint(point.value) != characters[i]) return std::nullopt;
-        end += point.length;
+        const auto unit = unitAt(text, end, to);
+        if (unit.value != characters[i]) return std::nullopt;
+        end += unit.length;
     }
     auto start = boundary;
     for (auto i = anchor.unitsToBoundary; i > 0; --i, ++effort) {
         if (start <= from || start > to) return std::nullopt;
-        const auto point = codePointBefore(within, start);
-        if (foldedCodePoint(point.value) != characters[i - 1] || start - from < point.length) return std::nullopt;
-        start -= point.length;
+        const auto unit = unitBefore(text, start);
+        if (unit.value != characters[i - 1] || start - from < unit.length) return std::nullopt;
+        start -= unit.length;
     }
     return TextMatch{start, end - start};
 }
@@ -207,13 +245,12 @@ std::optional<TextMatch> TextSearch::Pattern::findSteadily(std::string_view text
     std::size_t oldest = 0;
     std::size_t matched = 0;
     for (auto position = from; position < to;) {
-        const auto point = codePointAt(text.substr(0, to), position);
-        const auto value = compared(point);
+        const auto unit = unitAt(text, position, to);
         begins[oldest] = position;
         oldest = oldest + 1 == begins.size() ? 0 : oldest + 1;
-        position += point.length;
-        while (matched > 0 && value != characters[matched]) matched = borders[matched];
-        if (value == characters[matched]) ++matched;
+        position += unit.length;
+        while (matched > 0 && unit.value != characters[matched]) matched = borders[matched];
+        if (unit.value == characters[matched]) ++matched;
         if (matched < characters.size()) continue;
         const TextMatch match{begins[oldest], position - begins[oldest]};
         if (accepts(text, match)) return match;

@@ -11,6 +11,8 @@ namespace kelvor {
 namespace find_option {
 constexpr int wholeWord = 2;
 constexpr int matchCase = 4;
+/// A line end of the pattern (CR LF, CR or LF) matches each of the three; half of a CR LF is none.
+constexpr int anyLineEnd = 8;
 }  // namespace find_option
 
 /// Where a match stands, in bytes of the text searched. Without regard to case its length may differ

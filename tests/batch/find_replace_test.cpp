@@ -86,14 +86,29 @@ TEST_F(FindReplaceForm, AllAtOnceReplacesInItsRangeAsOneStep) {
     }
 }
 
-TEST_F(FindReplaceForm, TypedLineEndsAreTheDocuments) {
-    window.Text1.LoadFile(directory.write("page.htm", "a\nb\na\n"));
-    mnuEdit_FindReplace_Click();
-    form().txtFindText.setText("a\r\nb");
-    form().txtReplace.setText("b\r\na");
-    expectCount(1);
-    form().cmdReplaceAll.click();
-    expectOutcome("b\na\na\n");
+TEST_F(FindReplaceForm, AnyLineEndMatchesAnyAndTheReplacementsAreTheDocuments) {
+    const struct {
+        std::string page;
+        int selected;  ///< of the page's start: the text to find
+        std::string replacement;
+        int count;
+        std::string after;
+    } rows[] = {
+        {"a\nb\na\r\nb\ra\rb\n", 3, "x\r\n", 3, "x\n\nx\n\rx\n\n"},
+        {"a\r\nb\r\na\nb\r\r\n", 4, "x\n", 2, "x\r\n\r\nx\r\n\r\r\n"},
+        {"\r\n\n\r\r\r\n", 2, "-", 5, "-----"},
+        {"\n\r\n\n", 1, "-", 3, "---"},
+    };
+    for (const auto& row : rows) {
+        window.Text1.LoadFile(directory.write("page.htm", row.page));
+        window.Text1.setSelLength(row.selected);
+        mnuEdit_FindReplace_Click();
+        form().txtReplace.setText(row.replacement);
+        expectCount(row.count);
+        form().cmdReplaceAll.click();
+        expectOutcome(row.after);
+        form().cmdClose.click();
+    }
 }
 
 TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {

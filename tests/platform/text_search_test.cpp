@@ -11,6 +11,7 @@
 namespace kelvor {
 namespace {
 
+using find_option::anyLineEnd;
 using find_option::matchCase;
 using find_option::wholeWord;
 
@@ -30,10 +31,22 @@ TEST(TextSearch, FindsLettersInAnyCaseAndWholeWords) {
     EXPECT_EQ(matchOf("abc", "", 0), "");
 }
 
+/// The line end or half of one that begins at `place`.
+CodePoint lineEndAt(std::string_view text, std::size_t place) {
+    if (text[place] == '\n') return {place > 0 && text[place - 1] == '\r' ? -1 : '\n', 1};
+    return {'\n', text.substr(place, 2) == "\r\n" ? std::size_t{2} : 1};
+}
+
 /// What TextSearch must find, by comparing character with character at each place from the begin of one on.
 std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pattern, int options, std::size_t from,
                                      std::size_t to) {
     const auto valueOf = [&](UChar32 value) { return (options & matchCase) != 0 ? value : foldedCodePoint(value); };
+    const bool wholeLineEnds = (options & anyLineEnd) != 0 && pattern.find_first_of("\r\n") != pattern.npos;
+    const auto unitAt = [&](std::string_view within, std::size_t place) {
+        if (wholeLineEnds && (within[place] == '\r' || within[place] == '\n')) return lineEndAt(within, place);
+        const CodePoint point = codePointAt(within, place);
+        return CodePoint{valueOf(point.value), point.length};
+    };
     const auto isWord = [](const CodePoint& point) { return point.value == '_' || u_isalnum(point.value); };
     const auto isInWord = [&](std::size_t place) {
         return place > 0 && place < text.size() && isWord(codePointBefore(text, place)) &&
@@ -44,9 +57,9 @@ std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pat
         auto end = start;
         std::size_t matched = 0;
         while (matched < pattern.size() && end < to) {
-            const auto wanted = codePointAt(pattern, matched);
-            const auto point = codePointAt(text, end);
-            if (valueOf(point.value) != valueOf(wanted.value)) break;
+            const auto wanted = unitAt(pattern, matched);
+            const auto point = unitAt(text, end);
+            if (point.value != wanted.value) break;
             end += point.length;
             matched += wanted.length;
         }
@@ -63,6 +76,7 @@ TEST(TextSearch, AgreesWithThePlainSearch) {
         {"ß", "ẞ", "é", "É", "п", "П", "Ⱥ", "ⱥ", "z", "-"},
         {"<", "P", "p", ">", "/", "\n", "\U00010400", "\U00010428", "日"},
         {"@", "`", "[", "{", "\xFF", "\u0301", "e"},
+        {"\r", "\n", "\r\n", "a", "A"},
     };
     std::mt19937 random(7);
     const auto randomText = [&](const std::vector<std::string>& alphabet, std::size_t characters) {
@@ -75,7 +89,7 @@ TEST(TextSearch, AgreesWithThePlainSearch) {
         const auto& alphabet = alphabets[random() % std::size(alphabets)];
         const auto text = randomText(alphabet, random() % 120);
         const auto pattern = randomText(alphabet, 1 + random() % 4);
-        const int options = static_cast<int>(random() % 4) * 2;
+        const int options = static_cast<int>(random() % 8) * 2;
         // A range may begin and end within a character, end before its begin or behind the text.
         const auto from = random() % 2 * random() % (text.size() + 3);
         const auto to = random() % 2 == 0 ? std::string::npos : random() % (text.size() + 3);
@@ -100,6 +114,7 @@ TEST(TextSearch, StaysLinearWhereThePatternNearlyMatchesEverywhere) {
     std::string cells;
     for (int i = 0; i < 3000; ++i) cells += "-ab";
     EXPECT_EQ(matchOf(cells + "-a", cells.substr(0, 3000) + "-a", wholeWord), "6000+3002");
+    EXPECT_EQ(matchOf(std::string(200000, '\r') + "b", std::string(50000, '\n') + "bb", anyLineEnd), "");
     EXPECT_EQ(matchOf(std::string(200000, 'a'), std::string(50000, 'a'), wholeWord | matchCase), "");
 }
 

@@ -6,6 +6,7 @@
 
 #include "authoring/special_character_insertion.h"
 #include "authoring/tags.h"
+#include "batch/find.h"
 #include "core/document_manager.h"
 #include "core/frame.h"
 #include "core/startup.h"
@@ -140,6 +141,17 @@ TEST_F(Program, ClipboardChordsActOnce) {
     for (const auto key : {Qt::Key_A, Qt::Key_C, Qt::Key_End, Qt::Key_V, Qt::Key_V, Qt::Key_Z})
         press(key, Qt::ControlModifier);
     EXPECT_EQ(mainForm().activeForm().Text1.text(), "wordword");
+}
+
+TEST_F(Program, ADialogThatFindsStandsBesideTheMatch) {
+    openByDialog({files.write("a.htm", "word")});
+    const QWidget& page = *dynamic_cast<QAbstractScrollArea&>(text()).viewport();
+    press(Qt::Key_F, Qt::ControlModifier);
+    QWidget& dialog = *platform.windows().widgetOf(findForm());
+    dialog.move(page.mapToGlobal(QPoint(0, 0)));
+    findForm().cboFindText.setText("word");
+    findForm().cmdFind.click();
+    EXPECT_FALSE(dialog.frameGeometry().contains(page.mapToGlobal(QPoint(6, 6))));
 }
 
 TEST_F(Program, TheRoadOfOneCommandLeadsFromASelectedWordToThePreview) {
