@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "platform/event.h"
+#include "platform/qt/key_places.h"
 #include "platform/qt/menu_keys.h"
 #include "platform/qt/style.h"
 
@@ -80,6 +81,7 @@ Application::Application(int& argumentCount, char** arguments) : QApplication(ar
     setWindowIcon(QIcon(QStringLiteral(":/kelvor.svg")));
     // The frame's end is the program's; a tool window left over must not keep it, and none's end may be it.
     setQuitOnLastWindowClosed(false);
+    new KeyPlaces(this);
     listenToSignals();
     connect(this, &QGuiApplication::commitDataRequest, this, &Application::endSession, Qt::DirectConnection);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/edit_control.h"
+#include "platform/qt/key_layout.h"
 
 namespace kelvor::qt {
 
@@ -39,8 +40,6 @@ constexpr std::array specialKeys = {
 };
 constexpr int codeOfF1 = 112;
 
-/// Where the upper row's keys 1, 2, ... 9, 0 are on X11 and Wayland, whatever the layout prints on them.
-constexpr quint32 firstDigitScanCode = 10;
 constexpr std::string_view digitRow = "1234567890";
 /// What a US keyboard gives for that row with Shift, for events that carry no scan code.
 constexpr std::string_view shiftedDigitRow = "!@#$%^&*()";

@@ -159,7 +159,7 @@ TEST_F(ScintillaEditTest, TheKeysOfThePopupOpenItBelowTheCaret) {
     QPoint told;
     edit->mouseDown.connect([&](const MousePress& press) {
         EXPECT_EQ(press.button, MousePress::right);
-        EXPECT_EQ(PopupPlace::now(), viewport()->mapToGlobal(QPoint(press.x, press.y)));
+        EXPECT_EQ(PopupPlace::take(), viewport()->mapToGlobal(QPoint(press.x, press.y)));
         told = {press.x, press.y};
     });
     const long below = ask(Sci::SCI_TEXTHEIGHT) * 2;
@@ -170,7 +170,7 @@ TEST_F(ScintillaEditTest, TheKeysOfThePopupOpenItBelowTheCaret) {
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {1, 1}, viewport()->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(edit->widget(), &menuKey);
     EXPECT_EQ(told, QPoint(static_cast<int>(right), static_cast<int>(below)));
-    EXPECT_EQ(PopupPlace::now(), QCursor::pos());
+    EXPECT_EQ(PopupPlace::take(), QCursor::pos());
 }
 
 TEST_F(ScintillaEditTest, WindowsOverTheSelectionMoveAside) {
