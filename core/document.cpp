@@ -165,10 +165,15 @@ bool CDocument::CloseDoc() {
 
 bool CDocument::ChangeMode(int mode) {
     viewMode_ = mode;
-    if (mode == view_mode::source) SourceRTB().ZOrder();
+    if (mode == view_mode::source) {
+        SourceRTB().ZOrder();
+        PreviewWB().Close();
+    }
     if (mode == view_mode::preview && isSaved_ && !isUntitled_) {
-        const std::string& address = vdirManager_->EnforceVDirs() ? urlForDocument_ : longFileName_;
-        PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache);
+        const bool mapped = vdirManager_->EnforceVDirs();
+        const std::string& address = mapped ? urlForDocument_ : longFileName_;
+        PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache,
+                             mapped ? vdirManager_->encodedURLForPath(longFileName_) : "");
         window_->StatusBar1.setSimpleText(address);
         PreviewWB().ZOrder();
         PreviewWB().SetFocus();

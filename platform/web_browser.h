@@ -15,14 +15,23 @@ public:
 
     using Control::Control;
 
-    /// @param address  a path or a URL
+    /// @param address  a path or a URL, as the user sees it
     /// @param flags    the sum of noHistory and noWriteToCache
-    void Navigate(const std::string& address, int flags) {
+    /// @param mapped   what a mapping made of the path, as it is sent to the server; "" where none did
+    void Navigate(const std::string& address, int flags, const std::string& mapped = {}) {
         address_ = address;
         flags_ = flags;
+        mapped_ = mapped;
         tell(Aspect::value);
     }
+    /// Ends the page, and with it what it loads and the memory that it takes. Nothing when there is none.
+    void Close() {
+        if (address_.empty()) return;
+        Navigate({}, 0);
+    }
+    /// "" while there is no page.
     const std::string& address() const { return address_; }
+    const std::string& mapped() const { return mapped_; }
     int flags() const { return flags_; }
 
     /// Puts the pane on top of the source.
@@ -30,6 +39,7 @@ public:
 
 private:
     std::string address_;
+    std::string mapped_;
     int flags_ = 0;
 };
 

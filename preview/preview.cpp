@@ -52,6 +52,12 @@ void reportNoBrowser() {
                  .icon = MessageIcon::critical});
 }
 
+void reportNoFile(const std::string& name) {
+    beepAndShow({.text = "[" + name + "] has no file yet, so there is nothing that a browser could show.",
+                 .title = "Preview requires save.",
+                 .icon = MessageIcon::exclamation});
+}
+
 }  // namespace
 
 void InLinePreview(CDocument& document) {
@@ -60,7 +66,9 @@ void InLinePreview(CDocument& document) {
 
 void previewDefault() {
     CDocument& document = documentManager()->currentDocument();
-    if (savedForPreview(document)) openInDefaultBrowser(document.LongFileName());
+    if (!savedForPreview(document)) return;
+    if (document.IsUntitled()) return reportNoFile(document.ShortFileName());
+    openInDefaultBrowser(document.LongFileName());
 }
 
 void previewAlternate(const std::string& label) {

@@ -13,6 +13,10 @@ bool isWeb(const std::string& scheme) {
     return scheme == "http" || scheme == "https";
 }
 
+bool isNetwork(const std::string& scheme) {
+    return isWeb(scheme) || scheme == "ws" || scheme == "wss";
+}
+
 /// Made by the page itself, out of what it has already.
 bool isOwnMaking(const std::string& scheme) {
     return scheme == "data" || scheme == "blob" || scheme == "about";
@@ -50,8 +54,8 @@ bool isInside(const fs::path& file, const fs::path& folder) {
 
 }  // namespace
 
-RequestRules::RequestRules(const PageAddress& document, const std::string& home)
-    : local_(!isWeb(document.scheme)), host_(document.host), document_(document.path) {
+RequestRules::RequestRules(const PageAddress& document, const std::string& home, bool remoteContent)
+    : local_(!isWeb(document.scheme)), host_(document.host), document_(document.path), remoteContent_(remoteContent) {
     if (!local_) return;
     folder_ = resolved(fs::path(document_).parent_path().string());
     home_ = resolved(home);
@@ -61,28 +65,23 @@ bool RequestRules::allows(const PageAddress& target, ResourceKind kind, bool red
     return local_ ? localPageGets(target, kind) : webPageGets(target, kind, redirected);
 }
 
-bool RequestRules::localPageGets(const PageAddress& target, ResourceKind kind) {
-    if (target.scheme == "file") return target.host.empty() && localPageGetsFile(target.path, kind);
-    if (isOwnMaking(target.scheme)) return kind != ResourceKind::page;
-    // The address alone can carry text away, so nothing more goes out once there may be some.
-    return isWeb(target.scheme) && kind == ResourceKind::part && !hasRead_;
+bool RequestRules::waitsForUser(const PageAddress& target, ResourceKind kind) const {
+    return local_ && !remoteContent_ && isNetwork(target.scheme) && kind != ResourceKind::page;
 }
 
-bool RequestRules::localPageGetsFile(const std::string& path, ResourceKind kind) {
+bool RequestRules::localPageGets(const PageAddress& target, ResourceKind kind) const {
+    if (target.scheme == "file") return target.host.empty() && localPageGetsFile(target.path, kind);
+    if (kind == ResourceKind::page) return false;
+    return isOwnMaking(target.scheme) || (remoteContent_ && isNetwork(target.scheme));
+}
+
+bool RequestRules::localPageGetsFile(const std::string& path, ResourceKind kind) const {
     if (kind == ResourceKind::exchange) return false;
     if (kind == ResourceKind::page && path == document_) return true;
     const fs::path file = resolved(path);
     const bool own = isInside(file, folder_);
-    if (kind == ResourceKind::readable) {
-        const bool read = own && isWebFile(file);
-        hasRead_ |= read;
-        return read;
-    }
-    if (own) return true;
-    // A script can read what it shows of another folder: pixels, variables, rules.
-    const bool beside = kind == ResourceKind::part && isNeighbour(file);
-    hasRead_ |= beside;
-    return beside;
+    if (kind == ResourceKind::readable) return own && isWebFile(file);
+    return own || (kind == ResourceKind::part && isNeighbour(file));
 }
 
 /// Whether it lies beside the page's folder on what looks like one site: pages of a subfolder commonly take their
@@ -94,8 +93,7 @@ bool RequestRules::isNeighbour(const fs::path& file) const {
 }
 
 bool RequestRules::webPageGets(const PageAddress& target, ResourceKind kind, bool redirected) {
-    if (kind != ResourceKind::page)
-        return isWeb(target.scheme) || isOwnMaking(target.scheme) || target.scheme == "ws" || target.scheme == "wss";
+    if (kind != ResourceKind::page) return isNetwork(target.scheme) || isOwnMaking(target.scheme);
     if (!isWeb(target.scheme)) return false;
     if (redirected) host_ = target.host;
     return target.host == host_;

@@ -20,23 +20,26 @@ enum class ResourceKind {
     exchange   ///< what goes out and brings an answer back to a script: fetch, beacon, socket
 };
 
-/// What the page in preview may load. A local page is work in progress, or somebody's file out of a mail: it shows
-/// as it would on a server, but its scripts get at no other text on this machine and send none away. A page from a
-/// server is held by the browser's own rules, and gets no local file whatever.
-/// One object stands for one page in preview and remembers what it has loaded.
+/// What the page in preview may load. A local page is work in progress, or somebody's file out of a mail: it gets
+/// files of its own ground, and nothing from the network until the user lets it, since an address alone can carry
+/// away what lies beside the page. A page from a server is held by the browser's own rules, and gets no local file
+/// whatever.
 class RequestRules {
 public:
-    /// @param document  what the preview was sent to; its folder and all below is the page's own ground
-    /// @param home      the user's home directory; "" when there is none
-    RequestRules(const PageAddress& document, const std::string& home);
+    /// @param document       what the preview was sent to; its folder and all below is the page's own ground
+    /// @param home           the user's home directory; "" when there is none
+    /// @param remoteContent  whether the user lets a local page use the network
+    RequestRules(const PageAddress& document, const std::string& home, bool remoteContent);
 
     /// Whether the page gets it.
     /// @param redirected  a server has sent the request on to `target`
     bool allows(const PageAddress& target, ResourceKind kind, bool redirected = false);
+    /// Whether the page would get it if the user let it use the network.
+    bool waitsForUser(const PageAddress& target, ResourceKind kind) const;
 
 private:
-    bool localPageGets(const PageAddress& target, ResourceKind kind);
-    bool localPageGetsFile(const std::string& path, ResourceKind kind);
+    bool localPageGets(const PageAddress& target, ResourceKind kind) const;
+    bool localPageGetsFile(const std::string& path, ResourceKind kind) const;
     bool webPageGets(const PageAddress& target, ResourceKind kind, bool redirected);
     bool isNeighbour(const std::filesystem::path& file) const;
 
@@ -45,7 +48,7 @@ private:
     std::string document_;  ///< the local page's path, as it was spelled
     std::filesystem::path folder_;
     std::filesystem::path home_;
-    bool hasRead_ = false;  ///< a script of the local page may know another file's text
+    bool remoteContent_;
 };
 
 }  // namespace kelvor

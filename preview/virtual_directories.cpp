@@ -1,5 +1,6 @@
 #include "preview/virtual_directories.h"
 
+#include <functional>
 #include <string_view>
 
 #include "core/frame.h"
@@ -34,15 +35,37 @@ void addLines(std::string_view text, VirtualDirectories& directories) {
     }
 }
 
-std::string replaceAll(std::string_view text, std::string_view pattern, std::string_view replacement) {
-    const TextSearch search(pattern, 0);
+using Spelling = std::function<std::string(std::string_view)>;
+
+/// @param kept  how what stands between the matches is spelled
+std::string replaceAll(std::string_view text, const CVDir& mapping, const Spelling& kept) {
+    const TextSearch search(mapping.FileSystemPath(), 0);
     std::string result;
     std::size_t position = 0;
     while (const auto match = search.find(text, position)) {
-        result.append(text.substr(position, match->position - position)).append(replacement);
+        result.append(kept(text.substr(position, match->position - position))).append(mapping.URL());
         position = match->position + match->length;
     }
-    return result.append(text.substr(position));
+    return result.append(kept(text.substr(position)));
+}
+
+std::string asItIs(std::string_view text) {
+    return std::string(text);
+}
+
+/// Each byte that would mean something in an address, or may not stand there, as "%" and two digits.
+std::string percentEncoded(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+    std::string result;
+    for (const char letter : text) {
+        const auto byte = static_cast<unsigned char>(letter);
+        if (plain.find(letter) != std::string_view::npos)
+            result += letter;
+        else
+            result.append({'%', digits[byte / 16], digits[byte % 16]});
+    }
+    return result;
 }
 
 }  // namespace
@@ -73,11 +96,19 @@ bool CVirtualDirManager::ReadVDirs() {
 }
 
 std::string CVirtualDirManager::GetVDirForPath(const std::string& path) const {
-    for (const auto& mapping : directories_.items()) {
-        std::string result = replaceAll(path, mapping->FileSystemPath(), mapping->URL());
-        if (result != path) return result;
-    }
-    return path;
+    const auto mapping = mappingFor(path);
+    return mapping ? replaceAll(path, *mapping, asItIs) : path;
+}
+
+std::string CVirtualDirManager::encodedURLForPath(const std::string& path) const {
+    const auto mapping = mappingFor(path);
+    return mapping ? replaceAll(path, *mapping, percentEncoded) : std::string();
+}
+
+std::shared_ptr<CVDir> CVirtualDirManager::mappingFor(const std::string& path) const {
+    for (const auto& mapping : directories_.items())
+        if (replaceAll(path, *mapping, asItIs) != path) return mapping;
+    return nullptr;
 }
 
 bool CVirtualDirManager::WriteVDirs() const {

@@ -61,6 +61,9 @@ public:
     bool ReadVDirs();
     /// `path` with every occurrence of the first mapped directory that it holds replaced, case ignored.
     std::string GetVDirForPath(const std::string& path) const;
+    /// What GetVDirForPath gives, as a server is asked for it: the characters that came from the path are encoded, the
+    /// mapping's address stands as the user wrote it. "" when no mapping changes the path.
+    std::string encodedURLForPath(const std::string& path) const;
     /// Writes the table over its file, one line `FileSystemPath|URL` (LF) each; an empty table deletes the file.
     bool WriteVDirs() const;
 
@@ -76,6 +79,9 @@ public:
     void WriteVDirsFailed() const;
 
 private:
+    /// The first mapping that changes the path; nullptr when none does.
+    std::shared_ptr<CVDir> mappingFor(const std::string& path) const;
+
     bool enforceVDirs_ = false;
     kelvor::VirtualDirectories directories_;
     std::string filePath_;

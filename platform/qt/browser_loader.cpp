@@ -7,6 +7,7 @@
 #include <QPluginLoader>
 
 #include "platform/qt/browser/browser_module.h"
+#include "platform/qt/name_lookups.h"
 
 namespace kelvor::qt {
 
@@ -40,6 +41,7 @@ BrowserFound loadBrowser() {
     if (const QString reason = obstacle(); !reason.isEmpty()) return {.problem = reason};
     QPluginLoader loader(file);
     module = qobject_cast<BrowserModule*>(loader.instance());
+    closeNameLookups();
     if (module) return {.module = module};
     return {.problem = QStringLiteral("The preview browser cannot be loaded.\n%1").arg(loader.errorString())};
 }

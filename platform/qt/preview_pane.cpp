@@ -1,7 +1,6 @@
 #include "platform/qt/preview_pane.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QVBoxLayout>
@@ -9,10 +8,27 @@
 #include "platform/qt/browser/browser_module.h"
 #include "platform/qt/browser_loader.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/pane_line.h"
+#include "platform/qt/pane_obstacle.h"
 
 namespace kelvor::qt {
 
 namespace {
+
+constexpr int longestAddress = 200;
+
+/// A page that loads faster does not flicker, in milliseconds.
+constexpr int unnoticed = 500;
+constexpr int second = 1000;
+/// Seconds without a page after which the server is said not to answer.
+constexpr int patience = 10;
+
+bool isUrl(const std::string& address) {
+    const QString text = toQt(address);
+    for (const char* scheme : {"http://", "https://", "file:"})
+        if (text.startsWith(QLatin1String(scheme), Qt::CaseInsensitive)) return true;
+    return false;
+}
 
 /// A path keeps its every byte: names may hold #, ? and %, and need not be text.
 QUrl fileUrl(const std::string& path) {
@@ -22,62 +38,149 @@ QUrl fileUrl(const std::string& path) {
 }
 
 QUrl pageUrl(const std::string& address) {
-    const QString text = toQt(address);
-    for (const char* scheme : {"http://", "https://", "file:"})
-        if (text.startsWith(QLatin1String(scheme), Qt::CaseInsensitive)) return QUrl(text);
-    return fileUrl(address);
+    return isUrl(address) ? QUrl(toQt(address)) : fileUrl(address);
+}
+
+bool isFile(const QUrl& url) {
+    return url.scheme() == QLatin1String("file");
+}
+
+QString heldBackText(bool scripts, bool network) {
+    if (scripts && network) return QStringLiteral("Scripts and content from the network are held back.");
+    return scripts ? QStringLiteral("Scripts are held back.")
+                   : QStringLiteral("Content from the network is held back.");
 }
 
 }  // namespace
 
-PreviewPane::PreviewPane(QWidget& place)
-    : QWidget(&place),
-      layers_(new QStackedLayout(this)),
-      notice_(new QWidget),
-      message_(new QLabel),
-      reload_(new QPushButton(QStringLiteral("&Reload"))) {
-    message_->setTextFormat(Qt::PlainText);
-    message_->setAlignment(Qt::AlignCenter);
-    message_->setWordWrap(true);
-    message_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    connect(reload_, &QPushButton::clicked, this, &PreviewPane::load);
-    auto* lines = new QVBoxLayout(notice_);
-    lines->addStretch();
-    lines->addWidget(message_);
-    lines->addWidget(reload_, 0, Qt::AlignHCenter);
-    lines->addStretch();
-    layers_->addWidget(notice_);
+PreviewPane::PreviewPane(QWidget& place) : QWidget(&place), layers_(new QStackedLayout), obstacle_(new PaneObstacle) {
     auto* whole = new QVBoxLayout(&place);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(this);
     place.setFocusProxy(this);
-    tell({}, false);
+    makeLines();
+    layers_->addWidget(obstacle_);
+    connect(obstacle_, &PaneObstacle::reload, this, &PreviewPane::load);
+    connect(obstacle_, &PaneObstacle::leave, this, &PreviewPane::showPage);
+    connect(obstacle_, &PaneObstacle::goOn, this, [this] {
+        browser_->trustSite();
+        load();
+    });
+    connect(obstacle_, &PaneObstacle::logIn, this, [this] {
+        browser_->keepLogin(obstacle_->loginName(), obstacle_->password());
+        load();
+    });
+    connect(&patience_, &QTimer::timeout, this, &PreviewPane::tellWaiting);
 }
 
-void PreviewPane::navigate(const std::string& address) {
-    url_ = pageUrl(address);
+void PreviewPane::makeLines() {
+    mapping_ = new PaneLine;
+    heldBack_ = new PaneLine(QStringLiteral("Load remote &content"));
+    refused_ = new PaneLine;
+    loading_ = new PaneLine(QStringLiteral("&Stop"));
+    const QString choice = QStringLiteral(
+        "Runs the scripts and loads what comes from the network, until this document is closed. "
+        "Scripts can then send what they read beside the page.");
+    heldBack_->button()->setToolTip(choice);
+    heldBack_->button()->setAccessibleDescription(choice);
+    connect(heldBack_->button(), &QPushButton::clicked, this, &PreviewPane::loadRemoteContent);
+    connect(loading_->button(), &QPushButton::clicked, this, [this] { browser_->stop(); });
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(0);
+    for (PaneLine* line : {mapping_, heldBack_, refused_, loading_}) lines->addWidget(line);
+    lines->addLayout(layers_, 1);
+}
+
+void PreviewPane::navigate(const std::string& address, const std::string& mapped) {
+    const bool lacksScheme = !mapped.empty() && !isUrl(mapped);
+    url_ = pageUrl(mapped.empty() || lacksScheme ? address : mapped);
+    mapping_->tell(lacksScheme ? QStringLiteral("The mapping gives no address that begins with http:// or https://, "
+                                                "so this is taken for a path: %1")
+                                     .arg(elidedInTheMiddle(toQt(address), longestAddress))
+                               : QString());
     load();
 }
 
-void PreviewPane::load() {
-    if (!browser_) {
-        const BrowserFound found = loadBrowser();
-        if (!found.module) return tell(found.problem, false);
-        browser_ = &found.module->createBrowser(*this);
-        browser_->onPageDied = [this] {
-            tell(QStringLiteral("The page's process has ended. Kelvor and your documents are not affected."), true);
-        };
-        layers_->addWidget(&browser_->widget());
+bool PreviewPane::makeBrowser() {
+    if (browser_) return true;
+    const BrowserFound found = loadBrowser();
+    if (!found.module) {
+        obstacle_->show(found.problem);
+        layers_->setCurrentWidget(obstacle_);
+        return false;
     }
-    browser_->navigate(url_);
+    browser_ = &found.module->createBrowser(*this);
+    browser_->onObstacle = [this](const Obstacle& obstacle) { showObstacle(obstacle); };
+    browser_->onRefused = [this](const QString& what) { refused_->tell(what); };
+    browser_->onHeldBack = [this](HeldBack what) { tellHeldBack(what); };
+    browser_->onLoading = [this](bool begins) { tellLoading(begins); };
+    browser_->onMoved = [this] { refused_->tell({}); };
+    layers_->addWidget(&browser_->widget());
+    return true;
+}
+
+void PreviewPane::load() {
+    close();
+    if (!makeBrowser()) return;
+    const bool usesNetwork = remoteContent_ || !isFile(url_);
+    if (usesNetwork) nameLookups_.emplace();
+    showPage();
+    browser_->navigate(url_, remoteContent_);
+}
+
+void PreviewPane::loadRemoteContent() {
+    remoteContent_ = true;
+    load();
+    browser_->widget().setFocus();
+}
+
+void PreviewPane::close() {
+    scriptsWait_ = networkWaits_ = false;
+    heldBack_->tell({});
+    refused_->tell({});
+    tellLoading(false);
+    if (browser_) browser_->close();
+    nameLookups_.reset();
+}
+
+void PreviewPane::showPage() {
     layers_->setCurrentWidget(&browser_->widget());
     setFocusProxy(&browser_->widget());
 }
 
-void PreviewPane::tell(const QString& message, bool canReload) {
-    message_->setText(message);
-    reload_->setVisible(canReload);
-    layers_->setCurrentWidget(notice_);
+void PreviewPane::showObstacle(const Obstacle& obstacle) {
+    tellLoading(false);
+    const bool hadFocus = browser_->widget().isAncestorOf(focusWidget());
+    obstacle_->show(obstacle);
+    layers_->setCurrentWidget(obstacle_);
+    setFocusProxy(obstacle_);
+    if (hadFocus) obstacle_->setFocus();
+}
+
+void PreviewPane::tellHeldBack(HeldBack what) {
+    bool& waits = what == HeldBack::scripts ? scriptsWait_ : networkWaits_;
+    if (waits) return;
+    waits = true;
+    heldBack_->tell(heldBackText(scriptsWait_, networkWaits_));
+}
+
+void PreviewPane::tellLoading(bool begins) {
+    waited_ = 0;
+    loading_->tell({});
+    if (begins)
+        patience_.start(unnoticed);
+    else
+        patience_.stop();
+}
+
+void PreviewPane::tellWaiting() {
+    const QString address = elidedInTheMiddle(url_.toDisplayString(QUrl::RemoveUserInfo), longestAddress);
+    if (waited_ == 0) loading_->tell(QStringLiteral("Loading %1").arg(address));
+    if (waited_ == patience)
+        loading_->tell(QStringLiteral("No answer after %1 seconds: %2").arg(QString::number(patience), address));
+    ++waited_;
+    patience_.start(second);
 }
 
 }  // namespace kelvor::qt

@@ -58,6 +58,14 @@ TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
     EXPECT_EQ(documentManager()->currentDocument().ViewMode(), view_mode::preview);
     EXPECT_EQ(documentManager()->currentDocument().PreviewWB().address(), "");
     EXPECT_FALSE(menu("mnuEdit").visible());
+
+    expectQuestion(Answer::yes);
+    platform.expectSave("");
+    platform.expectMessage({.text = "[Untitled 1] has no file yet, so there is nothing that a browser could show.",
+                            .title = "Preview requires save.",
+                            .icon = MessageIcon::exclamation});
+    menu("mnuRClick_Preview_Default").click();
+    EXPECT_EQ(platform.opened, std::vector<std::string>());
 }
 
 TEST_F(Preview, OnlyTheViewGoesByTheMappings) {
@@ -66,9 +74,13 @@ TEST_F(Preview, OnlyTheViewGoesByTheMappings) {
     const std::string page = document.LongFileName();
     menu("mnuView_Preview").click();
     EXPECT_EQ(document.PreviewWB().address(), page);
+    EXPECT_EQ(document.PreviewWB().mapped(), "");
+    menu("mnuView_Source").click();
+    EXPECT_EQ(document.PreviewWB().address(), "") << "the page must go";
     setEnforceVDirs(true);
     menu("mnuView_Preview").click();
     EXPECT_EQ(document.PreviewWB().address(), "http://localhost/-rf $(x) '\"#%41.htm");
+    EXPECT_EQ(document.PreviewWB().mapped(), "http://localhost/-rf%20%24%28x%29%20%27%22%23%2541.htm");
     EXPECT_EQ(document.PreviewWB().flags(), WebBrowser::noHistory | WebBrowser::noWriteToCache);
     EXPECT_EQ(document.SourceForm().StatusBar1.simpleText(), document.PreviewWB().address());
     menu("mnuRClick_Preview_Default").click();

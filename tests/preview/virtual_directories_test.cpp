@@ -33,14 +33,19 @@ TEST_F(VirtualDirs, MapsByPlainReplacementAndTheFirstChangeWins) {
     directories.Add("/srv/www/shop", "http://shop", "2");
     directories.Add("/srv/www", "http://site", "3");
     directories.Add("\xC3\x89t\xC3\xA9", "http://summer", "4");
-    for (const auto& [local, url] : {
-             std::pair{"c:\\WEB\\a\\b.html", "http://localhost\\a\\b.html"},
-             {"/srv/www/shop/x.htm", "http://shop/x.htm"},
-             {"/mirror/srv/www/srv/www/x", "/mirrorhttp://sitehttp://site/x"},
-             {"/home/\xC3\xA9T\xC3\x89/x.htm", "/home/http://summer/x.htm"},
-             {"/elsewhere/x.htm", "/elsewhere/x.htm"},
+    directories.Add("/q#1", "http://q/?a=%41&file=", "5");
+    for (const auto& [local, url, encoded] : {
+             std::tuple{"c:\\WEB\\a\\b.html", "http://localhost\\a\\b.html", "http://localhost%5Ca%5Cb.html"},
+             {"/srv/www/shop/x.htm", "http://shop/x.htm", "http://shop/x.htm"},
+             {"/mirror/srv/www/srv/www/x", "/mirrorhttp://sitehttp://site/x", "/mirrorhttp://sitehttp://site/x"},
+             {"/home/\xC3\xA9T\xC3\x89/x.htm", "/home/http://summer/x.htm", "/home/http://summer/x.htm"},
+             {"/srv/www/a b#1?%41\xC3\xA9.htm", "http://site/a b#1?%41\xC3\xA9.htm",
+              "http://site/a%20b%231%3F%2541%C3%A9.htm"},
+             {"/q#1/n#1&.htm", "http://q/?a=%41&file=/n#1&.htm", "http://q/?a=%41&file=/n%231%26.htm"},
+             {"/elsewhere/x.htm", "/elsewhere/x.htm", ""},
          }) {
         EXPECT_EQ(manager.GetVDirForPath(local), url) << local;
+        EXPECT_EQ(manager.encodedURLForPath(local), encoded) << local;
     }
 }
 

@@ -28,7 +28,7 @@ public:
     }
     ~LoopbackListener() {
         for (auto* notifier : {&connections_, &datagrams_}) notifier->setEnabled(false);
-        for (const int descriptor : {tcp_, udp_}) close(descriptor);
+        for (const int descriptor : {tcp_, udp_, silent_}) close(descriptor);
     }
 
     /// What is answered to GET `path`; anything else gets 404. An answer without a body redirects to `type`.
@@ -37,6 +37,23 @@ public:
             body.empty() ? "302 Found\r\nLocation: " : "200 OK\r\nCache-Control: max-age=3600\r\nContent-Type: ";
         answers_["GET " + path + " HTTP/1.1"] =
             lines + type + "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+    }
+
+    /// Answers GET `path` with the status and the lines of a header, and no body. A request that holds `opener` gets
+    /// what serve() told for the path.
+    void refuse(const std::string& path, const std::string& statusAndHeader, const std::string& opener = "\n\n") {
+        refusals_["GET " + path + " HTTP/1.1"] = {statusAndHeader + "\r\nContent-Length: 0\r\n\r\n", opener};
+    }
+
+    /// Takes the next connection and never answers on it.
+    void keepSilent() { keepsSilent_ = true; }
+    /// Whether the other side has given up the connection that was kept silent.
+    bool isGivenUp() const {
+        char bytes[4096];
+        ssize_t count = 0;
+        while ((count = recv(silent_, bytes, sizeof bytes, MSG_DONTWAIT)) > 0) {
+        }
+        return count == 0;
     }
 
     std::string address() const { return "127.0.0.1:" + std::to_string(port_); }
@@ -61,18 +78,30 @@ private:
     }
 
     void answer(int connection) {
+        if (std::exchange(keepsSilent_, false)) {
+            silent_ = connection;
+            return;
+        }
         constexpr timeval longestSilence{.tv_sec = 0, .tv_usec = 300'000};
         setsockopt(connection, SOL_SOCKET, SO_RCVTIMEO, &longestSilence, sizeof longestSilence);
         char bytes[4096];
         const ssize_t count = recv(connection, bytes, sizeof bytes, 0);
-        std::string line(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        line.resize(std::min(line.size(), line.find("\r\n")));
-        const auto known = answers_.find(line);
-        const std::string text =
-            "HTTP/1.1 " + (known != answers_.end() ? known->second : "404 Not Found\r\nContent-Length: 0\r\n\r\n");
+        const std::string request(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        const std::string text = "HTTP/1.1 " + answerTo(request);
         send(connection, text.data(), text.size(), MSG_NOSIGNAL);
         close(connection);
-        heard_.push_back(line);
+        heard_.push_back(firstLine(request));
+    }
+
+    static std::string firstLine(const std::string& request) { return request.substr(0, request.find("\r\n")); }
+
+    std::string answerTo(const std::string& request) const {
+        const std::string line = firstLine(request);
+        const auto refusal = refusals_.find(line);
+        if (refusal != refusals_.end() && request.find(refusal->second.second) == std::string::npos)
+            return refusal->second.first;
+        const auto known = answers_.find(line);
+        return known != answers_.end() ? known->second : "404 Not Found\r\nContent-Length: 0\r\n\r\n";
     }
 
     int port_ = 0;  ///< before the sockets, which settle it
@@ -80,7 +109,10 @@ private:
     int udp_ = bound(SOCK_DGRAM, port_);
     QSocketNotifier connections_{tcp_, QSocketNotifier::Read};
     QSocketNotifier datagrams_{udp_, QSocketNotifier::Read};
+    bool keepsSilent_ = false;
+    int silent_ = -1;
     std::map<std::string, std::string> answers_;
+    std::map<std::string, std::pair<std::string, std::string>> refusals_;
     std::vector<std::string> heard_;
 };
 

@@ -8,7 +8,11 @@ namespace kelvor::qt {
 void bindWebBrowser(WebBrowser& browser, QWidget& place, FormLink& link) {
     auto* pane = new PreviewPane(place);
     link.follow(browser, place, [&browser, pane](Aspect aspect) {
-        if (aspect == Aspect::value) pane->navigate(browser.address());
+        if (aspect != Aspect::value) return;
+        if (browser.address().empty())
+            pane->close();
+        else
+            pane->navigate(browser.address(), browser.mapped());
     });
 }
 

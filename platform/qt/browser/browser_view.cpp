@@ -1,31 +1,18 @@
 #include "platform/qt/browser/browser_view.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <QVBoxLayout>
 #include <QWebEngineView>
+#include <utility>
 
 #include "platform/qt/browser/preview_page.h"
-#include "platform/qt/convert.h"
 
 namespace kelvor::qt {
 
-namespace {
-
-constexpr int longestAddress = 200;
-
-}  // namespace
-
-BrowserView::BrowserView(QWidget& pane) : QWidget(&pane), notice_(new QLabel), view_(new QWebEngineView) {
-    notice_->setTextFormat(Qt::PlainText);
-    notice_->setWordWrap(true);
-    notice_->setMargin(notice_->fontMetrics().height() / 4);
-    notice_->hide();
+BrowserView::BrowserView(QWidget& pane) : QWidget(&pane), view_(new QWebEngineView) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(notice_);
-    layout->addWidget(view_, 1);
+    layout->addWidget(view_);
     setFocusProxy(view_);
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(view_, &QWidget::customContextMenuRequested, this, &BrowserView::showMenu);
@@ -36,24 +23,41 @@ BrowserView::~BrowserView() {
     delete page_;
 }
 
-void BrowserView::navigate(const QUrl& url) {
-    notice_->hide();
-    PreviewPage* before = page_;
-    page_ = new PreviewPage(url, *view_);
-    connect(page_, &PreviewPage::refused, this, &BrowserView::tellRefused);
-    connect(page_, &QWebEnginePage::urlChanged, notice_, &QWidget::hide);
-    connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] {
-        if (onPageDied) onPageDied();
-    });
-    view_->setPage(page_);
+void BrowserView::setPage(PreviewPage* page) {
+    PreviewPage* before = std::exchange(page_, page);
+    view_->setPage(page);
     delete before;
+}
+
+void BrowserView::navigate(const QUrl& url, bool remoteContent) {
+    setPage(new PreviewPage(url, remoteContent, *view_));
+    connectPage();
     page_->load(url);
 }
 
-void BrowserView::tellRefused(const QUrl& url) {
-    const QString address = elidedInTheMiddle(url.toDisplayString(), longestAddress);
-    notice_->setText(QStringLiteral("The preview does not follow this address: %1").arg(address));
-    notice_->show();
+void BrowserView::connectPage() {
+    connect(page_, &PreviewPage::obstacle, this, [this](const Obstacle& obstacle) { onObstacle(obstacle); });
+    connect(page_, &PreviewPage::refused, this, [this](const QString& what) { onRefused(what); });
+    connect(page_, &PreviewPage::heldBack, this, [this](HeldBack what) { onHeldBack(what); });
+    connect(page_, &QWebEnginePage::urlChanged, this, [this] { onMoved(); });
+    connect(page_, &QWebEnginePage::loadStarted, this, [this] { onLoading(true); });
+    connect(page_, &QWebEnginePage::loadFinished, this, [this] { onLoading(false); });
+}
+
+void BrowserView::close() {
+    setPage(nullptr);
+}
+
+void BrowserView::stop() {
+    if (page_) page_->triggerAction(QWebEnginePage::Stop);
+}
+
+void BrowserView::trustSite() {
+    if (page_) page_->trustSite();
+}
+
+void BrowserView::keepLogin(const QString& name, const QString& password) {
+    if (page_) page_->keepLogin(name, password);
 }
 
 void BrowserView::showMenu(const QPoint& place) {

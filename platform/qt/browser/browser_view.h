@@ -4,27 +4,30 @@
 
 #include "platform/qt/browser/browser_module.h"
 
-class QLabel;
 class QWebEngineView;
 
 namespace kelvor::qt {
 
 class PreviewPage;
 
-/// The browser's widget: the page, and above it a line that tells which link was not followed.
+/// The browser's widget, and in it one page after the other.
 class BrowserView : public QWidget, public Browser {
 public:
     explicit BrowserView(QWidget& pane);
     ~BrowserView() override;
 
     QWidget& widget() override { return *this; }
-    void navigate(const QUrl& url) override;
+    void navigate(const QUrl& url, bool remoteContent) override;
+    void close() override;
+    void stop() override;
+    void trustSite() override;
+    void keepLogin(const QString& name, const QString& password) override;
 
 private:
-    void tellRefused(const QUrl& url);
+    void setPage(PreviewPage* page);
+    void connectPage();
     void showMenu(const QPoint& place);
 
-    QLabel* notice_;
     QWebEngineView* view_;
     PreviewPage* page_ = nullptr;
 };

@@ -1,34 +1,84 @@
 #include "platform/qt/browser/preview_page.h"
 
+#include <QAuthenticator>
 #include <QCoreApplication>
+#include <QWebEngineCertificateError>
 #include <QWebEngineClientCertificateSelection>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFileSystemAccessRequest>
 #include <QWebEngineFullScreenRequest>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <QWidget>
 
 #include "platform/qt/browser/page_dialog.h"
 #include "platform/qt/browser/request_guard.h"
+#include "platform/qt/browser/site_access.h"
+#include "platform/qt/convert.h"
+#include "preview/own_network.h"
 
 namespace kelvor::qt {
 
-PreviewPage::PreviewPage(const QUrl& document, QWidget& view)
-    // A profile that is the view's would go before the page, and the engine's threads use it until the page has gone.
-    : PreviewPage(new QWebEngineProfile(QCoreApplication::instance()), document, view) {
+namespace {
+
+constexpr int longestAddress = 200;
+
+/// The engine's numbers for a page that was given up, for a download say, and for one that the rules refuse.
+constexpr int aborted = -3;
+constexpr int blocked = -20;
+
+/// What the script says that finds scripts. Nothing else of a page that runs none can say it.
+constexpr const char* scriptsFound = "kelvor: scripts";
+
+/// Looks for what would run in a page or a frame of it, once it is there. Runs in a world of its own, which pages
+/// that run no scripts have as well.
+constexpr const char* scriptFinder = R"js(
+    const runs = element => element.localName === 'script'
+        ? !element.type || /script|module/i.test(element.type)
+        : element.getAttributeNames().some(name => name.startsWith('on')) ||
+          /^\s*javascript:/i.test(element.getAttribute('href') || element.getAttribute('src') || '');
+    if (location.protocol !== 'chrome-error:' && [...document.querySelectorAll('*')].some(runs))
+        console.debug('kelvor: scripts');
+)js";
+
+bool isLocal(const QUrl& url) {
+    return url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https");
 }
 
-PreviewPage::PreviewPage(QWebEngineProfile* profile, const QUrl& document, QWidget& view)
-    : QWebEnginePage(profile, &view), view_(view), guard_(std::make_unique<RequestGuard>(document)) {
+QString loginQuestion(const QUrl& url, const QString& realm, bool again) {
+    QString text = QStringLiteral("%1 asks for a name and a password.").arg(url.host());
+    if (!realm.isEmpty()) text += QStringLiteral("\nIt says: %1").arg(elidedInTheMiddle(realm, longestAddress));
+    if (again) text += QStringLiteral("\n\nThe name and the password given before were not taken.");
+    return text;
+}
+
+QString shown(const QUrl& url) {
+    return elidedInTheMiddle(url.toDisplayString(QUrl::RemoveUserInfo), longestAddress);
+}
+
+}  // namespace
+
+PreviewPage::PreviewPage(const QUrl& document, bool remoteContent, QWidget& view)
+    // A profile that is the view's would go before the page, and the engine's threads use it until the page has gone.
+    : PreviewPage(new QWebEngineProfile(QCoreApplication::instance()), document, remoteContent, view) {
+}
+
+PreviewPage::PreviewPage(QWebEngineProfile* profile, const QUrl& document, bool remoteContent, QWidget& view)
+    : QWebEnginePage(profile, &view),
+      view_(view),
+      document_(document),
+      guard_(std::make_unique<RequestGuard>(document, remoteContent)) {
     profile->setHttpCacheType(QWebEngineProfile::NoCache);
     profile->setUrlRequestInterceptor(guard_.get());
-    connect(profile, &QWebEngineProfile::downloadRequested, this,
-            [](QWebEngineDownloadRequest* download) { download->cancel(); });
     chooseSettings();
+    if (isLocal(document) && !remoteContent) holdScripts();
     denyRequests();
+    hearOutcome();
 }
 
 PreviewPage::~PreviewPage() {
@@ -39,16 +89,27 @@ PreviewPage::~PreviewPage() {
 void PreviewPage::chooseSettings() {
     using enum QWebEngineSettings::WebAttribute;
     // A page on the disk could not show its own pictures without the first two; the request rules hold it instead.
-    for (const auto on : {LocalContentCanAccessFileUrls, LocalContentCanAccessRemoteUrls, ErrorPageEnabled})
+    for (const auto on : {LocalContentCanAccessFileUrls, LocalContentCanAccessRemoteUrls})
         settings()->setAttribute(on, true);
-    // The pdf viewer is an extension with requests of its own.
-    for (const auto off :
-         {JavascriptCanOpenWindows, JavascriptCanAccessClipboard, JavascriptCanPaste, NavigateOnDropEnabled,
-          PluginsEnabled, PdfViewerEnabled, FullScreenSupportEnabled, ScreenCaptureEnabled, HyperlinkAuditingEnabled,
-          DnsPrefetchEnabled, AutoLoadIconsForPage, AllowWindowActivationFromJavaScript, FocusOnNavigationEnabled})
+    // The pdf viewer is an extension with requests of its own; the pane tells errors, and how to go on.
+    for (const auto off : {JavascriptCanOpenWindows, JavascriptCanAccessClipboard, JavascriptCanPaste,
+                           NavigateOnDropEnabled, PluginsEnabled, PdfViewerEnabled, FullScreenSupportEnabled,
+                           ScreenCaptureEnabled, HyperlinkAuditingEnabled, DnsPrefetchEnabled, AutoLoadIconsForPage,
+                           AllowWindowActivationFromJavaScript, FocusOnNavigationEnabled, ErrorPageEnabled})
         settings()->setAttribute(off, false);
     settings()->setAttribute(WebRTCPublicInterfacesOnly, true);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+}
+
+void PreviewPage::holdScripts() {
+    settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    QWebEngineScript finder;
+    finder.setSourceCode(QString::fromLatin1(scriptFinder));
+    finder.setWorldId(QWebEngineScript::ApplicationWorld);
+    finder.setInjectionPoint(QWebEngineScript::DocumentReady);
+    finder.setRunsOnSubFrames(true);
+    scripts().insert(finder);
+    guard_->onHeldBack = [this] { emit heldBack(HeldBack::remoteContent); };
 }
 
 void PreviewPage::denyRequests() {
@@ -66,9 +127,84 @@ void PreviewPage::denyRequests() {
             [](QWebEngineClientCertificateSelection selection) { selection.selectNone(); });
 }
 
+void PreviewPage::hearOutcome() {
+    connect(this, &QWebEnginePage::loadingChanged, this, &PreviewPage::hearLoading);
+    connect(this, &QWebEnginePage::certificateError, this, &PreviewPage::hearCertificate);
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [this](const QUrl& url, QAuthenticator* answer) { hearLoginAsked(url, *answer); });
+    connect(profile(), &QWebEngineProfile::downloadRequested, this,
+            [this](QWebEngineDownloadRequest* download) { hearDownload(*download); });
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        emit obstacle(
+            {.message = QStringLiteral("The page's process has ended. Kelvor and your documents are not affected.")});
+    });
+}
+
+bool PreviewPage::isOfServer(const QUrl& url) const {
+    return !isLocal(document_) && (url.host() == document_.host() || url.host() == this->url().host());
+}
+
+void PreviewPage::hearLoading(const QWebEngineLoadingInfo& info) {
+    if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus) return;
+    if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
+        emit refused(QStringLiteral("The server answered with the error %1.").arg(info.errorCode()));
+    else if (info.errorCode() != aborted && info.errorCode() != blocked && problem_.isEmpty())
+        emit obstacle(
+            {.message = QStringLiteral("%1 cannot be loaded.\n\n%2").arg(shown(info.url()), info.errorString())});
+}
+
+void PreviewPage::hearCertificate(QWebEngineCertificateError error) {
+    const QList<QSslCertificate> chain = error.certificateChain();
+    const QSslCertificate certificate = chain.isEmpty() ? QSslCertificate() : chain.first();
+    if (!certificate.isNull() && isTrusted(error.url(), certificate)) return error.acceptCertificate();
+    error.rejectCertificate();
+    if (!isOfServer(error.url())) {
+        emit refused(
+            QStringLiteral("The certificate of %1 cannot be trusted; the page goes without what comes from there.")
+                .arg(error.url().host()));
+        return;
+    }
+    obstacleAt_ = error.url();
+    certificate_ = certificate;
+    problem_ = describe(error);
+    const bool canGoOn =
+        error.isOverridable() && !certificate.isNull() && isOwnNetwork(error.url().host().toStdString());
+    emit obstacle({.message = problem_, .way = Obstacle::Way::goOn, .certificateStays = !canGoOn});
+}
+
+void PreviewPage::trustSite() {
+    trust(obstacleAt_, certificate_);
+}
+
+void PreviewPage::hearLoginAsked(const QUrl& url, QAuthenticator& answer) {
+    const QString realm = answer.realm();
+    const auto login = isOfServer(url) ? loginFor(url, realm) : std::nullopt;
+    if (login && !triedRealms_.contains(realm)) {
+        triedRealms_.insert(realm);
+        answer.setUser(login->name);
+        answer.setPassword(login->password);
+        return;
+    }
+    // Left as it is, it would be sent as an empty name and password.
+    answer = QAuthenticator();
+    if (!isOfServer(url)) return;
+    obstacleAt_ = url;
+    realm_ = realm;
+    emit obstacle({.message = loginQuestion(url, realm, login.has_value()), .way = Obstacle::Way::logIn});
+}
+
+void PreviewPage::keepLogin(const QString& name, const QString& password) {
+    kelvor::qt::keepLogin(obstacleAt_, realm_, {.name = name, .password = password});
+}
+
+void PreviewPage::hearDownload(QWebEngineDownloadRequest& download) {
+    download.cancel();
+    emit refused(QStringLiteral("The preview takes no downloads: %1").arg(shown(download.url())));
+}
+
 bool PreviewPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (!isMainFrame || guard_->allowsPage(url, type)) return true;
-    emit refused(url);
+    emit refused(QStringLiteral("The preview does not follow this address: %1").arg(shown(url)));
     return false;
 }
 
@@ -88,6 +224,13 @@ bool PreviewPage::javaScriptPrompt(const QUrl& /*origin*/, const QString& text, 
                                    QString* result) {
     *result = standard;
     return showDialog(text, true, result);
+}
+
+void PreviewPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level*/, const QString& text, int /*line*/,
+                                           const QString& /*source*/) {
+    // Nobody reads a page's console here; the toolkit would write it to the standard error stream.
+    const bool runs = settings()->testAttribute(QWebEngineSettings::JavascriptEnabled);
+    if (!runs && text == QLatin1String(scriptsFound)) emit heldBack(HeldBack::scripts);
 }
 
 bool PreviewPage::showDialog(const QString& text, bool canRefuse, QString* entry) {

@@ -39,7 +39,8 @@ std::string homeDirectory() {
 
 }  // namespace
 
-RequestGuard::RequestGuard(const QUrl& document) : rules_(addressOf(document), homeDirectory()) {
+RequestGuard::RequestGuard(const QUrl& document, bool remoteContent)
+    : rules_(addressOf(document), homeDirectory(), remoteContent) {
 }
 
 bool RequestGuard::allowsPage(const QUrl& url, QWebEnginePage::NavigationType type) {
@@ -48,7 +49,10 @@ bool RequestGuard::allowsPage(const QUrl& url, QWebEnginePage::NavigationType ty
 
 void RequestGuard::interceptRequest(QWebEngineUrlRequestInfo& request) {
     const bool redirected = request.navigationType() == QWebEngineUrlRequestInfo::NavigationTypeRedirect;
-    request.block(!rules_.allows(addressOf(request.requestUrl()), kindOf(request.resourceType()), redirected));
+    const PageAddress target = addressOf(request.requestUrl());
+    const ResourceKind kind = kindOf(request.resourceType());
+    request.block(!rules_.allows(target, kind, redirected));
+    if (onHeldBack && rules_.waitsForUser(target, kind)) onHeldBack();
 }
 
 }  // namespace kelvor::qt

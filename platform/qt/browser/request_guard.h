@@ -2,6 +2,7 @@
 
 #include <QWebEnginePage>
 #include <QWebEngineUrlRequestInterceptor>
+#include <functional>
 
 #include "preview/request_rules.h"
 
@@ -10,12 +11,16 @@ namespace kelvor::qt {
 /// Puts the rules between one page and what it asks for.
 class RequestGuard : public QWebEngineUrlRequestInterceptor {
 public:
-    explicit RequestGuard(const QUrl& document);
+    /// @param remoteContent  whether a page from the disk gets at the network
+    RequestGuard(const QUrl& document, bool remoteContent);
 
     /// Whether the pane may go to another page.
     bool allowsPage(const QUrl& url, QWebEnginePage::NavigationType type);
 
     void interceptRequest(QWebEngineUrlRequestInfo& request) override;
+
+    /// A request waits until the user lets the page use the network.
+    std::function<void()> onHeldBack;
 
 private:
     RequestRules rules_;

@@ -18,8 +18,8 @@ namespace {
 
 constexpr const char* flagsVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 
-/// Shuts the ways to the network that no request interceptor sees. One stays open, for which the engine has no
-/// switch: WebRTC reaches a TURN server over TCP.
+/// Shuts the ways to the network that no request interceptor sees, as far as the engine has switches for them. WebRTC
+/// still goes over TCP, which is one more reason why scripts of pages from the disk wait for the user.
 constexpr const char* closedWays =
     " --force-webrtc-ip-handling-policy=disable_non_proxied_udp"
     " --disable-blink-features=WebTransport";
@@ -34,12 +34,15 @@ void shareContexts() {
     qt_gl_set_global_share_context(context);
 }
 
+/// What the engine has to say about a page's server, or a page about itself, is nothing for the standard error stream.
+constexpr const char* quiet = "--log-level=3 ";
+
 /// Starts the engine with the user's own flags and ours. The environment is as before afterwards, since programs
 /// that are started later inherit it.
 void startEngine() {
     const bool wasSet = qEnvironmentVariableIsSet(flagsVariable);
     const QByteArray before = qgetenv(flagsVariable);
-    qputenv(flagsVariable, before + closedWays);
+    qputenv(flagsVariable, quiet + before + closedWays);
     const QWebEngineProfile first;
     if (wasSet)
         qputenv(flagsVariable, before);

@@ -1,0 +1,197 @@
+#include <QtNetwork>
+
+#include "tests/qt/preview_fixture.h"
+
+namespace kelvor::qt {
+namespace {
+
+/// In milliseconds; long enough for what a loaded page does to arrive, also on a busy machine.
+constexpr int settlingTime = 300;
+constexpr int frameTime = 1200;
+
+class HostilePage : public Preview {
+protected:
+    /// Shows a page with a script in which HOST and BASE are the listener, `add` puts mark-up into the page and `got`
+    /// notes what an attempt has brought, unless it is nothing.
+    /// @param script  run once the page is loaded
+    /// @return what was noted until `time` after that, in the order of the names
+    std::string run(const std::string& body, const std::string& script, int time = settlingTime) {
+        show("page.html", "<!doctype html><title>begun</title><body><script>const HOST = '" + listener_.address() +
+                              "', time = " + std::to_string(time) + R"js(, BASE = 'http://' + HOST, noted = [];
+            const got = (name, what) => { if (what) noted.push(name) };
+            const add = html => document.body.insertAdjacentHTML('beforeend', html);
+            addEventListener('load', () => {
+                setTimeout(() => { document.title = 'got:' + noted.sort() }, time);)js" +
+                              script + "});</script>" + body);
+        return titleOnce("got:");
+    }
+    void SetUp() override {
+        Preview::SetUp();
+        if (!IsSkipped()) loadRemoteContent();
+    }
+    Heard heardAfterAWhile() {
+        QTest::qWait(settlingTime);
+        return listener_.heard();
+    }
+};
+
+/// Each of these sends something when nothing holds the page. HOST and BASE stand for the listener.
+constexpr const char* roads[] = {
+    R"html(<img src=BASE/a><img srcset='BASE/b 2x'><input type=image src=BASE/c><video poster=BASE/d></video>)html",
+    R"html(<style>@import 'BASE/a'; @font-face { font-family: f; src: url(BASE/b) }
+           body { font-family: f; background: url(BASE/c); cursor: url(BASE/d), auto }</style>text)html",
+    R"html(<link rel=stylesheet href=BASE/a><link rel=prefetch href=BASE/b><link rel=preload as=image href=BASE/c>
+           <link rel=preconnect href=BASE><link rel=icon href=BASE/d><link rel=manifest href=BASE/e>)html",
+    R"html(<iframe src=BASE/a></iframe><object data=BASE/b></object><embed src=BASE/c>
+           <iframe srcdoc='<img src=BASE/d>'></iframe><iframe src='data:text/html,<img src=BASE/e>'></iframe>)html",
+    R"html(<svg><image href=BASE/a /><filter id=f><feImage href=BASE/b /></filter><rect filter='url(#f)'/></svg>
+           <img src=part.svg><iframe src=part.svg></iframe><iframe src=part.xml></iframe>)html",
+    R"html(<video autoplay src=BASE/a></video><audio src=BASE/b></audio><video><track default src=BASE/c></video>)html",
+    R"html(<meta http-equiv=refresh content='0;url=BASE/a'>)html",
+    R"html(<script src=BASE/a></script><noscript><img src=BASE/b></noscript>)html",
+    R"html(<script>fetch('BASE/a', {mode: 'no-cors'}); new EventSource('BASE/b'); new WebSocket('ws://HOST/c');
+           navigator.sendBeacon('BASE/d'); location = 'BASE/e'</script>)html",
+    R"html(<script>new Worker(URL.createObjectURL(new Blob(["fetch('BASE/a', {mode: 'no-cors'})"])))</script>)html",
+    R"html(<iframe id=f></iframe><script>for (const server of ['stun:HOST', 'turn:HOST', 'turn:HOST?transport=tcp']) {
+           const peer = new f.contentWindow.RTCPeerConnection(
+               {iceServers: [{urls: server, username: 'x', credential: 'y'}]});
+           peer.createDataChannel('x'); peer.createOffer().then(offer => peer.setLocalDescription(offer)) }</script>)html",
+};
+
+TEST_F(Preview, APageFromTheDiskSendsNothingUntilItsUserLetsIt) {
+    const auto filled = [this](std::string text) {
+        for (const auto& [name, value] : {std::pair{"BASE", "http://HOST"}, {"HOST", listener_.address().c_str()}})
+            for (auto at = text.find(name); at != std::string::npos; at = text.find(name)) text.replace(at, 4, value);
+        return text;
+    };
+    files_.write("part.svg", filled(R"(<svg xmlns="http://www.w3.org/2000/svg"><image href="BASE/x"/></svg>)"));
+    files_.write("part.xml", filled(R"(<?xml-stylesheet type="text/xsl" href="part.xsl"?><a/>)"));
+    files_.write("part.xsl", filled(R"(<xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+        <xsl:template match="/"><html><img src="BASE/x"/></html></xsl:template></xsl:stylesheet>)"));
+    int number = 0;
+    for (const char* road : roads) {
+        const std::string title = "page " + std::to_string(++number);
+        show("a.html", "<title>" + title + "</title>" + filled(road));
+        EXPECT_EQ(titleOnce(title), title);
+        QTest::qWait(frameTime / 2);
+        EXPECT_EQ(listener_.heard(), Heard()) << road;
+        EXPECT_EQ(button("Load remote content") == nullptr, std::string(road).find("refresh") != std::string::npos)
+            << road;
+    }
+    EXPECT_NE(QHostInfo::fromName("localhost").error(), QHostInfo::NoError) << "a link has its host looked up";
+
+    show("a.html", filled("<img src=BASE/picture><iframe src=BASE/frame></iframe>"
+                          "<script>fetch('BASE/fetch', {mode: 'no-cors'})</script>"));
+    EXPECT_TRUE(tells("Scripts and content from the network are held back."));
+    press("Load remote content");
+    Heard heard;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            for (const auto& line : listener_.heard()) heard.push_back(line);
+            return heard.size() == 3;
+        },
+        10'000));
+    EXPECT_EQ(QHostInfo::fromName("localhost").error(), QHostInfo::NoError);
+    EXPECT_EQ(button("Load remote content"), nullptr);
+    show("a.html", titled("'runs'"));
+    EXPECT_EQ(titleOnce("runs"), "runs") << "the choice holds for the document";
+}
+
+TEST_F(HostilePage, WritesNothingIntoTheProgramsStreams) {
+    testing::internal::CaptureStderr();
+    run("", "console.log('spoken'); console.error('spoken'); setTimeout(() => { throw 'spoken' })");
+    EXPECT_EQ(testing::internal::GetCapturedStderr().find("spoken"), std::string::npos);
+}
+
+TEST_F(HostilePage, GetsAtNoOtherTextOnTheDisk) {
+    files_.write("secret.txt", "secret");
+    files_.write("mine.html", "mine");
+    EXPECT_EQ(run(R"html(<script>
+            const frames = {frame: 'file:///etc/passwd', listing: 'file:///etc/', 'own listing': '.',
+                            'text beside': 'secret.txt', 'own frame': 'mine.html'};
+            for (const name in frames)
+                document.write(`<iframe src='${frames[name]}' onload="got('${name}',
+                    this.contentDocument.body.innerText)"></iframe>`);
+            </script>
+            <object data=/etc/passwd type=text/plain onload="got('object', this.contentDocument.body.innerText)">
+            </object>
+            <link rel=stylesheet href=/etc/passwd onload="got('style', true)">
+            <img src=/usr/share/pixmaps/debian-logo.png onload="got('picture', true)">
+            <video><track default src=/etc/passwd onload="got('track', true)"></video>
+            <iframe sandbox=allow-scripts srcdoc="<script>fetch('file:///etc/passwd').then(r => r.text())
+                .then(t => parent.postMessage(t, '*'))</script>"></iframe>)html",
+                  R"js(
+            onmessage = e => got('frame without an origin', e.data);
+            for (const file of ['file:///etc/passwd', 'secret.txt'])
+                fetch(file).then(r => r.text()).then(t => got('fetch', t));
+            const code = "fetch('file:///etc/passwd').then(r => r.text()).then(t => postMessage(t))";
+            new Worker(URL.createObjectURL(new Blob([code]))).onmessage = e => got('worker', e.data);)js"),
+              "got:own frame");
+}
+
+TEST_F(HostilePage, StaysInItsPane) {
+    for (const char* leave : {
+             "location = BASE",
+             "add(`<form id=f method=post action='${BASE}'><input name=a value=b></form>`); f.submit()",
+             "add(`<meta http-equiv=refresh content='0;url=${BASE}'>`)",
+             "add(`<a id=a href='${BASE}'>x</a>`); a.click()",
+             "add(`<a id=a href='#x' ping='${BASE}'>x</a>`); a.click()",
+             "add(`<a id=a download href='${BASE}'>x</a>`); a.click()",
+             "add(`<a id=a target=_blank href='${BASE}'>x</a>`); a.click(); got('window', open(BASE))",
+         }) {
+        EXPECT_EQ(run("", leave), "got:") << leave;
+        EXPECT_EQ(heardAfterAWhile(), Heard()) << leave;
+    }
+}
+
+TEST_F(HostilePage, OpensNothingWritesNothingAndStartsNothing) {
+    // Takes what the desktop would open.
+    QTextBrowser desktop;
+    const char* const schemes[] = {"mailto", "tel", "http", "file"};
+    for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
+    const auto state = [this] {
+        return std::pair(std::distance(std::filesystem::recursive_directory_iterator(files_.path("")), {}),
+                         QApplication::topLevelWidgets().size());
+    };
+    EXPECT_EQ(run("", ""), "got:");
+    const auto before = state();
+    EXPECT_EQ(run(R"html(<a id=m href="mailto:a@b.c">x</a><a id=t href="tel:1">x</a><input type=file id=f>
+            <a id=d download="x.txt" href="data:,x">x</a>)html",
+                  R"js(
+            for (const part of [m, t, f, d]) part.click();
+            got('window', open('page.html'));
+            got('empty window', open());
+            document.documentElement.requestFullscreen().then(() => got('full screen', true));
+            navigator.clipboard?.readText().then(() => got('clipboard', true));
+            got('paste', document.execCommand('paste'));
+            navigator.geolocation.getCurrentPosition(() => got('place', true));
+            Notification.requestPermission(answer => got('notification', answer == 'granted'));
+            navigator.mediaDevices.getUserMedia({audio: true}).then(() => got('microphone', true));
+            print(); moveTo(0, 0); close();)js"),
+              "got:");
+    for (const char* scheme : schemes) QDesktopServices::unsetUrlHandler(scheme);
+    EXPECT_EQ(desktop.source(), QUrl());
+    EXPECT_EQ(state(), before);
+}
+
+TEST_F(HostilePage, ItsMessagesCanBeStopped) {
+    int dialogs = 0;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return;
+        ++dialogs;
+        if (auto* line = dialog->findChild<QLineEdit*>(); line->isVisible()) line->setText(line->text() + "!");
+        dialog->findChild<QCheckBox*>()->setChecked(dialogs == 3);
+        dialog->accept();
+    });
+    user.start(10);
+    EXPECT_EQ(run("",
+                  "alert('one'); got('two', confirm('two')); got(prompt('three', 'x'), true);"
+                  "for (let count = 0; count < 100; count++) alert(count); got('more', confirm('more'))"),
+              "got:two,x!");
+    EXPECT_EQ(dialogs, 3);
+}
+
+}  // namespace
+}  // namespace kelvor::qt
