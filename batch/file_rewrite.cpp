@@ -1,7 +1,7 @@
 #include "batch/file_rewrite.h"
 
 #include "batch/line_rewrite.h"
-#include "platform/error.h"
+#include "platform/file_error.h"
 #include "platform/file_replace.h"
 #include "platform/text_encoding.h"
 
@@ -17,8 +17,8 @@ void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std:
     const auto take = [&, encoding = encoding](std::string_view lines) {
         const auto encoded = encodePiece(lines, encoding);
         if (!encoded) {
-            throw Error(error_number::invalidProcedureCall,
-                        "The file's encoding lacks a character of the new text: " + path);
+            throw pathError(error_number::invalidProcedureCall, "The file's encoding lacks a character of the new text",
+                            path);
         }
         bytes += *encoded;
     };

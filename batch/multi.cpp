@@ -70,6 +70,7 @@ void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const st
     } catch (const std::exception&) {
         const Error error = currentError();
         beepAndShow({.text = "Could not write to " + path + " skipping file.",
+                     .cause = error.cause(),
                      .title = messageTitle,
                      .icon = MessageIcon::critical});
         logError(error);

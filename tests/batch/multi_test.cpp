@@ -12,6 +12,7 @@
 #include "authoring/special_chars.h"
 #include "platform/paths.h"
 #include "platform/system_calls.h"
+#include "platform/temporary_directory.h"
 #include "support/report_error.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"
@@ -52,6 +53,12 @@ protected:
     void choose(const std::vector<std::string>& paths) {
         platform.expectOpen(paths);
         form.cmdBrowse.click();
+    }
+    void expectSkipped(const std::string& path, const std::string& cause) {
+        platform.expectMessage({.text = "Could not write to " + path + " skipping file.",
+                                .cause = cause,
+                                .title = "Multifile Find and Replace",
+                                .icon = MessageIcon::critical});
     }
     std::string summary(int row) { return form.lstSummary.cell(row, 0) + "|" + form.lstSummary.cell(row, 1); }
 
@@ -129,10 +136,9 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
     add("\xC3\xA9", "→");
     choose({one, readOnly, files.path("missing.htm"), latin, last});
     form.chkCase.click();
-    for (const auto& path : {readOnly, files.path("missing.htm"), latin})
-        platform.expectMessage({.text = "Could not write to " + path + " skipping file.",
-                                .title = "Multifile Find and Replace",
-                                .icon = MessageIcon::critical});
+    expectSkipped(readOnly, "The file is read-only.");
+    expectSkipped(files.path("missing.htm"), "File not found.");
+    expectSkipped(latin, "The file's encoding lacks a character of the new text.");
     form.cmdStart.click();
     EXPECT_EQ(platform.focused, "cmdStart");
 
@@ -149,6 +155,21 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
     EXPECT_EQ(form.ProgressBar1.maximum(), 5);
     EXPECT_TRUE(form.cmdStart.enabled() && !form.chkCase.value() && !form.cmdClose.isDefault());
     EXPECT_EQ(platform.pointer, MousePointer::standard);
+}
+
+TEST_F(MultiForm, NamesTheTemporaryDirectoryWhenThatIsFull) {
+    const auto one = files.write("one.htm", "a\r\n");
+    add("a", "b");
+    choose({one});
+    auto calls = kernelCalls();
+    calls.pwrite = [](auto...) {
+        errno = ENOSPC;
+        return -1;
+    };
+    const ScopedSystemCalls scope(calls);
+    expectSkipped(one, "The disk is full.\r\nTemporary directory: " + temporaryDirectory());
+    form.cmdStart.click();
+    EXPECT_EQ(files.read("one.htm"), "a\r\n");
 }
 
 TEST_F(MultiForm, AsksAboutDuplicatesByTheModeOfTheSearch) {

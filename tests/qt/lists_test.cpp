@@ -1,4 +1,5 @@
 #include <QSignalSpy>
+#include <cstdlib>
 
 #include "platform/directory_list.h"
 #include "platform/drive_list.h"
