@@ -109,8 +109,8 @@ TEST(Style, LetsDisabledTextsBeReadInHighContrastAlone) {
     const struct {
         QColor text;
         QColor paper;
-        double least;
-        double most;
+        double least = 0;
+        double most = 0;
     } rows[] = {
         {Qt::white, Qt::black, 4.5, 6},
         {Qt::yellow, Qt::black, 4.5, 6},
