@@ -170,6 +170,14 @@ TextChange changeBetween(std::string_view before, std::string_view after) {
             after.substr(start, after.size() - behind - start)};
 }
 
+std::string shortened(std::string_view text) {
+    constexpr std::size_t longest = 200;
+    if (text.size() <= longest) return std::string(text);
+    std::size_t length = longest;
+    while (length > 0 && isContinuationByte(text[length])) --length;
+    return std::string(text.substr(0, length)) + "...";
+}
+
 std::size_t characterCount(std::string_view text) {
     // A character has one byte that is no continuation (10xxxxxx); eight bytes are looked at together.
     constexpr uint64_t lowBits = 0x0101010101010101;

@@ -37,6 +37,9 @@ struct TextChange {
 /// Both texts are UTF-8 and outlive the change; texts that are equal have an empty one.
 TextChange changeBetween(std::string_view before, std::string_view after);
 
+/// A text as a message quotes it: its first 200 bytes or so, and "..." when there are more.
+std::string shortened(std::string_view text);
+
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);
 

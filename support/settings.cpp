@@ -29,6 +29,12 @@ std::filesystem::file_time_type lastWritten(const std::string& path) {
     return std::filesystem::last_write_time(path, error);
 }
 
+/// Whether something has that path, were it a link that leads nowhere.
+bool isThere(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found;
+}
+
 /// The user's settings file; when that cannot be used, a store in memory that takes its place until the end.
 class SettingsStore {
 public:
@@ -56,6 +62,7 @@ public:
 
 private:
     void open();
+    bool isFirstRun() const;
     void openAnew(const std::string& damage);
     std::string setAside() const;
     std::unique_ptr<SettingsDatabase> lastGoodValues() const;
@@ -76,14 +83,20 @@ void SettingsStore::open() {
     path_ = joinPath(directory, "settings.db");
     copyPath_ = path_ + ".good";
     try {
+        if (isFirstRun()) SettingsDatabase::makeFile(path_);
         database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
     } catch (const SettingsFileError& error) {
-        if (error.cause() == SettingsFileError::Cause::damaged) {
+        if (error.kind() == SettingsFileError::Kind::damaged) {
             openAnew(error.description());
         } else {
             goOnInMemory(error.description());
         }
     }
+}
+
+/// Whether neither the file nor its copy was ever made.
+bool SettingsStore::isFirstRun() const {
+    return !isThere(path_) && !isThere(copyPath_);
 }
 
 /// Puts the damaged file out of the way; the last good values, or fresh settings, take its place. They are on
@@ -99,7 +112,9 @@ void SettingsStore::openAnew(const std::string& damage) {
         (values ? *values : fresh).writeTo(unfinished);
         const std::string aside = setAside();
         std::filesystem::rename(unfinished, path_);
-        notice_ = "The settings file is damaged and has been set aside as\r\n\r\n" + aside + "\r\n\r\n" + outcome;
+        notice_ = aside.empty() ? "The settings file is missing."
+                                : "The settings file is damaged and has been set aside as\r\n\r\n" + aside;
+        notice_ += "\r\n\r\n" + outcome;
         database_ = std::make_unique<SettingsDatabase>(SettingsDatabase::openFile(path_));
         return;
     } catch (const std::filesystem::filesystem_error& error) {
@@ -147,15 +162,16 @@ void SettingsStore::renewCopy() {
     if (error) std::filesystem::remove(unfinished, error);
 }
 
-/// Gives the file another path, and where the file system has links, leaves the old one too until it is replaced: a
-/// start that is stopped in between finds the damage again. Its journal goes along: left behind, it would be played
-/// back into the fresh file.
+/// Gives the file, if there is one, another path, and where the file system has links, leaves the old one too until it
+/// is replaced: a start that is stopped in between finds the damage again. Its journal goes along: left behind, it
+/// would be played back into the fresh file.
 std::string SettingsStore::setAside() const {
     const std::string wanted = path_ + ".bad-" + timeText("%Y%m%d-%H%M%S", std::time(nullptr));
     std::string aside = wanted;
-    for (int attempt = 2; std::filesystem::exists(aside); ++attempt) aside = wanted + "-" + std::to_string(attempt);
+    for (int attempt = 2; isThere(aside); ++attempt) aside = wanted + "-" + std::to_string(attempt);
     for (const char* ending : {"-journal", "-wal", "-shm"})
-        if (std::filesystem::exists(path_ + ending)) std::filesystem::rename(path_ + ending, aside + ending);
+        if (isThere(path_ + ending)) std::filesystem::rename(path_ + ending, aside + ending);
+    if (!isThere(path_)) return {};
     std::error_code noLinks;
     std::filesystem::create_hard_link(path_, aside, noLinks);
     if (noLinks) std::filesystem::rename(path_, aside);
@@ -209,7 +225,7 @@ auto withStore(Operation operation) {
 }
 
 Error noNumber(const std::string& text) {
-    return {error_number::typeMismatch, "Type mismatch: \"" + text + "\""};
+    return {error_number::typeMismatch, "Type mismatch: \"" + shortened(text) + "\""};
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ constexpr const char* listSection =
     "SELECT key, value FROM setting WHERE application = ?1 AND section = ?2 ORDER BY id";
 constexpr const char* listAll = "SELECT application, section, key, value FROM setting ORDER BY id";
 
-SettingsFileError::Cause causeOf(int code) {
+SettingsFileError::Kind kindOf(int code) {
     switch (code & 0xff) {
         case SQLITE_PERM:
         case SQLITE_BUSY:
@@ -52,17 +52,17 @@ SettingsFileError::Cause causeOf(int code) {
         case SQLITE_TOOBIG:
         case SQLITE_NOLFS:
         case SQLITE_AUTH:
-            return SettingsFileError::Cause::unavailable;
+            return SettingsFileError::Kind::unavailable;
         default:
             // All statements are our own: one that does not suit the file means that the file is not ours.
-            return SettingsFileError::Cause::damaged;
+            return SettingsFileError::Kind::damaged;
     }
 }
 
 void require(bool success, int code, sqlite3* connection) {
     if (success) return;
     if ((code & 0xff) == SQLITE_NOMEM) throw std::bad_alloc();
-    throw SettingsFileError(causeOf(code), connection ? sqlite3_errmsg(connection) : sqlite3_errstr(code));
+    throw SettingsFileError(kindOf(code), connection ? sqlite3_errmsg(connection) : sqlite3_errstr(code));
 }
 
 /// A statement and its parameters, run once.
@@ -117,13 +117,13 @@ struct FoldedName {
 std::uintmax_t sizeOfRegularFile(const std::string& path) {
     std::error_code error;
     if (std::filesystem::is_regular_file(path, error)) return std::filesystem::file_size(path, error);
-    throw SettingsFileError(SettingsFileError::Cause::unavailable,
+    throw SettingsFileError(SettingsFileError::Kind::unavailable,
                             error ? error.message() : "There is no regular file at its place.");
 }
 
 void requireCall(int result) {
     if (result < 0)
-        throw SettingsFileError(SettingsFileError::Cause::unavailable, std::generic_category().message(errno));
+        throw SettingsFileError(SettingsFileError::Kind::unavailable, std::generic_category().message(errno));
 }
 
 /// Removes a file and what a stopped writer has left of its journal.
@@ -171,9 +171,10 @@ SettingsDatabase SettingsDatabase::inMemory() {
 
 SettingsDatabase SettingsDatabase::openFile(const std::string& path) {
     std::error_code error;
-    if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) makeFile(path);
+    if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found)
+        throw SettingsFileError(SettingsFileError::Kind::damaged, "There is no file at its place.");
     // A file never is empty from its making on, so its contents were lost.
-    if (sizeOfRegularFile(path) == 0) throw SettingsFileError(SettingsFileError::Cause::damaged, "The file is empty.");
+    if (sizeOfRegularFile(path) == 0) throw SettingsFileError(SettingsFileError::Kind::damaged, "The file is empty.");
     SettingsDatabase database(path, SQLITE_OPEN_READWRITE);
     database.check();
     return database;
@@ -190,7 +191,7 @@ void SettingsDatabase::makeFile(const std::string& path) {
     inMemory().writeTo(unfinished);
     std::error_code error;
     std::filesystem::rename(unfinished, path, error);
-    if (error) throw SettingsFileError(SettingsFileError::Cause::unavailable, error.message());
+    if (error) throw SettingsFileError(SettingsFileError::Kind::unavailable, error.message());
 }
 
 void SettingsDatabase::execute(const char* statements) const {
@@ -201,7 +202,7 @@ void SettingsDatabase::execute(const char* statements) const {
 void SettingsDatabase::check() const {
     Statement quickCheck(connection_.get(), "PRAGMA quick_check(1)");
     const std::string finding = quickCheck.step() ? quickCheck.text(0) : std::string();
-    if (finding != "ok") throw SettingsFileError(SettingsFileError::Cause::damaged, finding);
+    if (finding != "ok") throw SettingsFileError(SettingsFileError::Kind::damaged, finding);
     for (const char* text : {readValue, writeValue, removeValue, listSection, listAll})
         Statement(connection_.get(), text);
 }

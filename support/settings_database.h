@@ -16,15 +16,15 @@ namespace kelvor {
 /// Why a settings file cannot be used.
 class SettingsFileError : public Error {
 public:
-    enum class Cause { damaged, unavailable };
+    enum class Kind { damaged, unavailable };
 
-    SettingsFileError(Cause cause, const std::string& description)
-        : Error(error_number::deviceError, description), cause_(cause) {}
+    SettingsFileError(Kind kind, const std::string& description)
+        : Error(error_number::deviceError, description), kind_(kind) {}
 
-    Cause cause() const { return cause_; }
+    Kind kind() const { return kind_; }
 
 private:
-    Cause cause_;
+    Kind kind_;
 };
 
 /// Where one value is kept. All three names are matched without regard to case.
@@ -40,8 +40,9 @@ class SettingsDatabase {
 public:
     /// An empty store without a file.
     static SettingsDatabase inMemory();
-    /// Opens a file and checks it whole, or makes it when there is none. Waits up to two seconds for another
-    /// program's lock.
+    /// Makes an empty store's file where there is none.
+    static void makeFile(const std::string& path);
+    /// Opens a file that was made once and checks it whole. Waits up to two seconds for another program's lock.
     static SettingsDatabase openFile(const std::string& path);
     /// Opens a file for reading alone, past all locks; what another program is writing meanwhile may be missed.
     static SettingsDatabase openPastLocks(const std::string& path);
@@ -73,7 +74,6 @@ private:
     };
 
     SettingsDatabase(const std::string& name, int flags);
-    static void makeFile(const std::string& path);
     void execute(const char* statements) const;
 
     std::unique_ptr<sqlite3, Close> connection_;

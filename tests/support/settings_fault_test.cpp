@@ -233,6 +233,24 @@ TEST_F(SettingsFaults, ADamagedFileIsSetAsideAndTheLastGoodCopyTakesItsPlace) {
     }
 }
 
+TEST_F(SettingsFaults, AMissingFileAndALinkToNowhereGiveWayToTheLastGoodCopy) {
+    const auto nowhere = directory.path("settings/nowhere");
+    for (const bool isLink : {false, true}) {
+        fs::remove(file);
+        if (isLink) fs::create_symlink(nowhere, file);
+        EXPECT_EQ(contents(), "Ann 12");
+        expectOneNotice((isLink ? file + ".bad-" : "The settings file is missing.\r\n\r\nKelvor starts with the last"));
+        setName("Ann");
+        closeSettings();
+        EXPECT_EQ(contents(), "Ann 12");
+        closeSettings();
+        EXPECT_FALSE(fs::exists(nowhere) || fs::is_symlink(file));
+    }
+    fs::remove(file);
+    fs::remove(file + ".good");
+    EXPECT_EQ(contents(), "none 0");
+}
+
 TEST_F(SettingsFaults, OnlyADamagedFilesJournalGoesWithIt) {
     write(read() + "junk");
     write("junk", "-journal");

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "tests/fake_platform.h"
+#include "tests/platform/faults.h"
 
 namespace kelvor {
 namespace {
@@ -61,6 +62,9 @@ TEST(SettingConversion, TakesWholeTextsOnly) {
         EXPECT_THROW(settingNumber(text), Error) << text;
         EXPECT_THROW(settingBoolean(text), Error) << text;
     }
+    std::string endless;
+    while (endless.size() < 3 << 20) endless += "é";
+    EXPECT_LT(errorOf([&] { settingNumber("x" + endless); }).size(), 300U);
 }
 
 }  // namespace
