@@ -1,5 +1,6 @@
 #include "preview/preview.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "authoring/common.h"
@@ -14,7 +15,7 @@ namespace kelvor {
 namespace {
 
 constexpr const char* section = "Browsers";
-constexpr int capacity = 15;
+constexpr std::size_t capacity = 15;
 
 MenuItem& browserRow(std::size_t index) {
     return mainForm().menu("mnuRClick_Preview_altb_" + std::to_string(index));
@@ -43,6 +44,12 @@ bool savedForPreview(CDocument& document) {
         reportSaveError(document.LongFileName(), saved.cause());
     }
     return bool(saved);
+}
+
+Error tooManyBrowsers(std::size_t count) {
+    return {error_number::subscriptOutOfRange,
+            "The preview menu has room for " + std::to_string(capacity) + " browsers, and " + std::to_string(count) +
+                " are listed in the preferences. The first " + std::to_string(capacity) + " are shown."};
 }
 
 void reportNoBrowser() {
@@ -91,10 +98,12 @@ void setUpBrowsers() {
     }
     const auto stored = GetAllSettings(application, section);
     if (!stored) return;
-    for (std::size_t index = 0; index < stored->size(); ++index) {
+    const std::size_t shown = std::min(stored->size(), capacity);
+    for (std::size_t index = 0; index < shown; ++index) {
         browserRow(index).setCaption((*stored)[index].key);
         browserRow(index).setVisible(true);
     }
+    if (stored->size() > shown) throw tooManyBrowsers(stored->size());
 }
 
 void ChangeViewMode(int mode) {

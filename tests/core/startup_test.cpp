@@ -24,8 +24,10 @@ TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
                             .icon = MessageIcon::information});
     SaveSetting(application, "User", "BGColor", "blue");
     for (int index = 0; index < 16; ++index) SaveSetting(application, "Browsers", "B" + std::to_string(index), "b");
-    for (const char* error : {"13\r\nError description: Type mismatch: \"blue\"",
-                              "35601\r\nError description: There is no menu mnuRClick_Preview_altb_15"})
+    for (const char* error :
+         {"13\r\nError description: Type mismatch: \"blue\"",
+          "9\r\nError description: The preview menu has room for 15 browsers, and 16 are listed in the "
+          "preferences. The first 15 are shown."})
         platform.expectMessage({.text = std::string("An application error has occurred:\r\n\r\nError number: ") + error,
                                 .title = "Application Error",
                                 .icon = MessageIcon::critical});
