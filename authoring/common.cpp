@@ -242,7 +242,9 @@ std::string extractBetween(std::string_view startToken, std::string_view endToke
 }
 
 bool fileExists(const std::string& path) {
-    return listingFinds(path);
+    bool found = false;
+    guarded([&] { found = listingFinds(path); });
+    return found;
 }
 
 bool validFileName(std::string_view name) {

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "platform/volumes.h"
 #include "support/settings.h"
 
@@ -31,7 +32,11 @@ void showCurrentDirectory() {
     const std::string current = std::filesystem::current_path(gone).string();
     frame.Drive1.Refresh();
     frame.Drive1.setDrive("/");
-    if (!gone) frame.Dir1.setPath(current);
+    try {
+        if (!gone) frame.Dir1.setPath(current);
+    } catch (const Error&) {
+        // The user did not ask for this directory, and the root is shown already.
+    }
 }
 
 void openListed(const std::string& path) {
@@ -59,7 +64,9 @@ void SetQuickView() {
     if (lastDir.empty() || isNetworkPath(lastDir)) return;
     MDIForm1& frame = mainForm();
     frame.Drive1.Refresh();
-    frame.Drive1.setDrive(volumeOf(lastDir, frame.Drive1.list()));
+    const std::string volume = volumeOf(lastDir, frame.Drive1.list());
+    if (volume.empty()) throw Error(error_number::deviceUnavailable, "Device unavailable: " + shortened(lastDir));
+    frame.Drive1.setDrive(volume);
     if (isDirectory(lastDir)) frame.Dir1.setPath(lastDir);
 }
 

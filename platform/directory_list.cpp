@@ -1,6 +1,5 @@
 #include "platform/directory_list.h"
 
-#include "platform/file_error.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -34,7 +33,6 @@ void DirectoryList::setPath(const std::string& path) {
 }
 
 void DirectoryList::show(const std::string& directory) {
-    if (!isDirectory(directory)) throw pathError(error_number::pathNotFound, "Path not found", directory);
     const std::vector<std::string> names = directoriesIn(directory);
     path_ = directory;
     rows_ = rowsDownTo(directory);

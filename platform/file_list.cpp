@@ -7,19 +7,21 @@
 namespace kelvor {
 
 void FileList::setPath(const std::string& path) {
-    if (path == path_) return;
-    path_ = path;
-    Refresh();
+    if (path != path_) show(path, pattern_);
 }
 
 void FileList::setPattern(const std::string& pattern) {
-    if (pattern == pattern_) return;
-    pattern_ = pattern;
-    Refresh();
+    if (pattern != pattern_) show(path_, pattern);
 }
 
 void FileList::Refresh() {
-    list_ = path_.empty() ? std::vector<std::string>{} : filesMatching(path_, pattern_);
+    show(path_, pattern_);
+}
+
+void FileList::show(const std::string& path, const std::string& pattern) {
+    list_ = path.empty() ? std::vector<std::string>{} : filesMatching(path, pattern);
+    path_ = path;
+    pattern_ = pattern;
     selected_.assign(list_.size(), false);
     tell(Aspect::list);
 }

@@ -14,7 +14,8 @@ public:
     using Control::Control;
 
     const std::string& path() const { return path_; }
-    /// Shows another directory's files, none selected.
+    /// Shows another directory's files, none selected. When it cannot be read, throws Error and keeps what it shows, as
+    /// do the two that follow.
     void setPath(const std::string& path);
     const std::string& pattern() const { return pattern_; }
     /// Shows the files that match another pattern of "*" and "?", case ignored, none selected.
@@ -36,6 +37,8 @@ public:
     Event<MousePress> mouseDown;
 
 private:
+    void show(const std::string& path, const std::string& pattern);
+
     std::string path_;
     std::string pattern_ = "*.*";
     std::vector<std::string> list_;

@@ -36,14 +36,31 @@ EntryKind kindOf(int directory, const dirent& entry) {
     return kind(S_ISDIR(status.st_mode));
 }
 
-/// Calls `visit` with the name of each entry of that kind in the directory until it answers false.
+[[noreturn]] void failToRead(const std::string& directory) {
+    if (errno == ENOENT) throw pathError(error_number::pathNotFound, "Path not found", directory);
+    throw fileError(errno, directory);
+}
+
+/// Calls `visit` with the name of each entry of that kind in the directory until it answers false. Throws Error when
+/// the directory cannot be read to its end.
 template <typename Visit>
 void visitEntries(const std::string& directory, EntryKind kind, const Visit& visit) {
     const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
-    if (!stream) return;
-    while (const auto* entry = readdir(stream.get())) {
+    if (!stream) failToRead(directory);
+    for (;;) {
+        errno = 0;
+        const auto* entry = readdir(stream.get());
+        if (!entry && errno != 0) failToRead(directory);
+        if (!entry) return;
         if (kindOf(dirfd(stream.get()), *entry) == kind && !visit(std::string(entry->d_name))) return;
     }
+}
+
+/// Whether there is something at the path, or may be: where the user may not look, only an attempt tells.
+bool mayExist(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0) return true;
+    return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG;
 }
 
 }  // namespace
@@ -61,9 +78,9 @@ bool isReadOnly(const std::string& path) {
 }
 
 bool appendToFile(const std::string& path, std::string_view line) {
-    constexpr mode_t readAndWrite = 0666;
+    constexpr mode_t ownerOnly = 0600;
     const int flags = O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
-    const OpenFile file(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, readAndWrite); }));
+    const OpenFile file(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
     struct stat status {};
     if (file.descriptor() < 0 || fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     const auto written = uninterrupted([&] { return write(file.descriptor(), line.data(), line.size()); });
@@ -71,14 +88,13 @@ bool appendToFile(const std::string& path, std::string_view line) {
 }
 
 bool listingFinds(const std::string& path) {
+    if (mayExist(path)) return true;
     const auto pattern = fileNamePart(path);
-    if (pattern.find_first_of("*?") == std::string::npos) {
-        struct stat status {};
-        return stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
-    }
-    const auto directory = directoryPart(path);
+    const auto part = directoryPart(path);
+    const auto directory = part.empty() ? "." : part;
+    if (pattern.find_first_of("*?") == std::string::npos || !isDirectory(directory)) return false;
     bool found = false;
-    visitEntries(directory.empty() ? "." : directory, EntryKind::file, [&](const std::string& name) {
+    visitEntries(directory, EntryKind::file, [&](const std::string& name) {
         found = nameMatches(name, pattern);
         return !found;
     });

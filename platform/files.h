@@ -23,20 +23,22 @@ void saveFileInPlace(const std::string& path, std::string_view bytes);
 bool isReadOnly(const std::string& path);
 
 /// Appends `line`, which brings its own line end, in one write, never following a link, never waiting; false when it
-/// could not. A missing file is made.
+/// could not. A missing file is made, for its owner alone.
 bool appendToFile(const std::string& path, std::string_view line);
 
-/// Whether a directory listing of `path` names something: a plain path, or one whose last part holds
-/// "*" or "?". Directories themselves and links that lead nowhere do not count. Patterns ignore case, and "*.*" is
-/// every file.
+/// Whether a directory listing of `path` names something. A plain path may lead to anything, and where nobody may look
+/// something is taken to be there, so that the attempt to use it tells more; links that lead nowhere do not count. With
+/// "*" or "?" in its last part it names the files that match too, case ignored, and "*.*" is every file. Throws Error
+/// when their directory cannot be read.
 bool listingFinds(const std::string& path);
 
 /// The names (no directory) of the files in `directory` that match `pattern`, sorted as a person reads them. Names are
-/// bytes as the disk holds them, also when they are not UTF-8. None when the directory cannot be read.
+/// bytes as the disk holds them, also when they are not UTF-8. Throws Error when the directory cannot be read, 76 when
+/// there is none.
 std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern);
 
 /// The names of the directories in `directory`, links to directories too, sorted as a person reads them.
-/// Those whose name begins with a point are left out. None when it may not be read.
+/// Those whose name begins with a point are left out. Throws as filesMatching does.
 std::vector<std::string> directoriesIn(const std::string& directory);
 
 /// Whether a file name matches a pattern of "*" and "?", case ignored; "*.*" matches every name.

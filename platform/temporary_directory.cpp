@@ -88,6 +88,15 @@ bool isAbandoned(const std::string& path) {
            flock(directory.descriptor(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// None where the user may make directories and not list them.
+std::vector<std::string> readableDirectoriesIn(const std::string& base) {
+    try {
+        return directoriesIn(base);
+    } catch (const Error&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 std::string temporaryDirectory() {
@@ -98,7 +107,7 @@ std::string temporaryDirectory() {
 std::vector<std::string> abandonedTemporaryDirectories() {
     const auto base = baseDirectory();
     std::vector<std::string> found;
-    for (const std::string& name : directoriesIn(base)) {
+    for (const std::string& name : readableDirectoriesIn(base)) {
         auto path = joinPath(base, name);
         if (hasOurName(name) && isAbandoned(path)) found.push_back(std::move(path));
     }

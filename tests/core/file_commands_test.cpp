@@ -7,6 +7,7 @@
 #include "core/file_close.h"
 #include "core/file_open.h"
 #include "core/recent_files.h"
+#include "platform/system_calls.h"
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"
@@ -93,6 +94,53 @@ TEST_F(FileCommands, TheRecentListKeepsTheLastFiveAndOpensThemOrTellsThatTheyAre
     SaveSetting(application, "Recent_Files", "file 3", "/new");
     getRegistered_OpenFiles();
     EXPECT_FALSE(menu("mnuFile_Line2").visible()) << "a double entry leaves the list hidden";
+}
+
+TEST_F(FileCommands, WhatIsThereAndCannotBeOpenedIsToldWithItsCause) {
+    const auto click = [this](const std::string& path) {
+        mainForm().recentFiles.clear();
+        addOpenFile(path);
+        recentFileMenu();
+        menu("mnuFile_RecentFiles_0").click();
+    };
+    const std::string page = files.write("page.htm", "<P>");
+    const std::string pipe = files.path("pipe.htm");
+    const std::string loop = files.path("loop.htm");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink(loop, loop);
+    for (const auto& [path, cause] : {std::pair{files.path("settings"), "This is a folder, not a file."},
+                                      {pipe, "This is a pipe, not a file."},
+                                      {loop, "The links lead in a circle."}}) {
+        platform.expectMessage(openError(path, cause));
+        click(path);
+    }
+    SystemCalls calls = kernelCalls();
+    calls.fstat = [](int descriptor, struct stat* status) {
+        const int result = ::fstat(descriptor, status);
+        status->st_size = off_t{1} << 60;
+        return result;
+    };
+    const ScopedSystemCalls scope(calls);
+    platform.expectMessage(openError(page, "There is not enough memory."));
+    click(page);
+    EXPECT_EQ(mainForm().TabStrip1.count(), 0U);
+}
+
+TEST_F(FileCommands, AFailedSaveSaysWhyAndWhetherTheFileMayBeDamaged) {
+    open("a.htm", "old");
+    type("new");
+    const std::string damaged = "\r\nThe file on the disk may be damaged.";
+    const std::string path = files.path("a.htm");
+    const auto saveWith = [&](auto SystemCalls::*call, int code, const std::string& cause) {
+        SystemCalls calls = kernelCalls();
+        calls.*call = [code](auto...) { return errno = code, -1; };
+        const ScopedSystemCalls scope(calls);
+        platform.expectMessage(saveError(path, cause));
+        menu("mnuFile_Save").click();
+    };
+    saveWith(&SystemCalls::fallocate, ENOSPC, "The disk is full.");
+    saveWith(&SystemCalls::open, EROFS, "The disk is read-only.");
+    saveWith(&SystemCalls::fsync, EIO, "The disk reports an error." + damaged);
 }
 
 TEST_F(FileCommands, NewWithoutATemplateTellsWhereTheyBelong) {

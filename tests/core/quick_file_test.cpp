@@ -7,6 +7,7 @@
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"
+#include "tests/platform/faults.h"
 
 namespace kelvor {
 namespace {
@@ -87,13 +88,38 @@ TEST_F(QuickFile, WhatCannotBeShownLeavesTheListsWhereTheyAreButReadAnew) {
         SetQuickView();
         EXPECT_EQ(mainForm().Dir1.path(), files.path("site")) << directory;
     }
-    int told = 0;
-    setErrorSink([&](const Error& error) { told = error.number(); });
+    std::string told;
+    setErrorSink([&](const Error& error) { told = std::to_string(error.number()) + " " + error.description(); });
     guarded([] { mainForm().Drive1.setDrive("/media/gone"); });
-    EXPECT_EQ(told, error_number::deviceUnavailable);
+    EXPECT_EQ(told, "68 Device unavailable: /media/gone");
+    lastDir = "C:\\web";
+    guarded(SetQuickView);
+    EXPECT_EQ(told, "68 Device unavailable: C:\\web");
     files.write("site/new.htm", "");
     mainForm().Dir1.open(mainForm().Dir1.currentRow());
     EXPECT_EQ(list().list().size(), 5U);
+}
+
+TEST_F(QuickFile, ADirectoryThatCannotBeReadIsToldAndTheListsStay) {
+    start();
+    const std::string closed = files.path("site/pictures");
+    std::filesystem::permissions(files.path(""), std::filesystem::perms(0755));
+    std::filesystem::permissions(closed, std::filesystem::perms(0));
+    const int status = asOrdinaryUser([&] {
+        const Names listed = list().list();
+        std::string told;
+        setErrorSink([&](const Error& error) { told += error.description() + "\n"; });
+        DirectoryList& directories = mainForm().Dir1;
+        guarded([&] { directories.open(static_cast<int>(directories.rows().size()) - 1); });
+        guarded([&] { list().setPath(closed); });
+        EXPECT_EQ(told, "Permission denied: " + closed + "\nPermission denied: " + closed + "\n");
+        EXPECT_EQ(directories.path(), files.path("site"));
+        EXPECT_EQ(directories.rows().back().name, "pictures");
+        EXPECT_EQ(list().path(), files.path("site"));
+        EXPECT_EQ(list().list(), listed);
+    });
+    EXPECT_EQ(status, 0);
+    std::filesystem::permissions(closed, std::filesystem::perms(0700));
 }
 
 TEST(Volumes, AreTheMountPointsThatPeopleUse) {

@@ -83,6 +83,7 @@ TEST(AppendToFile, AddsLinesAndFollowsNoLink) {
     const ScratchDirectory directory;
     for (const char* line : {"one\n", "two\n"}) EXPECT_TRUE(appendToFile(directory / "log", line));
     EXPECT_EQ(directory.read("log"), "one\ntwo\n");
+    EXPECT_EQ(fs::status(directory / "log").permissions(), fs::perms(0600));
 
     directory.write("victim", "x");
     fs::create_symlink("victim", directory / "link");
@@ -139,9 +140,24 @@ TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
         EXPECT_EQ(listingFinds(directory / pattern), !names.empty()) << pattern;
     }
     EXPECT_EQ(filesMatching(directory.path(), "*.*").size(), 9U);
-    EXPECT_TRUE(listingFinds(directory / "link.htm"));
-    for (const char* name : {"B.htm", "*.css", "folder.htm", "folder*", "missing/*", "dangling.htm"})
+    for (const char* name : {"link.htm", "folder.htm"}) EXPECT_TRUE(listingFinds(directory / name)) << name;
+    for (const char* name : {"B.htm", "*.css", "folder*", "missing/*", "b.htm/*", "dangling.htm"})
         EXPECT_FALSE(listingFinds(directory / name)) << name;
+
+    for (const char* name : {"missing", "b.htm"}) {
+        const std::string told = "76 Path not found: " + directory / name;
+        EXPECT_EQ(errorOf([&] { filesMatching(directory / name, "*"); }), told);
+        EXPECT_EQ(errorOf([&] { directoriesIn(directory / name); }), told);
+    }
+    const auto closed = directory / "folder.htm";
+    chmod(directory.path().c_str(), 0755);
+    fs::permissions(closed, fs::perms(0));
+    const int status = asOrdinaryUser([&] {
+        EXPECT_TRUE(listingFinds(closed + "/b.htm")) << "only an attempt can tell";
+        EXPECT_EQ(errorOf([&] { filesMatching(closed, "*"); }), "70 Permission denied: " + closed);
+    });
+    EXPECT_EQ(status, 0);
+    fs::permissions(closed, fs::perms(0700));
 
     // Tried at each place for each star this would take for ever.
     std::string stars;
