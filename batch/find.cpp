@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "authoring/common.h"
+#include "core/document.h"
 #include "core/frame.h"
 #include "platform/code_points.h"
 #include "platform/platform.h"
@@ -40,6 +41,7 @@ Find& findForm() {
 Find::Find() : Form("find", "Find") {
     onLoad = [this] { Form_Load(); };
     unloaded.connect(focusDocument);
+    documentClosed_ = CDocument::closed().connectScoped([this] { docCaption_.clear(); });
     cboFindText.changed.connect([this] { cboFindText_Change(); });
     cboFindText.gotFocus.connect([this] { selectAllOf(cboFindText); });
     cmdFind.clicked.connect([this] { cmdFind_Click(); });

@@ -36,6 +36,8 @@ private:
 
     /// Of the document window that the search belongs to. In a window of another one a search begins anew.
     std::string docCaption_;
+    /// A search does not go on in a document that is opened again.
+    Connection documentClosed_;
     int searchStart_ = 0;
     /// The document's length when the search came to it: what is added later lies behind the end.
     int searchEnd_ = 0;

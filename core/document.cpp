@@ -61,6 +61,11 @@ Event<>& CDocument::rightPressed() {
     return event;
 }
 
+Event<>& CDocument::closed() {
+    static Event<> event;
+    return event;
+}
+
 Event<int>& CDocument::editChord() {
     static Event<int> event;
     return event;
@@ -280,6 +285,7 @@ void CDocument::editWindow_Unload() {
         frame.StatusBar1.setPanelText(panel::saved, "File Saved: No Files Open ");
         unloadFixedForms();
     }
+    closed().raise();
     tracker_.reset();
     // A document that failed half way through opening has no tab.
     if (docTabStrip_->contains(strUniqueID_)) docTabStrip_->remove(strUniqueID_);

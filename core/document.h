@@ -87,6 +87,8 @@ public:
 
     /// Raised for a right press in the text, to show the popup menu.
     static Event<>& rightPressed();
+    /// Raised when a document closes, whichever it is.
+    static Event<>& closed();
     /// Raised for the clipboard and undo chords: the action's number for Edit_Action.
     static Event<int>& editChord();
 

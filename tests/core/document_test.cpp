@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include "authoring/common.h"
+#include "batch/find.h"
 #include "core/enablement.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
@@ -142,6 +143,18 @@ TEST_F(Document, WindowsStayInStepWithTheTabs) {
     EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
     EXPECT_EQ(open("c.htm", "3").StrUniqueID(), "TABID4") << "one path may be open twice, and no key is used again";
     EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "c.htm");
+}
+
+TEST_F(Document, ASearchDoesNotGoOnInADocumentThatIsOpenedAgain) {
+    open("b.htm", "");
+    for (int time = 0; time < 2; ++time) {
+        const EditControl& text = open("a.htm", "cat cat").SourceRTB();
+        if (time == 0) mnuEdit_Find_Click();
+        if (time == 0) findForm().cboFindText.type("cat");
+        findForm().cmdFind.click();
+        EXPECT_EQ(text.selStart(), 0) << time;
+        mnuFile_Close_Click();
+    }
 }
 
 }  // namespace
