@@ -52,7 +52,7 @@ QString elidedInTheMiddle(const QString& text, int limit) {
 }
 
 QString windowTitle(std::string_view caption) {
-    QString title = elidedInTheMiddle(toQt(caption), longestTitle);
+    QString title = elidedInTheMiddle(toQt(shownName(caption)), longestTitle);
     return title.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
 }
 

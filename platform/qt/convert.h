@@ -47,7 +47,7 @@ QString rowText(std::string_view text);
 /// At most `limit` characters of the text, the middle left out when there are more.
 QString elidedInTheMiddle(const QString& text, int limit);
 
-/// A caption as a window's title: long ones elided, nothing in it taken for a placeholder.
+/// A caption as a window's title: spelled as shownName does, long ones elided, nothing in it taken for a placeholder.
 QString windowTitle(std::string_view caption);
 
 /// A text as a menu row shows it unchanged, with no access key in it.

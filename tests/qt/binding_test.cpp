@@ -108,9 +108,9 @@ TEST_F(Binding, AListFollowsItsRowsAndIsEditedThroughItsControl) {
 TEST_F(Binding, TabsFollowTheStripAndEachClickIsTold) {
     const auto [strip, bar] = pair<TabStrip, QTabBar>("TabStrip1");
     bind();
-    strip.add("A", "a&b.htm");
+    strip.add("A", "a&b\n.htm");
     strip.add("B", "b.htm");
-    EXPECT_EQ(bar.tabText(0), "a&&b.htm");
+    EXPECT_EQ(bar.tabText(0), "a&&b\\n.htm");
     count(strip.clicked);
     strip.setSelectedItem("B");
     // The second is on the tab in front.

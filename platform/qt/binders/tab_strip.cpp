@@ -5,6 +5,7 @@
 
 #include "platform/qt/binders/binders.h"
 #include "platform/qt/convert.h"
+#include "platform/shown_name.h"
 
 namespace kelvor::qt {
 
@@ -30,9 +31,9 @@ void showTabs(const TabStrip& strip, QTabBar& widget) {
             widget.insertTab(index, QString());
             widget.setTabData(index, key);
         }
-        const QString text = menuText(elidedInTheMiddle(toQt(tab.caption), longestTab));
+        const QString text = menuText(elidedInTheMiddle(toQt(shownName(tab.caption)), longestTab));
         if (widget.tabText(index) != text) widget.setTabText(index, text);
-        const QString tip = toolTipText(tab.toolTip);
+        const QString tip = toolTipText(shownName(tab.toolTip));
         if (widget.tabToolTip(index) != tip) widget.setTabToolTip(index, tip);
         ++index;
     }
