@@ -62,7 +62,7 @@ std::vector<std::string> wordsOf(const std::string& commandLine) {
 
 void insertAtSelection(std::string_view openText, std::optional<std::string_view> closeText) {
     EditControl& text = activeText();
-    if (insertAround(text, openText, closeText) && activeFormName == documentForm) text.SetFocus();
+    if (insertAround(text, openText, closeText) && activeFormName == documentForm) focusDocument();
 }
 
 bool insertAround(EditControl& control, std::string_view openText, std::optional<std::string_view> closeText) {
@@ -137,7 +137,9 @@ bool hasMdiChild() {
 }
 
 void focusDocument() {
-    if (hasMdiChild()) activeText().SetFocus();
+    if (!hasMdiChild()) return;
+    mainForm().activeForm().activate();
+    mainForm().activeForm().focusPane();
 }
 
 bool hasManyMdiChildren() {

@@ -22,6 +22,23 @@ public:
     WebBrowser WebBrowser1{*this, "WebBrowser1"};
     /// Shows the address of the page in preview.
     StatusBar StatusBar1{*this, "StatusBar1", {}};
+
+    void showSource() {
+        showsPage_ = false;
+        Text1.ZOrder();
+    }
+    void showPage() {
+        showsPage_ = true;
+        WebBrowser1.ZOrder();
+    }
+    /// Gives the keyboard to the one of the two that is seen: keys must not reach a text behind the page.
+    void focusPane() {
+        if (showsPage_) return WebBrowser1.SetFocus();
+        Text1.SetFocus();
+    }
+
+private:
+    bool showsPage_ = false;
 };
 
 }  // namespace kelvor

@@ -7,7 +7,7 @@ namespace kelvor {
 
 void mnuFile_Close_Click() {
     mainForm().activeForm().unload();
-    if (hasMdiChild()) mainForm().activeForm().Text1.SetFocus();
+    focusDocument();
 }
 
 void mnuFile_CloseAll_Click() {

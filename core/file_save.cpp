@@ -96,7 +96,7 @@ void cmdSaveAs() {
 void mnuFile_Save_Click() {
     try {
         fileSave(documentManager()->currentDocument());
-        mainForm().activeForm().Text1.SetFocus();
+        focusDocument();
     } catch (const Error& error) {
         reportError(error, "File save error");
     }
@@ -104,7 +104,7 @@ void mnuFile_Save_Click() {
 
 void mnuFile_SaveAs_Click() {
     cmdSaveAs();
-    mainForm().activeForm().Text1.SetFocus();
+    focusDocument();
 }
 
 void mnuFile_SaveAll_Click() {

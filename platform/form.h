@@ -31,6 +31,9 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
 
+    /// Takes the keyboard from the program's other windows; a child's window is its frame's.
+    void activate() { tell(Aspect::focus); }
+
     /// The controls in the order of their creation.
     const std::vector<Control*>& controls() const { return controls_; }
 
@@ -59,7 +62,7 @@ public:
     Event<> unloaded;
     Event<MousePress> mouseDown;
 
-    /// What the window follows: caption, enabled.
+    /// What the window follows: caption, enabled, focus.
     void follow(Control::Follower follower) { follower_ = std::move(follower); }
 
 protected:

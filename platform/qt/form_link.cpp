@@ -77,6 +77,9 @@ void FormLink::followForm(Aspect aspect) {
         case Aspect::enabled:
             lock_ = form_.enabled() ? nullptr : std::make_unique<InputLock>(window_);
             break;
+        case Aspect::focus:
+            window_.activateWindow();
+            break;
         default:
             break;
     }
