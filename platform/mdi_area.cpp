@@ -13,16 +13,9 @@ bool MdiArea::contains(const Form& child) const {
 void MdiArea::show(Form& child) {
     if (!contains(child)) {
         children_.push_back(&child);
-        front_.insert(front_.begin(), &child);
         tell(Change::shown, &child);
     }
-    // The only child is already the last of the row; it still has to be told.
-    if (activeForm() == &child) {
-        tell(Change::activated, &child);
-        child.activated.raise();
-    } else {
-        activate(child);
-    }
+    bringToFront(child);
 }
 
 void MdiArea::remove(Form& child) {
@@ -31,14 +24,14 @@ void MdiArea::remove(Form& child) {
     std::erase(children_, &child);
     std::erase(front_, &child);
     tell(Change::removed, &child);
-    Form* next = activeForm();
-    if (!wasActive || !next) return;
-    tell(Change::activated, next);
-    next->activated.raise();
+    if (wasActive && activeForm()) bringToFront(*activeForm());
 }
 
 void MdiArea::activate(Form& child) {
-    if (activeForm() == &child || !contains(child)) return;
+    if (activeForm() != &child && contains(child)) bringToFront(child);
+}
+
+void MdiArea::bringToFront(Form& child) {
     std::erase(front_, &child);
     front_.push_back(&child);
     tell(Change::activated, &child);
@@ -50,7 +43,7 @@ void MdiArea::activateAtDistance(int distance) {
     const auto count = static_cast<int>(children_.size());
     const auto place = std::find(children_.begin(), children_.end(), activeForm()) - children_.begin();
     const int index = (static_cast<int>(place) + distance + count) % count;
-    activate(*children_[static_cast<std::size_t>(index)]);
+    show(*children_[static_cast<std::size_t>(index)]);
 }
 
 void MdiArea::activateNext() {

@@ -19,11 +19,12 @@ public:
     MdiArea(const MdiArea&) = delete;
     MdiArea& operator=(const MdiArea&) = delete;
 
-    /// Shows a loaded child form and brings it to the front.
+    /// Shows a loaded child form and brings it to the front, from its icon too, and raises its `activated`, whether it
+    /// was there already or not.
     void show(Form& child);
     /// Takes a child form out; the one that was in front before it comes forward.
     void remove(Form& child);
-    /// Brings a shown child to the front and raises its `activated`; nothing when it is there already.
+    /// The same for a shown child, unless it is in front already.
     void activate(Form& child);
 
     /// The child in front, or nullptr.
@@ -45,6 +46,7 @@ public:
     Arrangement arrangement() const { return arrangement_; }
 
 private:
+    void bringToFront(Form& child);
     void activateAtDistance(int distance);
     void tell(Change change, Form* child) const {
         if (follower_) follower_(change, child);

@@ -1,12 +1,12 @@
 #include "platform/qt/mdi_view.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QStyle>
 #include <utility>
 
@@ -14,13 +14,11 @@
 #include "platform/qt/convert.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/mdi_arrangement.h"
+#include "platform/qt/window_list.h"
 
 namespace kelvor::qt {
 
 namespace {
-
-/// In characters; what of a path the list of windows shows.
-constexpr int longestRow = 70;
 
 /// What the icon and the buttons of a title bar take, in heights of the bar.
 constexpr int titleBarParts = 5;
@@ -37,12 +35,19 @@ public:
     Form* form() const { return form_; }
     void release() { form_ = nullptr; }
 
-    /// The end of a path is what has to be read. A maximised window's title stands in the frame's.
+    /// Back from its icon, as large as it was.
+    void bringBack() {
+        if (!isMinimized()) return;
+        wasMaximised_ ? showMaximized() : showNormal();
+    }
+
+    /// A maximised window's title stands in the frame's, where there is room for the path. A small one begins with what
+    /// tells it from the others.
     void showTitle() {
-        if (!widget()) return;
-        const QString title = widget()->windowTitle();
+        if (!widget() || !form_) return;
         const int room = width() - titleBarParts * style()->pixelMetric(QStyle::PM_TitleBarHeight);
-        setWindowTitle(isMaximized() ? title : fontMetrics().elidedText(title, Qt::ElideLeft, room));
+        const QString name = fontMetrics().elidedText(nameFirst(form_->caption()), Qt::ElideRight, room);
+        setWindowTitle(isMaximized() ? widget()->windowTitle() : qt::windowTitle(fromQt(name)));
     }
 
 protected:
@@ -58,7 +63,11 @@ protected:
 
     void changeEvent(QEvent* event) override {
         QMdiSubWindow::changeEvent(event);
-        if (event->type() == QEvent::WindowStateChange) showTitle();
+        if (event->type() != QEvent::WindowStateChange) return;
+        const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+        if (isMinimized() && !before.testFlag(Qt::WindowMinimized))
+            wasMaximised_ = before.testFlag(Qt::WindowMaximized);
+        showTitle();
     }
 
     void resizeEvent(QResizeEvent* event) override {
@@ -68,11 +77,19 @@ protected:
 
 private:
     Form* form_;
+    bool wasMaximised_ = false;  ///< before it became an icon
 };
 
 Form* formOf(QMdiSubWindow* window) {
     const auto* child = dynamic_cast<ChildWindow*>(window);
     return child ? child->form() : nullptr;
+}
+
+/// The child window that a widget stands in.
+ChildWindow* windowAround(QWidget* widget) {
+    QWidget* parent = widget ? widget->parentWidget() : nullptr;
+    while (parent && !dynamic_cast<ChildWindow*>(parent)) parent = parent->parentWidget();
+    return dynamic_cast<ChildWindow*>(parent);
 }
 
 }  // namespace
@@ -90,6 +107,7 @@ MdiView::MdiView(MdiArea& model, Form& frame, QMdiArea& area, WidgetOf widgetOf)
         guarded([&] { model_.activate(*form); });
         following_ = false;
     });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepKeysSeen(now); });
     model_.follow([this](MdiArea::Change change, Form* child) { follow(change, child); });
 }
 
@@ -150,8 +168,7 @@ void MdiView::remove(Form& child) {
 }
 
 void MdiView::restore(Form* child) {
-    QMdiSubWindow* window = windows_.value(child);
-    if (window && window->isMinimized()) window->showNormal();
+    if (auto* window = dynamic_cast<ChildWindow*>(windows_.value(child))) window->bringBack();
 }
 
 void MdiView::activate(Form* child) {
@@ -202,29 +219,12 @@ void MdiView::arrange() {
     activate(model_.activeForm());
 }
 
-void MdiView::listWindows(QMenu& menu) {
-    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { fillList(menu); });
-}
-
-void MdiView::fillList(QMenu& menu) {
-    static const QString listed = QStringLiteral("windowListRow");
-    for (QAction* action : menu.actions())
-        if (action->objectName() == listed) delete action;
-    if (model_.children().empty()) return;
-    menu.addSeparator()->setObjectName(listed);
-    int number = 1;
-    for (Form* child : model_.children()) {
-        const QString title = menuText(elidedInTheMiddle(toQt(child->caption()), longestRow));
-        const QString key = number < 10 ? QStringLiteral("&%1 ") : QStringLiteral("%1 ");
-        QAction* action = menu.addAction(key.arg(number++) + title);
-        action->setObjectName(listed);
-        action->setCheckable(true);
-        action->setChecked(child == model_.activeForm());
-        connect(action, &QAction::triggered, this, [this, child] {
-            // The list may be older than its windows.
-            if (windows_.contains(child)) guarded([&] { model_.activate(*child); });
-        });
-    }
+/// Keys must not reach a text that nobody sees. A command that gives a text the keyboard brings its window back from
+/// the icon; when it is the user who comes to the icon, perhaps to move it, the icon stays one and has the keyboard.
+void MdiView::keepKeysSeen(QWidget* focus) {
+    ChildWindow* window = windowAround(focus);
+    if (!window || !window->isMinimized()) return;
+    following_ ? window->setFocus() : window->bringBack();
 }
 
 bool MdiView::eventFilter(QObject* watched, QEvent* event) {

@@ -8,7 +8,6 @@
 
 class QMdiArea;
 class QMdiSubWindow;
-class QMenu;
 
 namespace kelvor::qt {
 
@@ -23,9 +22,6 @@ public:
     MdiView(MdiArea& model, Form& frame, QMdiArea& area, WidgetOf widgetOf);
     ~MdiView() override;
 
-    /// Lists the child windows at the end of `menu` whenever it opens, the one in front with a mark.
-    void listWindows(QMenu& menu);
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,7 +32,7 @@ private:
     void restore(Form* child);
     void activate(Form* child);
     void arrange();
-    void fillList(QMenu& menu);
+    void keepKeysSeen(QWidget* focus);
     std::vector<QMdiSubWindow*> windowsInOrder(bool minimised) const;
 
     MdiArea& model_;

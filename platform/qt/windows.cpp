@@ -19,6 +19,7 @@
 #include "platform/qt/modal.h"
 #include "platform/qt/popup_place.h"
 #include "platform/qt/scintilla_edit.h"
+#include "platform/qt/window_list.h"
 
 namespace kelvor::qt {
 
@@ -82,7 +83,7 @@ void QtWindows::setUpFrame(Form& form, QMainWindow& window) {
     if (!frame || !area) return;
     new EmptyFrameHint(*area);
     mdi_ = std::make_unique<MdiView>(frame->mdi, form, *area, [this](Form& child) { return widgetOf(child); });
-    if (auto* menu = window.findChild<QMenu*>(QStringLiteral("mnuWindow"))) mdi_->listWindows(*menu);
+    if (auto* menu = window.findChild<QMenu*>(QStringLiteral("mnuWindow"))) listWindows(frame->mdi, *menu);
 }
 
 void QtWindows::destroy(Form& form) {

@@ -112,11 +112,36 @@ TEST_F(Frame, ArrangesItsChildren) {
     first.move(200, 5);
     frame_.mdi.arrange(MdiArea::Arrangement::tileHorizontally);
     EXPECT_EQ(first.geometry().bottomLeft(), inside.bottomLeft());
-    EXPECT_TRUE(first.windowTitle().endsWith("p/one") && !first.windowTitle().startsWith("/web"));
+    EXPECT_TRUE(first.windowTitle().startsWith("one - /web") && !first.windowTitle().endsWith("deep"));
     EXPECT_EQ(third.geometry(), tiles({inside.width(), first.y()}, 2, Qt::Horizontal)[1]);
-    frame_.mdi.activate(*children_[2]);
-    frame_.mdi.activate(*children_[0]);
-    EXPECT_FALSE(first.isMinimized()) << "its tab brings an icon back";
+}
+
+TEST_F(Frame, KeysNeverReachATextThatNobodySees) {
+    EditWindow& first = open("/one");
+    EditWindow& second = open("/two");
+    QMdiSubWindow& icon = subWindow(second);
+    const auto hasKeyboard = [&] { return windows().widgetOf(second)->isAncestorOf(QApplication::focusWidget()); };
+    const std::function<void()> roads[] = {[&] { frame_.mdi.show(second); }, [&] { second.Text1.SetFocus(); },
+                                           [&] {
+                                               frame_.mdi.activate(first);
+                                               frame_.mdi.activate(second);
+                                           }};
+    for (const auto& road : roads) {
+        icon.showMinimized();
+        letEventsRun();
+        EXPECT_FALSE(hasKeyboard());
+        road();
+        letEventsRun();
+        EXPECT_TRUE(icon.isMaximized()) << "as it was";
+        EXPECT_TRUE(hasKeyboard());
+    }
+    icon.showMinimized();
+    frame_.mdi.activate(first);
+    area().setActiveSubWindow(&icon);
+    letEventsRun();
+    EXPECT_EQ(frame_.mdi.activeForm(), &second);
+    EXPECT_TRUE(icon.isMinimized()) << "the user may want to move it";
+    EXPECT_FALSE(hasKeyboard());
 }
 
 TEST_F(Frame, TheWindowMenuListsTheChildren) {
@@ -132,8 +157,37 @@ TEST_F(Frame, TheWindowMenuListsTheChildren) {
     ASSERT_EQ(menu.actions().size(), rows + 3);
     EXPECT_EQ(menu.actions()[rows + 1]->text(), "&1 /web/a&&b.html");
     EXPECT_TRUE(menu.actions()[rows + 2]->isChecked());
-    menu.actions()[rows + 1]->trigger();
-    EXPECT_EQ(frame_.mdi.activeForm(), &first);
+    for (int time = 0; time < 2; ++time) {
+        menu.actions()[rows + 1]->trigger();
+        EXPECT_EQ(frame_.mdi.activeForm(), &first);
+        EXPECT_FALSE(subWindow(first).isMinimized());
+        subWindow(first).showMinimized();
+    }
+}
+
+TEST_F(Frame, TheWindowMenuHasNineRowsAndAListOfAll) {
+    frame_.menu("mnuWindow").setVisible(true);
+    auto& menu = widget<QMenu>(frame_, "mnuWindow");
+    for (int number = 1; number < 10; ++number) open("/web/" + std::to_string(number) + ".htm");
+    const auto rows = [&] {
+        menu.popup({});
+        menu.close();
+        return menu.actions().size();
+    };
+    const auto rowsForNine = rows();
+    for (const char* name : {"\nx.htm", "late.htm", "last.htm"}) open("/web/" + std::string(name));
+    EXPECT_EQ(rows(), rowsForNine + 1);
+    QTimer::singleShot(0, [] {
+        QWidget& dialog = *QApplication::activeModalWidget();
+        auto& list = *dialog.findChild<QListWidget*>();
+        EXPECT_EQ(list.count(), 12);
+        EXPECT_EQ(list.currentItem()->text(), "last.htm - /web");
+        EXPECT_EQ(list.item(9)->text(), "\\nx.htm - /web");
+        QTest::keyClicks(&list, "lat");
+        QTest::keyClick(&list, Qt::Key_Return);
+    });
+    menu.actions().last()->trigger();
+    EXPECT_EQ(frame_.mdi.activeForm()->caption(), "/web/late.htm");
 }
 
 TEST_F(Frame, ARightPressOnTheBackgroundWithItsHintIsTheFrames) {
