@@ -1,7 +1,6 @@
 #include "assistants/template_holder.h"
 
 #include "authoring/common.h"
-#include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/frame.h"
 #include "core/recent_files.h"
@@ -94,7 +93,6 @@ std::string TemplateHolder::selectedName() const {
 void TemplateHolder::cmdOpen_Click() {
     const std::string path = templateFile(selectedName());
     if (const Outcome opened = fileOpen(path, true); !opened) return reportOpenError(path, opened.cause());
-    enableMenuItems();
     mainForm().increaseUntitledCount();
     unload();
 }
@@ -103,7 +101,6 @@ void TemplateHolder::cmdEdit_Click() {
     const std::string path = templateFile(selectedName());
     if (const Outcome opened = fileOpen(path, false); !opened) return reportOpenError(path, opened.cause());
     updateOpenFileCollection();
-    enableMenuItems();
     unload();
 }
 

@@ -3,7 +3,6 @@
 #include "authoring/common.h"
 #include "batch/file_count.h"
 #include "batch/walk_filters.h"
-#include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/frame.h"
 #include "core/recent_files.h"
@@ -229,7 +228,6 @@ void ExtendedFind::openMulti() {
         const std::string path = ListView1.cell(row, 0);
         if (const Outcome opened = fileOpen(path, false)) {
             updateOpenFileCollection();
-            enableMenuItems();
             ListView1.setSelected(row, false);
         } else {
             reportOpenError(path, opened.cause());

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "bench/answers.h"
-#include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/frame.h"
 #include "core/startup.h"
@@ -41,7 +40,6 @@ public:
     void open(const std::string& name, const std::string& text) const {
         std::ofstream(path(name)) << text;
         fileOpen(path(name), false);
-        enableMenuItems();
         QApplication::processEvents();
     }
 

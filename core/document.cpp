@@ -97,7 +97,7 @@ void CDocument::editWindow_Load() {
 Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
     try {
         SourceRTB().LoadFile(path);
-        SourceRTB().ZOrder();
+        window_->showSource();
         docTabStrip_->add(strUniqueID_, longFileName_ + strUniqueID_);
         docTabStrip_->setTag(strUniqueID_, strUniqueID_);
         documentManager_->add(shared_from_this());
@@ -171,7 +171,7 @@ bool CDocument::CloseDoc() {
 bool CDocument::ChangeMode(int mode) {
     viewMode_ = mode;
     if (mode == view_mode::source) {
-        SourceRTB().ZOrder();
+        window_->showSource();
         PreviewWB().Close();
     }
     if (mode == view_mode::preview && isSaved_ && !isUntitled_) {
@@ -180,32 +180,19 @@ bool CDocument::ChangeMode(int mode) {
         PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache,
                              mapped ? vdirManager_->encodedURLForPath(longFileName_) : "");
         window_->StatusBar1.setSimpleText(address);
-        PreviewWB().ZOrder();
-        PreviewWB().SetFocus();
+        window_->showPage();
     }
+    SetDocFocus();
     return true;
 }
 
-void CDocument::SetDocFocus() {
-    if (viewMode_ == view_mode::source) SourceRTB().SetFocus();
-}
-
+/// Every road by which a document comes to the front leads here: a click, the end of another, its own opening.
 void CDocument::editWindow_Activate() {
     docTabStrip_->setSelectedItem(strUniqueID_);
+    enableMenuItems();
+    ControlFunctionForMode(viewMode_);
     Text1_SelChange();
-    focusShownPane();
-}
-
-void CDocument::focusShownPane() {
     SetDocFocus();
-    // Keys that nobody sees arrive must not reach the text behind the page.
-    if (viewMode_ == view_mode::preview) PreviewWB().SetFocus();
-}
-
-void CDocument::tabClicked() {
-    if (docTabStrip_->selectedItem().key != strUniqueID_) return;
-    mainForm().mdi.activate(*window_);
-    focusShownPane();
 }
 
 void CDocument::showSavedState() const {

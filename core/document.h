@@ -60,12 +60,10 @@ public:
     void showSavedState() const;
     /// Unloads the window, which asks first when the text is not saved.
     bool CloseDoc();
-    /// Brings source or preview to the top; preview only of a saved file.
+    /// Brings source or preview to the top, with the keyboard; preview only of a saved file.
     bool ChangeMode(int mode);
-    /// Gives the source the focus; nothing in preview.
-    void SetDocFocus();
-    /// The answer to a click on a tab, whichever: the clicked document's window comes forward.
-    void tabClicked();
+    /// Gives the keyboard to what the window shows: the source, or the page in preview.
+    void SetDocFocus() { window_->focusPane(); }
 
     const std::string& ShortFileName() const { return shortFileName_; }
     const std::string& LongFileName() const override { return longFileName_; }
@@ -96,7 +94,6 @@ private:
     void connectWindow();
     void editWindow_Load();
     void editWindow_Activate();
-    void focusShownPane();
     void editWindow_QueryUnload(bool& cancel);
     void editWindow_Unload();
     void showPosition();

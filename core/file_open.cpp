@@ -76,18 +76,15 @@ void mnuFile_Open_Click() {
     const auto paths = dialog.fileNames;
     for (const std::string& path : paths) openOne(path);
     if (!hasMdiChild()) return;
-    enableMenuItems();
-    mainForm().activeForm().Text1.SetFocus();
+    // A failed open beside one document has turned the commands off.
+    mainForm().mdi.show(mainForm().activeForm());
+    focusDocument();
 }
 
 void mnuFile_RecentFiles_Click(int index) {
     const std::string path = mainForm().menu("mnuFile_RecentFiles_" + std::to_string(index)).caption();
     if (!fileExists(path)) return reportNoSuchFile(path);
-    if (const Outcome opened = fileOpen(path, false)) {
-        enableMenuItems();
-    } else {
-        reportOpenError(path, opened.cause());
-    }
+    if (const Outcome opened = fileOpen(path, false); !opened) reportOpenError(path, opened.cause());
 }
 
 }  // namespace kelvor

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "authoring/common.h"
-#include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/frame.h"
 #include "core/recent_files.h"
@@ -42,7 +41,6 @@ void showCurrentDirectory() {
 void openListed(const std::string& path) {
     if (const Outcome opened = fileOpen(path, false)) {
         updateOpenFileCollection();
-        enableMenuItems();
     } else {
         reportOpenError(path, opened.cause());
     }

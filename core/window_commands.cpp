@@ -1,7 +1,6 @@
 #include "core/window_commands.h"
 
 #include "core/document_manager.h"
-#include "core/enablement.h"
 
 namespace kelvor {
 
@@ -30,11 +29,7 @@ void previousMdiWindow() {
 }
 
 void TabStrip1_Click() {
-    for (const auto& document : documentManager()->MyDocuments().items()) document->tabClicked();
-    // Of several files opened at once the second one's tab is clicked before the command that opens them is done.
-    enableMenuItems();
-    const bool preview = documentManager()->currentDocument().ViewMode() == view_mode::preview;
-    ControlFunctionForMode(preview ? view_mode::preview : view_mode::source);
+    mainForm().mdi.show(documentManager()->currentDocument().SourceForm());
 }
 
 }  // namespace kelvor

@@ -11,8 +11,7 @@ void mnuWindow_ArrangeIcons_Click();
 void nextMdiWindow();
 void previousMdiWindow();
 
-/// The frame's answer to a click on a tab, after each document has heard it: the commands follow the view
-/// of the document in front.
+/// The frame's answer to a click on a tab: its document comes to the front, from its icon too.
 void TabStrip1_Click();
 
 }  // namespace kelvor

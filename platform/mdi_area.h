@@ -22,10 +22,10 @@ public:
     /// Shows a loaded child form and brings it to the front, from its icon too, and raises its `activated`, whether it
     /// was there already or not.
     void show(Form& child);
+    /// The same for a child that is shown, unless it is in front already.
+    void activate(Form& child);
     /// Takes a child form out; the one that was in front before it comes forward.
     void remove(Form& child);
-    /// The same for a shown child, unless it is in front already.
-    void activate(Form& child);
 
     /// The child in front, or nullptr.
     Form* activeForm() const { return front_.empty() ? nullptr : front_.back(); }

@@ -50,14 +50,11 @@ const TabStrip::Tab& TabStrip::selectedItem() const {
 }
 
 void TabStrip::setSelectedItem(const std::string& key) {
-    const std::size_t index = indexOf(key);
-    if (selected_ == index) return;
-    click(key);
+    change(selected_, std::optional(indexOf(key)), Aspect::selection);
 }
 
 void TabStrip::click(const std::string& key) {
-    selected_ = indexOf(key);
-    tell(Aspect::selection);
+    setSelectedItem(key);
     clicked.raise();
 }
 

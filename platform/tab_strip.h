@@ -39,9 +39,9 @@ public:
     /// The selected tab. With no tabs an error 91.
     const Tab& selectedItem() const;
     bool hasSelection() const { return selected_.has_value(); }
-    /// Selects a tab and, when another was selected before, raises `clicked`.
+    /// Selects a tab, without a click.
     void setSelectedItem(const std::string& key);
-    /// The user's click on a tab: always raises `clicked`.
+    /// The user's click on a tab, which may be selected already.
     void click(const std::string& key);
 
     /// Draws the tabs anew.

@@ -1,6 +1,5 @@
 #include "tests/kelvor_fixture.h"
 
-#include "core/enablement.h"
 #include "core/file_open.h"
 #include "core/startup.h"
 #include "platform/text_buffer.h"
@@ -24,7 +23,6 @@ void KelvorTest::start() {
 
 CDocument& KelvorTest::open(const std::string& name, const std::string& bytes) {
     EXPECT_TRUE(fileOpen(files.write(name, bytes), false));
-    enableMenuItems();
     return documentManager()->currentDocument();
 }
 

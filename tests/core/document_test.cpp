@@ -4,7 +4,6 @@
 
 #include "authoring/common.h"
 #include "batch/find.h"
-#include "core/enablement.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
 #include "platform/text_buffer.h"
@@ -125,7 +124,10 @@ TEST_F(Document, WindowsStayInStepWithTheTabs) {
     CDocument& second = open("b.htm", "2");
     open("c.htm", "");
     type("x");
-    mainForm().TabStrip1.click(first);
+    int forward = 0;
+    mainForm().mdi.follow([&](MdiArea::Change change, Form*) { forward += change == MdiArea::Change::activated; });
+    for (int click = 0; click < 2; ++click) mainForm().TabStrip1.click(first);
+    EXPECT_EQ(forward, 2) << "from its icon too";
     EXPECT_EQ(inFront(), "a.htm");
     EXPECT_EQ(panels(), "File Saved: Yes|1/1|Characters: 3 ");
     mainForm().mdi.activate(second.SourceForm());

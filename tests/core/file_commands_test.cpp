@@ -155,7 +155,6 @@ TEST_F(FileCommands, NewWithoutATemplateTellsWhereTheyBelong) {
 
 TEST_F(FileCommands, SaveAsKeepsEverythingWhenItFailsAndElseGivesTheDocumentItsFile) {
     fileOpen(files.write("t.tpl", "text"), true);
-    enableMenuItems();
     const CDocument& document = documentManager()->currentDocument();
     const std::string gone = files.path("gone/a.htm");
     lastDir = "/tmp";

@@ -64,8 +64,6 @@ protected:
             QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
         });
         QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier);
-        // Without a window manager nobody gives the focus back when the dialog has gone.
-        window().activateWindow();
         QApplication::processEvents();
     }
 
@@ -231,6 +229,25 @@ protected:
         type(keys);
     }
 };
+
+TEST_F(Page, TheTextHasTheKeyboardAfterASaveOverAFileAndAfterAnInsertFromTheTagsWindow) {
+    std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt"));
+    openByDialog({files.write("page.htm", "one two")});
+    whenDialogOpens([path = files.write("there.htm", "old")](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    answerNextBox(QMessageBox::Yes);
+    choose("mnuFile_SaveAs");
+    EXPECT_EQ(files.read("there.htm"), "one two");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    choose("mnuInsert_Tags");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(platform.windows().widgetOf(tags())));
+    select("two");
+    pick(tags(), "ListView1", 0, "<B>");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_TRUE(platform.windows().widgetOf(mainForm().activeForm())->isAncestorOf(QApplication::focusWidget()));
+}
 
 TEST_F(Page, WrittenWithTheCommandsAloneHasNoErrorForAChecker) {
     std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt"));
