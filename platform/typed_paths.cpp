@@ -101,8 +101,10 @@ std::vector<std::string> typedPaths(std::string_view text, const std::string& di
 }
 
 std::string typedPath(std::string_view text, const std::string& directory) {
-    const auto name = trimmed(text);
-    return name.empty() ? std::string() : resolved(std::string(name), directory);
+    std::string name(trimmed(text));
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return name.empty() ? name : resolved(name, directory);
 }
 
 std::string typedText(const std::vector<std::string>& names) {

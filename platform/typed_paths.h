@@ -13,7 +13,8 @@ namespace kelvor {
 /// at links; a separator at the end stays.
 std::vector<std::string> typedPaths(std::string_view text, const std::string& directory);
 
-/// The path of a text that is one name and nothing else, all its double quotes included; "" for blanks.
+/// The path of a text that is one name and nothing else, all its double quotes included; "" for blanks. A line end in
+/// it is a blank, as a field shows it.
 std::string typedPath(std::string_view text, const std::string& directory);
 
 /// A text that typedPaths takes for these names of the directory.

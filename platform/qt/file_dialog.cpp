@@ -19,6 +19,7 @@
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "platform/qt/convert.h"
+#include "platform/shown_name.h"
 #include "platform/typed_paths.h"
 #include "platform/volumes.h"
 
@@ -36,19 +37,21 @@ constexpr std::size_t mostNamesTold = 10;
 struct Words {
     const char* title;
     const char* name;
+    const char* emptyName;
     const char* button;
+    const char* hidden;
 };
 
 Words wordsOf(FilePurpose purpose) {
     switch (purpose) {
         case FilePurpose::save:
-            return {"Save As", "File &name:", "&Save"};
+            return {"Save As", "File &name:", "", "&Save", "Show &hidden files"};
         case FilePurpose::folder:
-            return {"Choose a Folder", "Folder &name:", "&Choose"};
+            return {"Choose a Folder", "Folder &name:", "The folder shown", "&Choose", "Show &hidden folders"};
         case FilePurpose::open:
             break;
     }
-    return {"Open", "File &name:", "&Open"};
+    return {"Open", "File &name:", "", "&Open", "Show &hidden files"};
 }
 
 /// Why the path is no file to open; nothing when it is one.
@@ -102,7 +105,7 @@ FileDialog::FileDialog(FilePurpose purpose, const FileRequest& request)
       places_(*new QComboBox(this)),
       field_(*new QLineEdit(this)),
       types_(*new QComboBox(this)),
-      hidden_(*new QCheckBox(QStringLiteral("Show &hidden files"), this)) {
+      hidden_(*new QCheckBox(QString::fromLatin1(wordsOf(purpose).hidden), this)) {
     setWindowTitle(qt::windowTitle(title_));
     field_.setObjectName(QStringLiteral("fileNameEdit"));
     field_.setMaxLength(std::numeric_limits<int>::max());
@@ -114,6 +117,7 @@ FileDialog::FileDialog(FilePurpose purpose, const FileRequest& request)
     build();
     connectParts();
     showFilter();
+    showInEmptyField({});
     startIn(request.directory);
     field_.setText(toQt(fileNamePart(request.fileName)));
     field_.selectAll();
@@ -243,8 +247,8 @@ void FileDialog::makeNewFolder() {
 void FileDialog::showPlaces() {
     places_.clear();
     for (const std::string& place : placesFrom(view_.folder()))
-        places_.addItem(toQt(place), QByteArray::fromStdString(place));
-    places_.setToolTip(toolTipText(view_.folder()));
+        places_.addItem(rowText(place), QByteArray::fromStdString(place));
+    places_.setToolTip(toolTipText(shownName(view_.folder())));
     back_->setEnabled(!past_.empty());
 }
 
@@ -265,14 +269,18 @@ void FileDialog::showMarks() {
     }
     const bool areMany = names.size() > mostNamesShown;
     field_.setText(areMany ? QString() : toQt(typedText(names)));
-    field_.setPlaceholderText(areMany ? QStringLiteral("%L1 files marked").arg(names.size()) : QString());
+    showInEmptyField(areMany ? QStringLiteral("%L1 files marked").arg(names.size()) : QString());
+}
+
+void FileDialog::showInEmptyField(const QString& count) {
+    field_.setPlaceholderText(count.isEmpty() ? QString::fromLatin1(wordsOf(purpose_).emptyName) : count);
     field_.setAccessibleDescription(field_.placeholderText());
 }
 
 void FileDialog::noteTyping(const QString& text) {
     const QScopedValueRollback typing(typing_, true);
     view_.clearSelection();
-    field_.setPlaceholderText({});
+    showInEmptyField({});
     completer_.prepare(text, view_.folder());
 }
 

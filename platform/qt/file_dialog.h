@@ -49,6 +49,7 @@ private:
     void showPlaces();
     void showFilter();
     void showMarks();
+    void showInEmptyField(const QString& count);
     void noteTyping(const QString& text);
 
     void acceptTyped();

@@ -24,7 +24,7 @@ constexpr int reloadDelay = 300;
 
 }  // namespace
 
-FolderView::FolderView(bool many, QWidget* parent) : QTreeView(parent), rows_(this) {
+FolderView::FolderView(bool many, QWidget* parent) : QTreeView(parent), rows_(*new FolderRows(this)) {
     setObjectName(QStringLiteral("treeView"));
     setAccessibleName(QStringLiteral("Files"));
     setModel(&rows_);

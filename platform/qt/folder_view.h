@@ -53,7 +53,7 @@ private:
     void keepMarks();
     void restoreMarks();
 
-    FolderRows rows_;
+    FolderRows& rows_;
     QFileSystemWatcher watcher_;
     QTimer reloadPause_;
     std::string folder_;

@@ -60,7 +60,8 @@ TEST(TypedPaths, OfASaveAreOneNameAsItStands) {
     for (const char* name : {"a\"b.htm", "\"a\" \"b\"", "\"a\"", "\"\"", "a\\b", "%41#?"})
         EXPECT_EQ(typedPath(" " + std::string(name) + " ", "/web"), "/web/" + std::string(name));
     EXPECT_EQ(typedPath("../a/./b", "/web/x"), "/web/a/b");
-    EXPECT_EQ(typedPath(" ", "/web"), "");
+    EXPECT_EQ(typedPath("a\nb\n", "/web"), "/web/a b");
+    EXPECT_EQ(typedPath(" \n", "/web"), "");
 }
 
 TEST(TypedPaths, ComeBackFromTheTextOfAnyNames) {

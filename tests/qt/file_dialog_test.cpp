@@ -50,7 +50,7 @@ protected:
         use(steps);
         return platform().dialogs.folder("", folder_.path()).value_or("");
     }
-    /// Lets the next box be answered, and its text be kept.
+    /// Lets the next box be answered, and what a screen reader tells of it be kept.
     void answerBox(QMessageBox::StandardButton button) {
         box_.clear();
         boxTimer_.disconnect();
@@ -59,7 +59,7 @@ protected:
             if (box == nullptr) return;
             boxTimer_.stop();
             ++boxes_;
-            box_ = box->text();
+            box_ = box->findChild<QLabel*>("qt_msgbox_label")->accessibleName();
             box->button(button)->click();
         });
         boxTimer_.start();

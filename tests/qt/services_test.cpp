@@ -83,34 +83,6 @@ TEST_F(Services, ASignalToEndClosesWhatIsOpenAndAsksThenOnce) {
     program.onExitWanted = nullptr;
 }
 
-TEST_F(Services, AnOpenDialogOffersTheFilesOfItsFilterWithoutRegardToCase) {
-    const ScratchDirectory directory;
-    for (const char* name : {"one.HTM", "two.htm", "three.txt"}) directory.write(name, "text");
-    FileRequest request{.directory = directory.path(), .filter = "All|*.*|HTML|*.htm"};
-    request.filterIndex = 2;
-    onDialog<QFileDialog>([](QFileDialog& dialog) {
-        auto& view = *dialog.findChild<QAbstractItemView*>("listView");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return view.model()->rowCount(view.rootIndex()) == 2; }));
-        dialog.reject();
-    });
-    EXPECT_TRUE(platform().dialogs.openFiles(request).empty());
-}
-
-TEST_F(Services, ASaveDialogAsksBeforeItOverwrites) {
-    const ScratchDirectory directory;
-    const std::string path = directory.write("there.htm", "text");
-    FileRequest request{.directory = directory.path(), .filter = "All|*.*"};
-    for (const bool prompt : {true, false}) {
-        request.overwritePrompt = prompt;
-        onDialog<QFileDialog>([prompt](QFileDialog& dialog) {
-            if (prompt) onDialog<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
-            dialog.selectFile("there.htm");
-            QMetaObject::invokeMethod(&dialog, "accept");
-        });
-        EXPECT_EQ(platform().dialogs.saveFile(request), path);
-    }
-}
-
 TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     const ScratchDirectory directory;
     const std::string file = directory.write("file", "text");

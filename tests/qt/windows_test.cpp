@@ -227,7 +227,7 @@ TEST_F(Frame, NothingBelowADialogOrAModalFormCloses) {
                                            [&] { dialogs.openFiles({}); },
                                            [&] { dialogs.saveFile({}); },
                                            [&] { dialogs.folder("", ""); },
-                                           [&] { dialogs.color(); }};
+                                           [&] { dialogs.color("", 0); }};
     form_.load();
     windows().showModeless(form_, true);
     for (const auto& show : shown) {
