@@ -61,7 +61,10 @@ PreviewPane::PreviewPane(QWidget& place) : QWidget(&place), layers_(new QStacked
     makeLines();
     layers_->addWidget(obstacle_);
     connect(obstacle_, &PaneObstacle::reload, this, &PreviewPane::load);
-    connect(obstacle_, &PaneObstacle::leave, this, &PreviewPane::showPage);
+    connect(obstacle_, &PaneObstacle::leave, this, [this] {
+        showPage();
+        refused_->tell(QStringLiteral("The server was given no name and no password."));
+    });
     connect(obstacle_, &PaneObstacle::goOn, this, [this] {
         browser_->trustSite();
         load();
@@ -94,10 +97,11 @@ void PreviewPane::makeLines() {
 
 void PreviewPane::navigate(const std::string& address, const std::string& mapped) {
     const bool lacksScheme = !mapped.empty() && !isUrl(mapped);
+    shownAddress_ = elidedInTheMiddle(toQt(address), longestAddress);
     url_ = pageUrl(mapped.empty() || lacksScheme ? address : mapped);
     mapping_->tell(lacksScheme ? QStringLiteral("The mapping gives no address that begins with http:// or https://, "
                                                 "so this is taken for a path: %1")
-                                     .arg(elidedInTheMiddle(toQt(address), longestAddress))
+                                     .arg(shownAddress_)
                                : QString());
     load();
 }
@@ -175,10 +179,9 @@ void PreviewPane::tellLoading(bool begins) {
 }
 
 void PreviewPane::tellWaiting() {
-    const QString address = elidedInTheMiddle(url_.toDisplayString(QUrl::RemoveUserInfo), longestAddress);
-    if (waited_ == 0) loading_->tell(QStringLiteral("Loading %1").arg(address));
+    if (waited_ == 0) loading_->tell(QStringLiteral("Loading %1").arg(shownAddress_));
     if (waited_ == patience)
-        loading_->tell(QStringLiteral("No answer after %1 seconds: %2").arg(QString::number(patience), address));
+        loading_->tell(QStringLiteral("Not loaded after %1 seconds: %2").arg(QString::number(patience), shownAddress_));
     ++waited_;
     patience_.start(second);
 }

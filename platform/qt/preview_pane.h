@@ -50,6 +50,7 @@ private:
     Browser* browser_ = nullptr;
     QTimer patience_;
     QUrl url_;
+    QString shownAddress_;
     bool remoteContent_ = false;  ///< the user's choice, for as long as the document is open
     bool scriptsWait_ = false;
     bool networkWaits_ = false;

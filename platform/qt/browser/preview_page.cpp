@@ -15,6 +15,7 @@
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <QWidget>
+#include <utility>
 
 #include "platform/qt/browser/page_dialog.h"
 #include "platform/qt/browser/request_guard.h"
@@ -45,6 +46,23 @@ constexpr const char* scriptFinder = R"js(
     if (location.protocol !== 'chrome-error:' && [...document.querySelectorAll('*')].some(runs))
         console.debug('kelvor: scripts');
 )js";
+
+/// What the engine's more common numbers mean to a user; its own name of the error for the others.
+QString causeOf(const QWebEngineLoadingInfo& info) {
+    constexpr std::pair<int, const char*> causes[] = {{-6, "The file does not exist."},
+                                                      {-7, "The server does not answer."},
+                                                      {-10, "The file may not be read."},
+                                                      {-101, "The server has ended the connection."},
+                                                      {-102, "No server answers at this address."},
+                                                      {-105, "No host has this name."},
+                                                      {-106, "This machine has no network."},
+                                                      {-109, "The host cannot be reached."},
+                                                      {-118, "The server does not answer."},
+                                                      {-324, "The server has ended the connection without an answer."}};
+    for (const auto& [code, cause] : causes)
+        if (info.errorCode() == code) return QString::fromLatin1(cause);
+    return info.errorString();
+}
 
 bool isLocal(const QUrl& url) {
     return url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https");
@@ -146,11 +164,11 @@ bool PreviewPage::isOfServer(const QUrl& url) const {
 
 void PreviewPage::hearLoading(const QWebEngineLoadingInfo& info) {
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus) return;
+    if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain && asksForLogin_) return;
     if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
         emit refused(QStringLiteral("The server answered with the error %1.").arg(info.errorCode()));
     else if (info.errorCode() != aborted && info.errorCode() != blocked && problem_.isEmpty())
-        emit obstacle(
-            {.message = QStringLiteral("%1 cannot be loaded.\n\n%2").arg(shown(info.url()), info.errorString())});
+        emit obstacle({.message = QStringLiteral("%1 cannot be loaded.\n\n%2").arg(shown(info.url()), causeOf(info))});
 }
 
 void PreviewPage::hearCertificate(QWebEngineCertificateError error) {
@@ -190,6 +208,7 @@ void PreviewPage::hearLoginAsked(const QUrl& url, QAuthenticator& answer) {
     if (!isOfServer(url)) return;
     obstacleAt_ = url;
     realm_ = realm;
+    asksForLogin_ = true;
     emit obstacle({.message = loginQuestion(url, realm, login.has_value()), .way = Obstacle::Way::logIn});
 }
 

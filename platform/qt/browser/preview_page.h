@@ -71,6 +71,7 @@ private:
     QUrl obstacleAt_;
     QSslCertificate certificate_;  ///< of the last obstacle, as is the realm
     QString realm_;
+    bool asksForLogin_ = false;
     QString problem_;  ///< told already; what the engine says about it afterwards adds nothing
 };
 
