@@ -70,6 +70,7 @@ PreviewPane::PreviewPane(QWidget& place) : QWidget(&place), layers_(new QStacked
         load();
     });
     connect(obstacle_, &PaneObstacle::logIn, this, [this] {
+        if (obstacle_->loginName().isEmpty()) return;
         browser_->keepLogin(obstacle_->loginName(), obstacle_->password());
         load();
     });
