@@ -42,10 +42,10 @@ private:
     void tellWaiting();
 
     QStackedLayout* layers_;
-    PaneLine* mapping_;
-    PaneLine* heldBack_;
-    PaneLine* refused_;
-    PaneLine* loading_;
+    PaneLine* mapping_ = nullptr;
+    PaneLine* heldBack_ = nullptr;
+    PaneLine* refused_ = nullptr;
+    PaneLine* loading_ = nullptr;
     PaneObstacle* obstacle_;
     Browser* browser_ = nullptr;
     QTimer patience_;

@@ -145,6 +145,7 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
 TEST_F(Preview, ASilentADeadAndADownloadingServerAreTold) {
     listener_.keepSilent();
     showServed("/silent");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return listener_.isSilent(); }, 10'000));
     EXPECT_TRUE(tells("Loading http://127.0.0.1"));
     EXPECT_NE(button("Stop"), nullptr);
     browser_.Close();

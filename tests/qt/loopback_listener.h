@@ -47,6 +47,7 @@ public:
 
     /// Takes the next connection and never answers on it.
     void keepSilent() { keepsSilent_ = true; }
+    bool isSilent() const { return silent_ >= 0; }
     /// Whether the other side has given up the connection that was kept silent.
     bool isGivenUp() const {
         char bytes[4096];
