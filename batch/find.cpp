@@ -5,7 +5,6 @@
 #include "authoring/common.h"
 #include "core/document.h"
 #include "core/frame.h"
-#include "platform/code_points.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "support/html_help.h"
@@ -22,13 +21,6 @@ const std::string nextSearch = "Find &Next";
 
 std::vector<Setting> storedHistory() {
     return GetAllSettings(application, history).value_or(std::vector<Setting>());
-}
-
-/// The position behind the first `count` characters of a text.
-int positionBehind(std::string_view text, std::size_t count) {
-    std::size_t position = 0;
-    for (; count > 0 && position < text.size(); --count) position += codePointAt(text, position).length;
-    return static_cast<int>(position);
 }
 
 }  // namespace
@@ -104,8 +96,8 @@ void Find::search(EditControl& edit, const std::string& text) {
     foundAt_ = edit.Find(text, searchStart_, searchEnd_, searchOptions(chkWord, chkCase));
     if (foundAt_ >= 0) edit.uncoverSelection();
     // A search that failed goes on one character in front of where a match at the very top would end.
-    searchStart_ =
-        foundAt_ < 0 ? positionBehind(edit.textView(), characterCount(text) - 1) : foundAt_ + edit.selLength();
+    searchStart_ = foundAt_ < 0 ? static_cast<int>(positionBehind(edit.textView(), characterCount(text) - 1))
+                                : foundAt_ + edit.selLength();
 }
 
 void addFindToReg(const std::string& text) {

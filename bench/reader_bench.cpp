@@ -1,5 +1,6 @@
 // The commands that change a document at many places, and the undo of each, with a screen reader active: "Time" is
-// with one, `alone_ms` the same run without, `ratio` the first by the second. The reader takes in each notice's text.
+// with one, `alone_ms` the same run without, `ratio` the first by the second. On a desktop that speaks (xcb with
+// QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1) each notice's text is taken in; offscreen it is made and dropped.
 
 #include <benchmark/benchmark.h>
 
@@ -94,7 +95,7 @@ void run(benchmark::State& state, const Case& work, double Times::*part) {
         state.SetIterationTime(seconds);
         read += seconds;
         if (activeText().text() != text) state.SkipWithError("the undo left something");
-        if (heardCharacters == 0) state.SkipWithError("nothing was heard");
+        if (QAccessible::isActive() && heardCharacters == 0) state.SkipWithError("nothing was heard");
     }
     QAccessible::setActive(false);
     QAccessible::installUpdateHandler(nullptr);
@@ -105,7 +106,8 @@ void run(benchmark::State& state, const Case& work, double Times::*part) {
 const Case cases[] = {
     {"ChangeCase", [] { return repeated("<A HREF=\"page.html\">x</A>\r\n", 60'000); }, changeCase},
     {"ReplaceAll", [] { return lines(linesOf12Megabytes); }, replaceAll},
-    {"StripTags", [] { return repeated("<B>some word", 1'000'000); }, mnuTools_StripTags_Click},
+    {"StripTags", [] { return repeated("<B>some word<B>some word<B>some word<B>some word\r\n", 250'000); },
+     mnuTools_StripTags_Click},
     {"ConvertCharacters", [] { return repeated("some text \u00E9 and more of it between two\r\n", 100'000); },
      convertAll},
 };

@@ -192,4 +192,20 @@ std::size_t characterCount(std::string_view text) {
     return text.size() - continuations;
 }
 
+std::size_t positionBehind(std::string_view text, std::size_t count) {
+    constexpr std::size_t piece = 4096;
+    std::size_t position = 0;
+    while (position < text.size()) {
+        const std::size_t characters = characterCount(text.substr(position, piece));
+        if (characters > count) break;
+        count -= characters;
+        position += std::min(piece, text.size() - position);
+    }
+    // A piece may end within a character, whose rest counts for nothing.
+    for (; position < text.size(); ++position) {
+        if (!isContinuationByte(text[position]) && count-- == 0) break;
+    }
+    return position;
+}
+
 }  // namespace kelvor

@@ -39,6 +39,8 @@ TextChange changeBetween(std::string_view before, std::string_view after);
 
 /// A text as a message quotes it: its first 200 bytes or so, and "..." when there are more.
 std::string shortened(std::string_view text);
+/// The position behind the first `count` characters of a UTF-8 text; its end when it has no more.
+std::size_t positionBehind(std::string_view text, std::size_t count);
 
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);

@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/qt/text_accessible.h"
 #include "platform/text.h"
 
 namespace kelvor::qt {
@@ -22,6 +23,7 @@ unsigned long toParameter(int number) {
 }  // namespace
 
 ScintillaEdit::ScintillaEdit(Form& form, std::string name) : EditControl(form, std::move(name)) {
+    TextAccessible::install();
     widget_ = new ScintillaWidget(*this, *this);  // not before the members that its first events read
     widget_->setObjectName(QString::fromStdString(this->name()));
 }
@@ -225,7 +227,7 @@ bool ScintillaEdit::redoStep() {
 
 bool ScintillaEdit::goStep(unsigned int question, unsigned int step) {
     if (send(question) == 0) return false;
-    const ScintillaWidget::Unheard unheard(*widget_);
+    const TextSpeech::Pause pause(widget_->speech());
     send(step);
     textChanged_ = false;
     knownSelection_ = shownSelection();
@@ -240,7 +242,7 @@ void ScintillaEdit::beginBatch() {
     batchSelection_ = shownSelection();
     batchScrolls_ = false;
     if (!widget_) return;
-    batchUnheard_.emplace(*widget_);
+    batchPause_.emplace(widget_->speech());
     send(Sci::SCI_BEGINUNDOACTION);
     widget_->setUpdatesEnabled(false);
 }
@@ -250,7 +252,7 @@ void ScintillaEdit::endBatch() {
     select(batchSelection_.start, batchSelection_.length);
     if (batchScrolls_) scrollToSelection();
     if (widget_) widget_->setUpdatesEnabled(true);
-    batchUnheard_.reset();
+    batchPause_.reset();
 }
 
 }  // namespace kelvor::qt

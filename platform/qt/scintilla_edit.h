@@ -79,7 +79,7 @@ private:
     /// The selection inside a batch; the one on the screen follows at its end.
     Range batchSelection_;
     bool batchScrolls_ = false;
-    std::optional<ScintillaWidget::Unheard> batchUnheard_;
+    std::optional<TextSpeech::Pause> batchPause_;
 };
 
 }  // namespace kelvor::qt

@@ -1,6 +1,5 @@
 #include "platform/qt/scintilla_widget.h"
 
-#include <QAccessibleWidget>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QMimeData>
@@ -36,15 +35,6 @@ bool isRedo(const KeyPress& press) {
     return (press.keyCode == 'Y' && press.shift == control) || (press.keyCode == 'Z' && press.shift == controlShift);
 }
 
-/// Scintilla's accessible interface counts the characters in front of the caret at each move and each change.
-/// While no screen reader listens, this one stands in for it.
-QAccessibleInterface* standIn(const QString&, QObject* object) {
-    // Any object of the program may come here. Those of the web engine have no type information for dynamic_cast.
-    auto* const widget = dynamic_cast<ScintillaWidget*>(qobject_cast<QsciScintillaBase*>(object));
-    if (!widget || widget->isReadAloud()) return nullptr;
-    return new QAccessibleWidget(widget, QAccessible::EditableText);
-}
-
 }  // namespace
 
 ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner)
@@ -55,18 +45,22 @@ ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner)
     showFont();
     connect(this, &QsciScintillaBase::SCN_MODIFIED, [this](int start, int kind, const char*, int length) {
         const bool insertion = (kind & SC_MOD_BEFOREINSERT) != 0;
-        if (control_ && (insertion || (kind & SC_MOD_BEFOREDELETE) != 0)) owner_.noteChange(insertion, start, length);
+        if (!insertion && (kind & SC_MOD_BEFOREDELETE) == 0) return;
+        speech_.changing(insertion, start, length);
+        if (control_) owner_.noteChange(insertion, start, length);
     });
+    send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     // What comes from a timer, such as the selection that a held mouse drags on, passes no event of the widget.
     connect(
-        this, &QsciScintillaBase::SCN_UPDATEUI, this, [this] { handled([] { return true; }); }, Qt::QueuedConnection);
-    QAccessible::installFactory(standIn);
-    QAccessible::installActivationObserver(this);
-    accessibilityActiveChanged(QAccessible::isActive());
+        this, &QsciScintillaBase::SCN_UPDATEUI, this,
+        [this] {
+            handled([] { return true; });
+            speech_.tell();
+        },
+        Qt::QueuedConnection);
 }
 
 ScintillaWidget::~ScintillaWidget() {
-    QAccessible::removeActivationObserver(this);
     if (control_) owner_.widgetEnded();
 }
 
@@ -77,54 +71,6 @@ void ScintillaWidget::release() {
     } else {
         delete this;
     }
-}
-
-/// Drops the accessible interface, so that the next to ask gets the right one.
-void ScintillaWidget::accessibilityActiveChanged(bool active) {
-    readAloud_ = active;
-    if (auto* const interface = QAccessible::queryAccessibleInterface(this)) {
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(interface));
-    }
-    chooseNotices();
-}
-
-/// For the control the notices from before a change, for a screen reader also those from after it, which cost more.
-void ScintillaWidget::chooseNotices() {
-    const int own = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE;
-    const int reader = readAloud_ && !unheard_ ? SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT : 0;
-    send(SCI_SETMODEVENTMASK, static_cast<unsigned long>(own | reader));
-    if (!readAloud_ || !unheard_) {
-        heardText_.reset();
-    } else if (!heardText_) {
-        heardText_ = wholeText();
-    }
-}
-
-std::string_view ScintillaWidget::wholeText() const {
-    const long length = send(SCI_GETLENGTH);
-    if (length == 0) return {};
-    return {reinterpret_cast<const char*>(send(SCI_GETRANGEPOINTER, 0, length)), static_cast<std::size_t>(length)};
-}
-
-ScintillaWidget::Unheard::Unheard(ScintillaWidget& widget) : widget_(&widget) {
-    widget.unheard_ = true;
-    widget.chooseNotices();
-}
-
-ScintillaWidget::Unheard::~Unheard() {
-    if (!widget_) return;
-    const auto heard = std::exchange(widget_->heardText_, std::nullopt);
-    widget_->unheard_ = false;
-    widget_->chooseNotices();
-    if (!heard) return;
-    const std::string_view text = widget_->wholeText();
-    const TextChange change = changeBetween(*heard, text);
-    if (change.removed.empty() && change.inserted.empty()) return;
-    guarded([&] {
-        QAccessibleTextUpdateEvent event(widget_, static_cast<int>(characterCount(text.substr(0, change.position))),
-                                         toQt(change.removed), toQt(change.inserted));
-        QAccessible::updateAccessibility(&event);
-    });
 }
 
 /// The selection's first line, as far as it is shown.

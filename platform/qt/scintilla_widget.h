@@ -2,19 +2,16 @@
 
 #include <Qsci/qsciscintillabase.h>
 
-#include <QAccessible>
-#include <QPointer>
-#include <optional>
-#include <string>
 #include <string_view>
 
 #include "platform/edit_control.h"
+#include "platform/qt/text_speech.h"
 
 namespace kelvor::qt {
 
 /// The widget under an edit control: its looks, its keys, and the user's acts given on as the control's events.
 /// Outlives the control when it must, and then takes part in nothing any more.
-class ScintillaWidget : public QsciScintillaBase, private QAccessible::ActivationObserver {
+class ScintillaWidget : public QsciScintillaBase {
 public:
     /// What the control does for the widget.
     class Owner {
@@ -35,21 +32,11 @@ public:
     /// Leaves the control, which ends; the widget ends with the event in progress, or now when there is none.
     void release();
 
-    /// Whether a screen reader listens.
-    bool isReadAloud() const { return readAloud_; }
+    /// nullptr once it has ended.
+    EditControl* control() const { return control_; }
 
-    /// While it lives a screen reader hears nothing of the text. At its end it hears as one change what has become
-    /// of it: for a run of many changes, each of which alone would cost a pass over the text. They do not nest.
-    class Unheard {
-    public:
-        explicit Unheard(ScintillaWidget& widget);
-        ~Unheard();
-        Unheard(const Unheard&) = delete;
-        Unheard& operator=(const Unheard&) = delete;
-
-    private:
-        QPointer<ScintillaWidget> widget_;
-    };
+    /// What a screen reader hears.
+    TextSpeech& speech() { return speech_; }
 
     /// Moves the windows over the selection aside, now and once the events in progress are over.
     void uncoverSelection();
@@ -84,9 +71,6 @@ protected:
 private:
     template <typename Handle>
     bool handled(Handle handle);
-    void accessibilityActiveChanged(bool active) override;
-    void chooseNotices();
-    std::string_view wholeText() const;
     QRect selectionOnScreen() const;
     void openPopupAtCaret();
     void setUpText();
@@ -96,15 +80,12 @@ private:
     void takeLineEnd() const;
     void type(QKeyEvent* event);
 
-    EditControl* control_;  ///< nullptr once it has ended
-    Owner& owner_;          ///< ends with the control
+    EditControl* control_;
+    Owner& owner_;  ///< ends with the control
     /// In a form of fields the text is one of them: Tab leaves it, and its lines end at its width.
     const bool isField_;
     int handling_ = 0;
-    bool readAloud_ = false;
-    bool unheard_ = false;
-    /// The text that a screen reader knows while it hears nothing.
-    std::optional<std::string> heardText_;
+    TextSpeech speech_{*this};
     int textColor_ = -1;
     int backColor_ = -1;
 };

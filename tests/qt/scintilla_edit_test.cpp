@@ -233,37 +233,48 @@ TEST_F(ScintillaEditTest, ColoursFollowThePaletteUnlessChosen) {
     EXPECT_EQ(colors(), std::pair(0xFF0000L, 0xD0E0F0L));
 }
 
-TEST_F(ScintillaEditTest, OnlyAScreenReaderIsPaidFor) {
-    const auto textInterface = [&] { return QAccessible::queryAccessibleInterface(edit->widget())->textInterface(); };
-    QApplication::processEvents();
-    EXPECT_EQ(textInterface(), nullptr) << "Scintilla's costs a pass over the text at each key";
-    QAccessible::setActive(true);
-    QTest::keyClicks(edit->widget(), "abc");
-    ASSERT_NE(textInterface(), nullptr);
-    EXPECT_EQ(textInterface()->characterCount(), 3);
-    EXPECT_EQ(changes, 3);
-    QAccessible::setActive(false);
-}
-
-TEST_F(ScintillaEditTest, AScreenReaderIsToldNothingWithinARunOfChanges) {
-    std::string told;
-    QObject::connect(&scintilla(), &Sci::SCN_MODIFIED, [&](int, int kind, const char* text, int length) {
-        if ((kind & (Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT)) != 0)
-            told += std::string(text, static_cast<std::size_t>(length)) + " ";
-    });
-    const auto write = [&](const char* text) {
-        const EditControl::Batch batch(*edit);
-        edit->setSelText(text);
-        QAccessible::setActive(!std::string_view(text).starts_with("leaves"));
-        edit->setSelText("and more");
+TEST_F(ScintillaEditTest, AScreenReaderReadsCharactersWordsAndLines) {
+    const std::string long_ = std::string(5000, 'x') + "ä";
+    edit->setText("one ä€ two\r\n" + long_ + "\n");
+    auto* const accessible = QAccessible::queryAccessibleInterface(edit->widget());
+    QAccessibleTextInterface& read = *accessible->textInterface();
+    EXPECT_EQ(read.characterCount(), 12 + 5001 + 1);
+    EXPECT_EQ(read.text(4, 7), "ä€ ");
+    EXPECT_EQ(read.text(5010, -1), "xxä\n");
+    const struct {
+        QString (QAccessibleTextInterface::*get)(int, QAccessible::TextBoundaryType, int*, int*) const;
+        int offset;
+        QAccessible::TextBoundaryType boundary;
+        const char* text;
+        int start;
+    } rows[] = {
+        {&QAccessibleTextInterface::textAtOffset, 5, QAccessible::CharBoundary, "€", 5},
+        {&QAccessibleTextInterface::textAtOffset, 8, QAccessible::WordBoundary, "two", 7},
+        {&QAccessibleTextInterface::textAtOffset, 8, QAccessible::LineBoundary, "one ä€ two\r\n", 0},
+        {&QAccessibleTextInterface::textBeforeOffset, 12, QAccessible::LineBoundary, "one ä€ two\r\n", 0},
+        {&QAccessibleTextInterface::textBeforeOffset, 0, QAccessible::CharBoundary, "", -1},
+        {&QAccessibleTextInterface::textAfterOffset, 4, QAccessible::CharBoundary, "€", 5},
+        {&QAccessibleTextInterface::textAfterOffset, 5013, QAccessible::LineBoundary, "", -1},
+        {&QAccessibleTextInterface::textAtOffset, 5014, QAccessible::LineBoundary, "", 5014},
     };
-    for (const char* text : {"comes", "stays", "leaves", "comes again"}) write(text);
-    for (int i = 0; i < 2; ++i) edit->undo();
-    edit->redo();
-    EXPECT_EQ(told, "");
-    QTest::keyClicks(edit->widget(), "b");
-    EXPECT_EQ(told, "b ");
-    QAccessible::setActive(false);
+    for (const auto& row : rows) {
+        int start = 0;
+        int end = 0;
+        EXPECT_EQ((read.*row.get)(row.offset, row.boundary, &start, &end), row.text) << row.offset;
+        EXPECT_EQ(start, row.start) << row.offset << row.text;
+        EXPECT_EQ(end - start, QString(row.text).size()) << row.offset;
+    }
+    read.setSelection(0, 4, 6);
+    EXPECT_EQ(edit->selText(), "ä€");
+    int start = 0;
+    int end = 0;
+    read.selection(0, &start, &end);
+    EXPECT_EQ(std::tuple(start, end, read.selectionCount(), read.cursorPosition()), std::tuple(4, 6, 1, 6));
+    EXPECT_EQ(read.offsetAtPoint(read.characterRect(5).center()), 5);
+    changes = 0;
+    accessible->editableTextInterface()->replaceText(4, 6, "ü");
+    EXPECT_EQ(edit->text().substr(0, 9), "one ü tw");
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(ScintillaEditTest, TheWindowMayEndBeforeTheControl) {

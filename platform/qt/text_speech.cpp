@@ -1,0 +1,97 @@
+#include "platform/qt/text_speech.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <QAccessible>
+#include <utility>
+
+#include "platform/event.h"
+#include "platform/qt/convert.h"
+#include "platform/text.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+/// Readers count characters.
+int offsetOf(const Sci& widget, long position) {
+    return static_cast<int>(characterCount(shownText(widget, 0, position)));
+}
+
+}  // namespace
+
+std::string_view shownText(const Sci& widget, long start, long end) {
+    if (start >= end) return {};
+    const long address = widget.SendScintilla(Sci::SCI_GETRANGEPOINTER, static_cast<unsigned long>(start), end - start);
+    return {reinterpret_cast<const char*>(address), static_cast<std::size_t>(end - start)};
+}
+
+std::string_view shownText(const Sci& widget) {
+    return shownText(widget, 0, widget.SendScintilla(Sci::SCI_GETLENGTH));
+}
+
+void TextSpeech::changing(bool insertion, int start, int length) {
+    if (paused_ || !QAccessible::isActive()) return;
+    tellInserted();
+    if (insertion) {
+        inserted_ = {start, start + length};
+        return;
+    }
+    QAccessibleTextRemoveEvent event(&widget_, offsetOf(widget_, start),
+                                     toQt(shownText(widget_, start, start + length)));
+    QAccessible::updateAccessibility(&event);
+}
+
+void TextSpeech::tell() {
+    if (paused_ || !QAccessible::isActive()) return;
+    tellInserted();
+    tellCaret();
+}
+
+void TextSpeech::tellInserted() {
+    const Range inserted = std::exchange(inserted_, {});
+    if (inserted == Range{}) return;
+    QAccessibleTextInsertEvent event(&widget_, offsetOf(widget_, inserted.start),
+                                     toQt(shownText(widget_, inserted.start, inserted.end)));
+    QAccessible::updateAccessibility(&event);
+}
+
+void TextSpeech::tellCaret() {
+    const Range caret{widget_.SendScintilla(Sci::SCI_GETANCHOR), widget_.SendScintilla(Sci::SCI_GETCURRENTPOS)};
+    const Range told = std::exchange(caret_, caret);
+    if (told == caret) return;
+    const int offset = offsetOf(widget_, caret.end);
+    if (caret.start != caret.end || told.start != told.end) {
+        const auto [first, last] = std::minmax(offset, offsetOf(widget_, caret.start));
+        QAccessibleTextSelectionEvent event(&widget_, first, last);
+        event.setCursorPosition(offset);
+        QAccessible::updateAccessibility(&event);
+    }
+    QAccessibleTextCursorEvent event(&widget_, offset);
+    QAccessible::updateAccessibility(&event);
+}
+
+TextSpeech::Pause::Pause(TextSpeech& speech) : speech_(speech), widget_(&speech.widget_) {
+    speech_.tell();
+    if (QAccessible::isActive()) speech_.heard_ = shownText(*widget_);
+    speech_.paused_ = true;
+}
+
+TextSpeech::Pause::~Pause() {
+    if (!widget_) return;
+    speech_.paused_ = false;
+    const auto heard = std::exchange(speech_.heard_, std::nullopt);
+    if (!heard) return;
+    const std::string_view text = shownText(*widget_);
+    const TextChange change = changeBetween(*heard, text);
+    if (change.removed.empty() && change.inserted.empty()) return;
+    guarded([&] {
+        QAccessibleTextUpdateEvent event(widget_, offsetOf(*widget_, static_cast<long>(change.position)),
+                                         toQt(change.removed), toQt(change.inserted));
+        QAccessible::updateAccessibility(&event);
+    });
+}
+
+}  // namespace kelvor::qt
