@@ -26,11 +26,6 @@ Answer askSaveAsUtf8(const std::string& name) {
                         .buttons = MessageButtons::yesNo});
 }
 
-Outcome loggedFailure(const Error& error) {
-    logError(error);
-    return Outcome::failed(error.cause());
-}
-
 }  // namespace
 
 CDocument::CDocument() : window_(std::make_unique<EditWindow>()) {

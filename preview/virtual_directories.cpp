@@ -16,22 +16,26 @@ namespace kelvor {
 
 namespace {
 
-/// The parts of `line` between the "|". A part beyond the second is of no use and stays unread.
-std::pair<std::string, std::string> splitMapping(std::string_view line) {
+/// Adds the mapping of a line. A part beyond the second "|" is of no use and stays unread.
+void addLine(std::string_view line, const std::string& number, VirtualDirectories& directories) {
     const auto bar = line.find('|');
-    if (bar == std::string_view::npos) throw Error(error_number::subscriptOutOfRange, "Subscript out of range");
+    if (bar == std::string_view::npos)
+        throw Error(error_number::subscriptOutOfRange, "Subscript out of range", "Line " + number + " has no \"|\".");
+    const std::string path(line.substr(0, bar));
+    if (directories.contains(path))
+        throw Error(error_number::duplicateKey, "This key is already associated with an element",
+                    "Line " + number + " maps a path that is mapped already.");
     const std::string_view rest = line.substr(bar + 1);
-    return {std::string(line.substr(0, bar)), std::string(rest.substr(0, rest.find('|')))};
+    directories.Add(path, std::string(rest.substr(0, rest.find('|'))), path);
 }
 
 void addLines(std::string_view text, VirtualDirectories& directories) {
-    while (!text.empty()) {
+    for (int number = 1; !text.empty(); ++number) {
         const auto end = text.find('\n');
         std::string_view line = text.substr(0, end);
         text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
         if (line.ends_with('\r')) line.remove_suffix(1);
-        const auto [path, url] = splitMapping(line);
-        directories.Add(path, url, path);
+        addLine(line, std::to_string(number), directories);
     }
 }
 
@@ -83,16 +87,15 @@ void CVirtualDirManager::setVirtualDirectories(kelvor::VirtualDirectories direct
     directories_ = std::move(directories);
 }
 
-bool CVirtualDirManager::ReadVDirs() {
-    if (filePath_.empty()) return true;
+Outcome CVirtualDirManager::ReadVDirs() {
+    if (filePath_.empty()) return Outcome::done();
     try {
         if (!listingFinds(filePath_)) saveFileInPlace(filePath_, "");
         addLines(decode(readFile(filePath_)).text, directories_);
     } catch (const Error& error) {
-        logError(error);
-        return false;
+        return loggedFailure(error);
     }
-    return true;
+    return Outcome::done();
 }
 
 std::string CVirtualDirManager::GetVDirForPath(const std::string& path) const {
@@ -111,8 +114,8 @@ std::shared_ptr<CVDir> CVirtualDirManager::mappingFor(const std::string& path) c
     return nullptr;
 }
 
-bool CVirtualDirManager::WriteVDirs() const {
-    if (filePath_.empty()) return true;
+Outcome CVirtualDirManager::WriteVDirs() const {
+    if (filePath_.empty()) return Outcome::done();
     std::string text;
     for (const auto& mapping : directories_.items())
         text.append(mapping->FileSystemPath()).append("|").append(mapping->URL()).append("\n");
@@ -120,15 +123,14 @@ bool CVirtualDirManager::WriteVDirs() const {
         const bool exists = listingFinds(filePath_);
         if (text.empty()) {
             if (exists) removeFile(filePath_);
-            return true;
+            return Outcome::done();
         }
         const Encoding encoding = exists ? decode(readFile(filePath_)).encoding : Encoding::utf8;
         saveFileInPlace(filePath_, encode(text, encoding).value_or(text));
     } catch (const Error& error) {
-        logError(error);
-        return false;
+        return loggedFailure(error);
     }
-    return true;
+    return Outcome::done();
 }
 
 bool CVirtualDirManager::ReSyncVDirs() {
@@ -137,14 +139,16 @@ bool CVirtualDirManager::ReSyncVDirs() {
     return true;
 }
 
-void CVirtualDirManager::ReadVDirsFailed() const {
+void CVirtualDirManager::ReadVDirsFailed(const std::string& cause) const {
     beepAndShow({.text = "Unable to read VDirs.txt.  Please consult the online help.",
+                 .cause = cause,
                  .title = "File read failed",
                  .icon = MessageIcon::critical});
 }
 
-void CVirtualDirManager::WriteVDirsFailed() const {
+void CVirtualDirManager::WriteVDirsFailed(const std::string& cause) const {
     beepAndShow({.text = "Unable to write to VDirs.txt.  Please consult the online help.",
+                 .cause = cause,
                  .title = "File write failed",
                  .icon = MessageIcon::critical});
 }
@@ -157,7 +161,7 @@ std::unique_ptr<CVirtualDirManager>& vdirManager() {
 void initVDirs() {
     vdirManager() = std::make_unique<CVirtualDirManager>();
     vdirManager()->setVDirFilePath(joinPath(programDirectory(), "VDirs.txt"));
-    if (!vdirManager()->ReadVDirs()) vdirManager()->ReadVDirsFailed();
+    if (const Outcome read = vdirManager()->ReadVDirs(); !read) vdirManager()->ReadVDirsFailed(read.cause());
 }
 
 void setEnforceVDirs(bool enforce) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/keyed_collection.h"
+#include "platform/outcome.h"
 
 namespace kelvor {
 
@@ -30,6 +31,7 @@ public:
     std::shared_ptr<CVDir> Add(const std::string& fileSystemPath, const std::string& url, const std::string& key);
     std::shared_ptr<CVDir> Item(std::size_t index) const { return mappings_.Item(index); }
     std::shared_ptr<CVDir> Item(const std::string& key) const { return mappings_.Item(key); }
+    bool contains(const std::string& key) const { return mappings_.contains(key); }
     std::size_t Count() const { return mappings_.Count(); }
     void Remove(std::size_t index) { mappings_.Remove(index); }
     void Remove(const std::string& key) { mappings_.Remove(key); }
@@ -56,16 +58,16 @@ public:
     void setVirtualDirectories(kelvor::VirtualDirectories directories);
 
     /// Adds the file's mappings to the table. A missing file is made, empty.
-    /// @return false at the first blank line, line without "|", path that is there already, or failing read;
+    /// @return failed at the first blank line, line without "|", path that is there already, or failing read;
     ///         the mappings before it stay
-    bool ReadVDirs();
+    Outcome ReadVDirs();
     /// `path` with every occurrence of the first mapped directory that it holds replaced, case ignored.
     std::string GetVDirForPath(const std::string& path) const;
     /// What GetVDirForPath gives, as a server is asked for it: the characters that came from the path are encoded, the
     /// mapping's address stands as the user wrote it. "" when no mapping changes the path.
     std::string encodedURLForPath(const std::string& path) const;
     /// Writes the table over its file, one line `FileSystemPath|URL` (LF) each; an empty table deletes the file.
-    bool WriteVDirs() const;
+    Outcome WriteVDirs() const;
 
     void setVDirFilePath(const std::string& path) { filePath_ = path; }
     const std::string& VDirFilePath() const { return filePath_; }
@@ -75,8 +77,9 @@ public:
     /// Where ReSyncVDirs finds the open files.
     void setMappedFiles(std::function<std::vector<MappedFile*>()> files) { files_ = std::move(files); }
 
-    void ReadVDirsFailed() const;
-    void WriteVDirsFailed() const;
+    /// @param cause  as Message::cause
+    void ReadVDirsFailed(const std::string& cause) const;
+    void WriteVDirsFailed(const std::string& cause) const;
 
 private:
     /// The first mapping that changes the path; nullptr when none does.

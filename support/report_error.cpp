@@ -70,6 +70,11 @@ void logError(const Error& error) {
     appendToLog(std::to_string(error.number()), error.description());
 }
 
+Outcome loggedFailure(const Error& error) {
+    logError(error);
+    return Outcome::failed(error.cause());
+}
+
 void installErrorReporting() {
     setErrorSink([](const Error& error) { reportError(error); });
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/error.h"
+#include "platform/outcome.h"
 
 namespace kelvor {
 
@@ -17,6 +18,8 @@ void reportError(const Error& error, const std::string& title = "Application Err
 
 /// Writes an error into the log alone: the cause of a failure of which the user is told in other words.
 void logError(const Error& error);
+/// The same, and the failure with that cause.
+Outcome loggedFailure(const Error& error);
 
 /// The log's path in the program directory.
 std::string errorLogPath();

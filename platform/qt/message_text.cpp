@@ -14,7 +14,7 @@ namespace {
 /// In characters; about twelve lines of a box.
 constexpr int longestLine = 1000;
 /// In characters; behind so many a word may break anywhere.
-constexpr int unbrokenLength = 20;
+constexpr int unbrokenLength = 40;
 /// Of the text's size.
 constexpr double causeSize = 0.9;
 

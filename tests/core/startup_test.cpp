@@ -16,6 +16,7 @@ TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
     SaveSetting(application, "UserStrings", "Rule", "<HR>");
     files.write("program/VDirs.txt", "/srv|http://localhost\n\n/other|http://never\n");
     platform.expectMessage({.text = "Unable to read VDirs.txt.  Please consult the online help.",
+                            .cause = "Line 2 has no \"|\".",
                             .title = "File read failed",
                             .icon = MessageIcon::critical});
     platform.expectMessage({.text = "This is your first time using Kelvor.  Take a minute to setup your preferences "

@@ -50,17 +50,19 @@ TEST_F(VirtualDirs, MapsByPlainReplacementAndTheFirstChangeWins) {
 }
 
 TEST_F(VirtualDirs, ReadsItsFileUpToTheFirstFault) {
-    for (const auto& [bytes, good, rows] : {
-             std::tuple{"/a|http://a\r\n/b|http://b", true, "/a=http://a /b=http://b "},
-             {"/a|http://a|dropped|too\n", true, "/a=http://a "},
-             {"/a|\n|http://b\n", true, "/a= =http://b "},
-             {"/a|http://a\n\n/b|http://b\n", false, "/a=http://a "},
-             {"/a|http://a\nno bar\n/b|http://b\n", false, "/a=http://a "},
-             {"/a|http://a\n/A|http://again\n", false, "/a=http://a "},
+    for (const auto& [bytes, cause, rows] : {
+             std::tuple{"/a|http://a\r\n/b|http://b", "", "/a=http://a /b=http://b "},
+             {"/a|http://a|dropped|too\n", "", "/a=http://a "},
+             {"/a|\n|http://b\n", "", "/a= =http://b "},
+             {"/a|http://a\n\n/b|http://b\n", "Line 2 has no \"|\".", "/a=http://a "},
+             {"/a|http://a\nno bar\n/b|http://b\n", "Line 2 has no \"|\".", "/a=http://a "},
+             {"/a|http://a\n/A|http://again\n", "Line 2 maps a path that is mapped already.", "/a=http://a "},
          }) {
         files.write("VDirs.txt", bytes);
         manager.setVirtualDirectories({});
-        EXPECT_EQ(manager.ReadVDirs(), good) << bytes;
+        const Outcome read = manager.ReadVDirs();
+        EXPECT_EQ(bool(read), read.cause().empty());
+        EXPECT_EQ(read.cause(), cause) << bytes;
         EXPECT_EQ(table(), rows) << bytes;
     }
 }
@@ -74,7 +76,7 @@ TEST_F(VirtualDirs, MakesAMissingFileWritesItInOrderAndDeletesAnEmptyOne) {
     EXPECT_EQ(files.read("VDirs.txt"), "/b|http://b\n/a|http://a\n");
     manager.VirtualDirectories().Remove("/B");
     chmod(path.c_str(), 0444);
-    EXPECT_FALSE(manager.WriteVDirs());
+    EXPECT_EQ(manager.WriteVDirs().cause(), "The file is read-only.");
     EXPECT_EQ(files.read("VDirs.txt"), "/b|http://b\n/a|http://a\n") << "it must not be written";
     manager.VirtualDirectories().Remove("/a");
     EXPECT_TRUE(manager.WriteVDirs());
