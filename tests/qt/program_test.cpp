@@ -87,21 +87,18 @@ protected:
 
 private:
     void answerDialog() {
+        constexpr const char* answered = "answered";
         QWidget* dialog = QApplication::activeModalWidget();
-        if (!dialog || dialogs_.empty() || dialog == answered_) return;
-        answered_ = dialog;
+        if (!dialog || dialogs_.empty() || dialog->property(answered).toBool()) return;
+        dialog->setProperty(answered, true);
         const auto steps = std::move(dialogs_.front());
         dialogs_.pop_front();
         // Not in the timer's own event, which would not come again for a dialog above this one.
-        QTimer::singleShot(0, dialog, [this, steps, dialog] {
-            steps(*dialog);
-            if (answered_ == dialog) answered_ = nullptr;
-        });
+        QTimer::singleShot(0, dialog, [steps, dialog] { steps(*dialog); });
     }
 
     QTimer dialogPoll_;
     std::deque<std::function<void(QWidget&)>> dialogs_;
-    QWidget* answered_ = nullptr;
 };
 
 std::string allBytes() {
