@@ -23,8 +23,8 @@ unsigned long toParameter(int number) {
 }  // namespace
 
 ScintillaEdit::ScintillaEdit(Form& form, std::string name) : EditControl(form, std::move(name)) {
-    TextAccessible::install();
     widget_ = new ScintillaWidget(*this, *this);  // not before the members that its first events read
+    TextAccessible::install();                    // behind Scintilla's own, which its first widget installs
     widget_->setObjectName(QString::fromStdString(this->name()));
 }
 
@@ -192,6 +192,8 @@ void ScintillaEdit::scrollToSelection() {
 /// Into a document of its own: when memory runs out the old one is still there.
 void ScintillaEdit::loadText(std::string_view text) {
     if (!widget_) return;
+    std::optional<TextSpeech::Pause> pause;
+    if (!inBatch()) pause.emplace(widget_->speech());
     const long old = widget_->send(Sci::SCI_GETDOCPOINTER);
     widget_->send(Sci::SCI_ADDREFDOCUMENT, 0, old);
     const int oldCharacters = characterCount();

@@ -281,11 +281,11 @@ void ScintillaWidget::changeEvent(QEvent* event) {
 
 QByteArray ScintillaWidget::fromMimeData(const QMimeData* source, bool& rectangular) const {
     rectangular = false;
-    const QByteArray text = source->text().toUtf8();
+    QByteArray text = source->text().toUtf8();
     if (!control_) return text;
     takeLineEnd();  // what is dropped is converted once more, to this one
     return QByteArray::fromStdString(
-        withLineEnd({text.data(), static_cast<std::size_t>(text.size())}, control_->lineEnd()));
+        withLineEnd({text.constData(), static_cast<std::size_t>(text.size())}, control_->lineEnd()));
 }
 
 }  // namespace kelvor::qt

@@ -2,7 +2,7 @@
 
 #include <Qsci/qsciscintillabase.h>
 
-#include <QAccessible>
+#include <algorithm>
 #include <utility>
 
 #include "platform/event.h"
@@ -32,8 +32,21 @@ std::string_view shownText(const Sci& widget) {
     return shownText(widget, 0, widget.SendScintilla(Sci::SCI_GETLENGTH));
 }
 
+TextSpeech::TextSpeech(Sci& widget) : widget_(widget) {
+    QAccessible::installActivationObserver(this);
+}
+
+TextSpeech::~TextSpeech() {
+    QAccessible::removeActivationObserver(this);
+}
+
+void TextSpeech::accessibilityActiveChanged(bool active) {
+    active_ = active;
+    inserted_ = {};
+}
+
 void TextSpeech::changing(bool insertion, int start, int length) {
-    if (paused_ || !QAccessible::isActive()) return;
+    if (paused_ || !active_) return;
     tellInserted();
     if (insertion) {
         inserted_ = {start, start + length};
@@ -45,14 +58,16 @@ void TextSpeech::changing(bool insertion, int start, int length) {
 }
 
 void TextSpeech::tell() {
-    if (paused_ || !QAccessible::isActive()) return;
+    if (paused_ || !active_) return;
     tellInserted();
     tellCaret();
 }
 
 void TextSpeech::tellInserted() {
-    const Range inserted = std::exchange(inserted_, {});
-    if (inserted == Range{}) return;
+    Range inserted = std::exchange(inserted_, {});
+    // Without memory it has not come in.
+    inserted.end = std::min(inserted.end, widget_.SendScintilla(Sci::SCI_GETLENGTH));
+    if (inserted.start >= inserted.end) return;
     QAccessibleTextInsertEvent event(&widget_, offsetOf(widget_, inserted.start),
                                      toQt(shownText(widget_, inserted.start, inserted.end)));
     QAccessible::updateAccessibility(&event);
@@ -75,7 +90,7 @@ void TextSpeech::tellCaret() {
 
 TextSpeech::Pause::Pause(TextSpeech& speech) : speech_(speech), widget_(&speech.widget_) {
     speech_.tell();
-    if (QAccessible::isActive()) speech_.heard_ = shownText(*widget_);
+    if (speech_.active_) speech_.heard_ = shownText(*widget_);
     speech_.paused_ = true;
 }
 

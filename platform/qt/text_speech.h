@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAccessible>
 #include <QPointer>
 #include <optional>
 #include <string>
@@ -12,10 +13,11 @@ namespace kelvor::qt {
 /// Tells a screen reader what becomes of the text and the caret of an edit control; does nothing while none is active.
 /// Scintilla's own notices count the characters in front of each place one by one, which takes longer than most
 /// changes.
-class TextSpeech {
+class TextSpeech : private QAccessible::ActivationObserver {
 public:
     /// @param widget  outlives this
-    explicit TextSpeech(QsciScintillaBase& widget) : widget_(widget) {}
+    explicit TextSpeech(QsciScintillaBase& widget);
+    ~TextSpeech();
     TextSpeech(const TextSpeech&) = delete;
     TextSpeech& operator=(const TextSpeech&) = delete;
 
@@ -44,10 +46,12 @@ private:
         long end = 0;
         bool operator==(const Range&) const = default;
     };
+    void accessibilityActiveChanged(bool active) override;
     void tellInserted();
     void tellCaret();
 
     QsciScintillaBase& widget_;
+    bool active_ = QAccessible::isActive();
     bool paused_ = false;
     /// The text that the reader knows while it hears nothing.
     std::optional<std::string> heard_;

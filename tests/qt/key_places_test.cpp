@@ -44,10 +44,10 @@ TEST_F(KeyPlacesTest, ChordsGoByTheirPlaceWhereTheLettersAreOfAnotherScript) {
     constexpr quint32 placeOfP = 33;
     QApplication::clipboard()->setText("pasted");
     const struct {
-        char32_t key;
+        char32_t key = 0;
         Qt::KeyboardModifiers modifiers;
-        quint32 scanCode;
-        const char* does;
+        quint32 scanCode = 0;
+        const char* does = nullptr;
     } rows[] = {
         {U'Ы', Qt::ControlModifier, placeOfS, "save "},
         {U'Σ', Qt::ControlModifier, placeOfS, "save "},
