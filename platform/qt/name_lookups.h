@@ -4,7 +4,7 @@ namespace kelvor::qt {
 
 /// From now on this process looks up the names of hosts only while a permit lives. Pages from the disk have the names
 /// in their links looked up without asking for anything else, by a road that no request rule and no switch of the web
-/// engine reaches; and nothing but that engine looks up names here.
+/// engine reaches; and nothing but that engine looks up names here. Addresses in numbers are none, and stay usable.
 void closeNameLookups();
 
 /// Held by each page that may use the network.

@@ -1,3 +1,5 @@
+#include <netdb.h>
+
 #include <QtNetwork>
 
 #include "tests/qt/preview_fixture.h"
@@ -78,7 +80,15 @@ TEST_F(Preview, APageFromTheDiskSendsNothingUntilItsUserLetsIt) {
         EXPECT_EQ(button("Load remote content") == nullptr, std::string(road).find("refresh") != std::string::npos)
             << road;
     }
-    EXPECT_NE(QHostInfo::fromName("localhost").error(), QHostInfo::NoError) << "a link has its host looked up";
+    const auto looksUp = [](const char* host) {
+        addrinfo* found = nullptr;
+        if (getaddrinfo(host, "80", nullptr, &found) != 0) return false;
+        freeaddrinfo(found);
+        return true;
+    };
+    EXPECT_FALSE(looksUp("localhost")) << "a link has its host looked up";
+    for (const char* address : {"127.0.0.1", "::1"}) EXPECT_TRUE(looksUp(address)) << "an address is no name";
+    EXPECT_TRUE(looksUp(nullptr)) << "this machine has no name here";
 
     show("a.html", filled("<img src=BASE/picture><iframe src=BASE/frame></iframe>"
                           "<script>fetch('BASE/fetch', {mode: 'no-cors'})</script>"));
@@ -91,7 +101,7 @@ TEST_F(Preview, APageFromTheDiskSendsNothingUntilItsUserLetsIt) {
             return heard.size() == 3;
         },
         10'000));
-    EXPECT_EQ(QHostInfo::fromName("localhost").error(), QHostInfo::NoError);
+    EXPECT_TRUE(looksUp("localhost"));
     EXPECT_EQ(button("Load remote content"), nullptr);
     show("a.html", titled("'runs'"));
     EXPECT_EQ(titleOnce("runs"), "runs") << "the choice holds for the document";
