@@ -116,6 +116,9 @@ TEST_F(HostilePage, WritesNothingIntoTheProgramsStreams) {
 TEST_F(HostilePage, GetsAtNoOtherTextOnTheDisk) {
     files_.write("secret.txt", "secret");
     files_.write("mine.html", "mine");
+    const TestDirectory elsewhere;
+    for (const auto* directory : std::initializer_list<const TestDirectory*>{&files_, &elsewhere})
+        directory->write("picture.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'/>");
     EXPECT_EQ(run(R"html(<script>
             const frames = {frame: 'file:///etc/passwd', listing: 'file:///etc/', 'own listing': '.',
                             'text beside': 'secret.txt', 'own frame': 'mine.html'};
@@ -126,7 +129,9 @@ TEST_F(HostilePage, GetsAtNoOtherTextOnTheDisk) {
             <object data=/etc/passwd type=text/plain onload="got('object', this.contentDocument.body.innerText)">
             </object>
             <link rel=stylesheet href=/etc/passwd onload="got('style', true)">
-            <img src=/usr/share/pixmaps/debian-logo.png onload="got('picture', true)">
+            <img src=picture.svg onload="got('own picture', true)">
+            <img src=)html" +
+                      elsewhere.path("picture.svg") + R"html( onload="got('picture', true)">
             <video><track default src=/etc/passwd onload="got('track', true)"></video>
             <iframe sandbox=allow-scripts srcdoc="<script>fetch('file:///etc/passwd').then(r => r.text())
                 .then(t => parent.postMessage(t, '*'))</script>"></iframe>)html",
@@ -136,7 +141,7 @@ TEST_F(HostilePage, GetsAtNoOtherTextOnTheDisk) {
                 fetch(file).then(r => r.text()).then(t => got('fetch', t));
             const code = "fetch('file:///etc/passwd').then(r => r.text()).then(t => postMessage(t))";
             new Worker(URL.createObjectURL(new Blob([code]))).onmessage = e => got('worker', e.data);)js"),
-              "got:own frame");
+              "got:own frame,own picture");
 }
 
 TEST_F(HostilePage, StaysInItsPane) {
