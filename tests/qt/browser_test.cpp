@@ -140,6 +140,26 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     browser_.Close();
     showServed("/p");
     EXPECT_EQ(titleOnce("inside"), "inside");
+
+    LoopbackListener second;
+    second.refuse("/", "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"shop\"", "Basic YW5uOnNlY29uZA==");
+    second.serve("/", "text/html", "<title>second</title>");
+    browser_.Navigate("http://" + second.address() + "/", 0);
+    logIn("second");
+    EXPECT_EQ(titleOnce("second"), "second");
+    listener_.serve("/p", "http://" + second.address() + "/", "");
+    showServed("/p");
+    EXPECT_EQ(titleOnce("second"), "second") << "each server has its own login, the realm's name alone says nothing";
+}
+
+TEST_F(Preview, WhatFailsAfterALoginWasAskedIsTold) {
+    listener_.refuse("/p",
+                     "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"yard\"\r\nContent-Type: text/html\r\n"
+                     "Refresh: 1;url=/missing\r\nContent-Length: 2\r\n\r\nno");
+    showServed("/p");
+    EXPECT_TRUE(tells("asks for a name"));
+    EXPECT_FALSE(tellsNow("answered with the error")) << "it asks for a login, that is all";
+    EXPECT_TRUE(tells("answered with the error 404"));
 }
 
 TEST_F(Preview, ASilentADeadAndADownloadingServerAreTold) {

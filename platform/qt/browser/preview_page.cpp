@@ -163,6 +163,10 @@ bool PreviewPage::isOfServer(const QUrl& url) const {
 }
 
 void PreviewPage::hearLoading(const QWebEngineLoadingInfo& info) {
+    if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus) {
+        asksForLogin_ = false;
+        problem_.clear();
+    }
     if (info.status() != QWebEngineLoadingInfo::LoadFailedStatus) return;
     if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain && asksForLogin_) return;
     if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
@@ -197,8 +201,9 @@ void PreviewPage::trustSite() {
 void PreviewPage::hearLoginAsked(const QUrl& url, QAuthenticator& answer) {
     const QString realm = answer.realm();
     const auto login = isOfServer(url) ? loginFor(url, realm) : std::nullopt;
-    if (login && !triedRealms_.contains(realm)) {
-        triedRealms_.insert(realm);
+    const std::pair place(serverOf(url), realm);
+    if (login && !triedLogins_.contains(place)) {
+        triedLogins_.insert(place);
         answer.setUser(login->name);
         answer.setPassword(login->password);
         return;

@@ -5,6 +5,7 @@
 #include <QUrl>
 #include <QWebEnginePage>
 #include <memory>
+#include <utility>
 
 #include "platform/qt/browser/browser_module.h"
 
@@ -66,8 +67,8 @@ private:
     QWidget& view_;
     const QUrl document_;
     std::unique_ptr<RequestGuard> guard_;
-    bool silenced_ = false;      ///< the user wants no more of this page's messages
-    QSet<QString> triedRealms_;  ///< where the name and password that were kept have been sent
+    bool silenced_ = false;                          ///< the user wants no more of this page's messages
+    QSet<std::pair<QString, QString>> triedLogins_;  ///< server and realm that were sent what was kept for them
     QUrl obstacleAt_;
     QSslCertificate certificate_;  ///< of the last obstacle, as is the realm
     QString realm_;

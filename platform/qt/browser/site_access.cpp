@@ -12,11 +12,6 @@ namespace kelvor::qt {
 
 namespace {
 
-/// Scheme, host and port.
-QString serverOf(const QUrl& url) {
-    return url.url(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment);
-}
-
 QMap<std::pair<QString, QString>, Login>& logins() {
     static QMap<std::pair<QString, QString>, Login> kept;
     return kept;
@@ -36,6 +31,10 @@ QString nameOr(const QString& name, const char* otherwise) {
 }
 
 }  // namespace
+
+QString serverOf(const QUrl& url) {
+    return url.url(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment);
+}
 
 std::optional<Login> loginFor(const QUrl& url, const QString& realm) {
     const auto found = logins().constFind({serverOf(url), realm});

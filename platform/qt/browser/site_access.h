@@ -9,6 +9,9 @@ class QWebEngineCertificateError;
 
 namespace kelvor::qt {
 
+/// Scheme, host and port of an address.
+QString serverOf(const QUrl& url);
+
 struct Login {
     QString name;
     QString password;
