@@ -54,8 +54,15 @@ bool isInside(const fs::path& file, const fs::path& folder) {
 
 }  // namespace
 
+bool isLocalPage(const std::string& scheme) {
+    return !isWeb(scheme);
+}
+
 RequestRules::RequestRules(const PageAddress& document, const std::string& home, bool remoteContent)
-    : local_(!isWeb(document.scheme)), host_(document.host), document_(document.path), remoteContent_(remoteContent) {
+    : local_(isLocalPage(document.scheme)),
+      host_(document.host),
+      document_(document.path),
+      remoteContent_(remoteContent) {
     if (!local_) return;
     folder_ = resolved(fs::path(document_).parent_path().string());
     home_ = resolved(home);

@@ -12,6 +12,10 @@ struct PageAddress {
     std::string path;  ///< of a file: its name on the disk
 };
 
+/// Whether a page at an address of that scheme is held by the rules for pages from the disk: all are but those that a
+/// web server sends, also what is no address at all.
+bool isLocalPage(const std::string& scheme);
+
 /// What a page in preview asks for, as far as the rules tell it apart.
 enum class ResourceKind {
     page,      ///< another page in its place

@@ -10,6 +10,7 @@
 #include "platform/qt/convert.h"
 #include "platform/qt/pane_line.h"
 #include "platform/qt/pane_obstacle.h"
+#include "preview/request_rules.h"
 
 namespace kelvor::qt {
 
@@ -39,10 +40,6 @@ QUrl fileUrl(const std::string& path) {
 
 QUrl pageUrl(const std::string& address) {
     return isUrl(address) ? QUrl(toQt(address)) : fileUrl(address);
-}
-
-bool isFile(const QUrl& url) {
-    return url.scheme() == QLatin1String("file");
 }
 
 QString heldBackText(bool scripts, bool network) {
@@ -128,7 +125,7 @@ bool PreviewPane::makeBrowser() {
 void PreviewPane::load() {
     close();
     if (!makeBrowser()) return;
-    const bool usesNetwork = remoteContent_ || !isFile(url_);
+    const bool usesNetwork = remoteContent_ || !isLocalPage(fromQt(url_.scheme()));
     if (usesNetwork) nameLookups_.emplace();
     showPage();
     browser_->navigate(url_, remoteContent_);

@@ -89,6 +89,8 @@ TEST_F(Preview, APageFromTheDiskSendsNothingUntilItsUserLetsIt) {
     EXPECT_FALSE(looksUp("localhost")) << "a link has its host looked up";
     for (const char* address : {"127.0.0.1", "::1"}) EXPECT_TRUE(looksUp(address)) << "an address is no name";
     EXPECT_TRUE(looksUp(nullptr)) << "this machine has no name here";
+    browser_.Navigate("http://[/", 0);
+    EXPECT_FALSE(looksUp("localhost")) << "what is no address is no server's page";
 
     show("a.html", filled("<img src=BASE/picture><iframe src=BASE/frame></iframe>"
                           "<script>fetch('BASE/fetch', {mode: 'no-cors'})</script>"));

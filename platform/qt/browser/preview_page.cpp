@@ -22,6 +22,7 @@
 #include "platform/qt/browser/site_access.h"
 #include "platform/qt/convert.h"
 #include "preview/own_network.h"
+#include "preview/request_rules.h"
 
 namespace kelvor::qt {
 
@@ -65,7 +66,7 @@ QString causeOf(const QWebEngineLoadingInfo& info) {
 }
 
 bool isLocal(const QUrl& url) {
-    return url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https");
+    return isLocalPage(fromQt(url.scheme()));
 }
 
 QString loginQuestion(const QUrl& url, const QString& realm, bool again) {
