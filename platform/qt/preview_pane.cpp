@@ -74,6 +74,11 @@ PreviewPane::PreviewPane(QWidget& place) : QWidget(&place), layers_(new QStacked
     connect(&patience_, &QTimer::timeout, this, &PreviewPane::tellWaiting);
 }
 
+PreviewPane::~PreviewPane() {
+    // The browser's widget ends after the members, and its page tells them things to its last.
+    close();
+}
+
 void PreviewPane::makeLines() {
     mapping_ = new PaneLine;
     heldBack_ = new PaneLine(QStringLiteral("Load remote &content"));

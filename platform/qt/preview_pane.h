@@ -22,6 +22,7 @@ struct Obstacle;
 class PreviewPane : public QWidget {
 public:
     explicit PreviewPane(QWidget& place);
+    ~PreviewPane() override;
 
     /// Loads the page anew, and the browser with it when it is the first page of all.
     /// @param address  a path, or a URL that begins with http://, https:// or file:
