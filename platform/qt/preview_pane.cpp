@@ -16,8 +16,6 @@ namespace kelvor::qt {
 
 namespace {
 
-constexpr int longestAddress = 200;
-
 /// A page that loads faster does not flicker, in milliseconds.
 constexpr int unnoticed = 500;
 constexpr int second = 1000;

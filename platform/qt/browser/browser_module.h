@@ -9,6 +9,9 @@ class QWidget;
 
 namespace kelvor::qt {
 
+/// Characters of an address that are shown, its middle left out when there are more.
+inline constexpr int longestAddress = 200;
+
 /// Why a page is not there, and what the user can do about it.
 struct Obstacle {
     enum class Way {

@@ -28,8 +28,6 @@ namespace kelvor::qt {
 
 namespace {
 
-constexpr int longestAddress = 200;
-
 /// The engine's numbers for a page that was given up, for a download say, and for one that the rules refuse.
 constexpr int aborted = -3;
 constexpr int blocked = -20;
@@ -37,15 +35,15 @@ constexpr int blocked = -20;
 /// What the script says that finds scripts. Nothing else of a page that runs none can say it.
 constexpr const char* scriptsFound = "kelvor: scripts";
 
-/// Looks for what would run in a page or a frame of it, once it is there. Runs in a world of its own, which pages
-/// that run no scripts have as well.
+/// Looks for what would run in a page or a frame of it, once it is there, and says %1. Runs in a world of its own,
+/// which pages that run no scripts have as well.
 constexpr const char* scriptFinder = R"js(
     const runs = element => element.localName === 'script'
         ? !element.type || /script|module/i.test(element.type)
         : element.getAttributeNames().some(name => name.startsWith('on')) ||
           /^\s*javascript:/i.test(element.getAttribute('href') || element.getAttribute('src') || '');
     if (location.protocol !== 'chrome-error:' && [...document.querySelectorAll('*')].some(runs))
-        console.debug('kelvor: scripts');
+        console.debug('%1');
 )js";
 
 /// What the engine's more common numbers mean to a user; its own name of the error for the others.
@@ -123,7 +121,7 @@ void PreviewPage::chooseSettings() {
 void PreviewPage::holdScripts() {
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
     QWebEngineScript finder;
-    finder.setSourceCode(QString::fromLatin1(scriptFinder));
+    finder.setSourceCode(QString::fromLatin1(scriptFinder).arg(QLatin1String(scriptsFound)));
     finder.setWorldId(QWebEngineScript::ApplicationWorld);
     finder.setInjectionPoint(QWebEngineScript::DocumentReady);
     finder.setRunsOnSubFrames(true);
@@ -219,7 +217,7 @@ void PreviewPage::hearLoginAsked(const QUrl& url, QAuthenticator& answer) {
 }
 
 void PreviewPage::keepLogin(const QString& name, const QString& password) {
-    kelvor::qt::keepLogin(obstacleAt_, realm_, {.name = name, .password = password});
+    rememberLogin(obstacleAt_, realm_, {.name = name, .password = password});
 }
 
 void PreviewPage::hearDownload(QWebEngineDownloadRequest& download) {

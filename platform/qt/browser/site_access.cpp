@@ -41,7 +41,7 @@ std::optional<Login> loginFor(const QUrl& url, const QString& realm) {
     return found == logins().constEnd() ? std::nullopt : std::optional(*found);
 }
 
-void keepLogin(const QUrl& url, const QString& realm, const Login& login) {
+void rememberLogin(const QUrl& url, const QString& realm, const Login& login) {
     logins()[{serverOf(url), realm}] = login;
 }
 

@@ -19,7 +19,7 @@ struct Login {
 
 /// Names and passwords that the user has given, by server and realm. They are kept in memory until the program ends.
 std::optional<Login> loginFor(const QUrl& url, const QString& realm);
-void keepLogin(const QUrl& url, const QString& realm, const Login& login);
+void rememberLogin(const QUrl& url, const QString& realm, const Login& login);
 
 /// Certificates that the user takes although nothing vouches for them, by server, until the program ends.
 bool isTrusted(const QUrl& url, const QSslCertificate& certificate);
