@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace kelvor::qt {
 
@@ -22,7 +23,10 @@ constexpr int titleBarParts = 5;
 }  // namespace
 
 PageAnswer askForPage(QWidget& view, const QString& text, bool canRefuse, QString* entry) {
-    QDialog dialog(&view);
+    // It stands above the view's window but is no child of it: the page may end while it is shown.
+    QDialog dialog;
+    dialog.winId();
+    dialog.windowHandle()->setTransientParent(view.window()->windowHandle());
     dialog.setWindowTitle(QStringLiteral("Message of the page in preview"));
     auto* label = new QLabel(text.left(longestText));
     label->setTextFormat(Qt::PlainText);

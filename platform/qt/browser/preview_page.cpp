@@ -2,6 +2,7 @@
 
 #include <QAuthenticator>
 #include <QCoreApplication>
+#include <QPointer>
 #include <QWebEngineCertificateError>
 #include <QWebEngineClientCertificateSelection>
 #include <QWebEngineDownloadRequest>
@@ -259,8 +260,9 @@ void PreviewPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel /*level
 bool PreviewPage::showDialog(const QString& text, bool canRefuse, QString* entry) {
     // Behind the source nobody would know where the question comes from.
     if (silenced_ || !view_.isVisible()) return false;
+    const QPointer<PreviewPage> lives = this;
     const PageAnswer answer = askForPage(view_, text, canRefuse, entry);
-    silenced_ = answer.silence;
+    if (lives) silenced_ = answer.silence;
     return answer.accepted;
 }
 
