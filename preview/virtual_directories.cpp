@@ -6,6 +6,7 @@
 #include "core/frame.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/percent_encoding.h"
 #include "platform/platform.h"
 #include "platform/text_encoding.h"
 #include "platform/text_search.h"
@@ -55,21 +56,6 @@ std::string replaceAll(std::string_view text, const CVDir& mapping, const Spelli
 
 std::string asItIs(std::string_view text) {
     return std::string(text);
-}
-
-/// Each byte that would mean something in an address, or may not stand there, as "%" and two digits.
-std::string percentEncoded(std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-    std::string result;
-    for (const char letter : text) {
-        const auto byte = static_cast<unsigned char>(letter);
-        if (plain.find(letter) != std::string_view::npos)
-            result += letter;
-        else
-            result.append({'%', digits[byte / 16], digits[byte % 16]});
-    }
-    return result;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <new>
 #include <system_error>
 
+#include "platform/percent_encoding.h"
 #include "platform/system_calls.h"
 #include "platform/text.h"
 
@@ -133,21 +134,6 @@ void removeWithJournal(const std::string& path) {
     std::filesystem::remove(path, error);
 }
 
-/// A path as the middle of a "file:" address.
-std::string addressOf(const std::string& path) {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::string address = "file:";
-    for (const char character : path) {
-        if (std::string_view("%?#").find(character) == std::string_view::npos) {
-            address += character;
-        } else {
-            const auto byte = static_cast<unsigned char>(character);
-            address += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
-    }
-    return address;
-}
-
 }  // namespace
 
 void SettingsDatabase::Close::operator()(sqlite3* connection) const {
@@ -182,7 +168,7 @@ SettingsDatabase SettingsDatabase::openFile(const std::string& path) {
 
 SettingsDatabase SettingsDatabase::openPastLocks(const std::string& path) {
     sizeOfRegularFile(path);
-    return {addressOf(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
+    return {"file:" + percentEncoded(path) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
 }
 
 /// Makes the file under another name first: whatever stops the program, there is no half-made file.

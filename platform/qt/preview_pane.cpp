@@ -5,6 +5,7 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include "platform/percent_encoding.h"
 #include "platform/qt/browser/browser_module.h"
 #include "platform/qt/browser_loader.h"
 #include "platform/qt/convert.h"
@@ -31,9 +32,8 @@ bool isUrl(const std::string& address) {
 
 /// A path keeps its every byte: names may hold #, ? and %, and need not be text.
 QUrl fileUrl(const std::string& path) {
-    QByteArray bytes(path.data(), static_cast<qsizetype>(path.size()));
-    if (!bytes.startsWith('/')) bytes.prepend(QDir::currentPath().toUtf8() + '/');
-    return QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"), QUrl::StrictMode);
+    const std::string whole = path.starts_with('/') ? path : fromQt(QDir::currentPath()) + "/" + path;
+    return QUrl::fromEncoded(QByteArray::fromStdString("file://" + percentEncoded(whole)), QUrl::StrictMode);
 }
 
 QUrl pageUrl(const std::string& address) {
