@@ -55,6 +55,7 @@ public:
     void showModal(Form&) override {}
     void showModeless(Form&, bool) override {}
     void hide(Form&) override {}
+    bool isBlocked(const Form&) const override { return false; }
     void popupMenu(MenuItem&, const Control*) override {}
     std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
         return std::make_unique<TextBuffer>(form, name);

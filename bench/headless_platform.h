@@ -56,6 +56,7 @@ private:
     void showModal(Form& /*form*/) override {}
     void showModeless(Form& /*form*/, bool /*owned*/) override {}
     void hide(Form& /*form*/) override {}
+    bool isBlocked(const Form& /*form*/) const override { return false; }
     void popupMenu(MenuItem& /*menu*/, const Control* /*below*/) override {}
     std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
 

@@ -212,6 +212,17 @@ TEST_F(Binding, AHandlerMayRefuseAMarkAndAChoice) {
     buttons[1]->setFocus();
     pressKey(Qt::Key_Down);
     EXPECT_EQ(type.selected(), 1);
+    const auto toggleByScreenReader = [&](std::size_t button) {
+        auto* actions = QAccessible::queryAccessibleInterface(buttons[button])->actionInterface();
+        actions->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    for (const bool on : {false, true}) {
+        toggleByScreenReader(0);
+        EXPECT_EQ(box.value(), on);
+    }
+    toggleByScreenReader(4);
+    EXPECT_EQ(letters.selected(), 1);
+    letters.select(0);
     type.select(-1);
     box.clicked.connect([&] { box.setValue(true); });
     letters.clicked.connect([&](int) { letters.select(0); });

@@ -15,8 +15,8 @@ void bindCheckBox(CheckBox& box, QCheckBox& widget, FormLink& link) {
         widget.setChecked(box.value());
     };
     link.follow(box, widget, [show](Aspect) { show(); });
-    // The toolkit has turned the mark by itself; the control decides.
-    QObject::connect(&widget, &QCheckBox::clicked, &link,
+    // The toolkit has turned the mark by itself, for a mouse, a key or a screen reader; the control decides.
+    QObject::connect(&widget, &QCheckBox::toggled, &link,
                      [&box, &link, show] { link.perform([&box] { box.click(); }, show); });
 }
 

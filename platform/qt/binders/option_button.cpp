@@ -57,8 +57,8 @@ void bindOptionButton(OptionButton& option, QRadioButton& widget, FormLink& link
     Options& options = optionsOf(option, link);
     options.add(option, widget);
     link.follow(option, widget, [&options](Aspect) { options.show(); });
-    QObject::connect(&widget, &QRadioButton::clicked, &link, [&option, &link, &options] {
-        link.perform([&option] { option.click(); }, [&options] { options.show(); });
+    QObject::connect(&widget, &QRadioButton::toggled, &link, [&option, &link, &options](bool on) {
+        if (on) link.perform([&option] { option.click(); }, [&options] { options.show(); });
     });
 }
 
