@@ -234,8 +234,8 @@ TEST_F(ScintillaEditTest, ColoursFollowThePaletteUnlessChosen) {
 }
 
 TEST_F(ScintillaEditTest, AScreenReaderReadsCharactersWordsAndLines) {
-    const std::string long_ = std::string(5000, 'x') + "ä";
-    edit->setText("one ä€ two\r\n" + long_ + "\n");
+    const std::string longLine = std::string(5000, 'x') + "ä";
+    edit->setText("one ä€ two\r\n" + longLine + "\n");
     auto* const accessible = QAccessible::queryAccessibleInterface(edit->widget());
     QAccessibleTextInterface& read = *accessible->textInterface();
     EXPECT_EQ(read.characterCount(), 12 + 5001 + 1);
