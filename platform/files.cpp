@@ -63,6 +63,31 @@ bool mayExist(const std::string& path) {
     return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG;
 }
 
+/// Renames after a look whether the name is free; a file that another program makes there between the two is lost.
+bool renameAfterLook(const char* from, const char* to) {
+    const SystemCalls& calls = systemCalls();
+    struct stat status {};
+    if (calls.lstat(to, &status) != 0) return errno == ENOENT && calls.rename(from, to) == 0;
+    errno = EEXIST;
+    return false;
+}
+
+/// Gives the file a second name that is free and takes the first one away, where the disk knows second names. False,
+/// and why in errno, when the file has its old name.
+bool renameByLink(const char* from, const char* to) {
+    const SystemCalls& calls = systemCalls();
+    if (calls.link(from, to) != 0) {
+        const bool mayLackLinks = errno == EPERM || errno == ENOSYS || errno == EOPNOTSUPP;
+        return mayLackLinks && renameAfterLook(from, to);
+    }
+    // Where another program has taken the old name away meanwhile, the new one is the file's last.
+    if (calls.unlink(from) == 0 || errno == ENOENT) return true;
+    const int code = errno;
+    calls.unlink(to);
+    errno = code;
+    return false;
+}
+
 }  // namespace
 
 std::string readFile(const std::string& path) {
@@ -159,11 +184,8 @@ void removeFile(const std::string& path) {
 }
 
 void renameFile(const std::string& from, const std::string& to) {
-    const SystemCalls& calls = systemCalls();
-    bool done = calls.renameToNew(from.c_str(), to.c_str()) == 0;
-    // Where the disk knows no such rename, a second name that is free and the end of the first one are the same.
-    if (!done && (errno == EINVAL || errno == ENOSYS))
-        done = calls.link(from.c_str(), to.c_str()) == 0 && calls.unlink(from.c_str()) == 0;
+    bool done = systemCalls().renameToNew(from.c_str(), to.c_str()) == 0;
+    if (!done && (errno == EINVAL || errno == ENOSYS)) done = renameByLink(from.c_str(), to.c_str());
     if (!done) throw fileError(errno, errno == EEXIST ? to : from);
 }
 

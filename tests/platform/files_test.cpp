@@ -94,15 +94,24 @@ TEST(AppendToFile, AddsLinesAndFollowsNoLink) {
     EXPECT_EQ(directory.read("victim"), "x");
 }
 
+/// A call that always fails.
+auto refusal(int code) {
+    return [code](auto...) {
+        errno = code;
+        return -1;
+    };
+}
+
 TEST(RenameFile, NeverTakesAnotherFilesPlace) {
-    for (const int refusal : {0, EINVAL, ENOSYS}) {
+    // Disks that know no rename of this kind, some of them no second names either.
+    const struct {
+        int ofRename;
+        int ofLink;
+    } disks[] = {{0, 0}, {EINVAL, 0}, {ENOSYS, 0}, {EINVAL, EPERM}, {EINVAL, ENOSYS}, {EINVAL, EOPNOTSUPP}};
+    for (const auto& disk : disks) {
         auto calls = kernelCalls();
-        // A disk that knows no rename of this kind.
-        if (refusal != 0)
-            calls.renameToNew = [refusal](auto...) {
-                errno = refusal;
-                return -1;
-            };
+        if (disk.ofRename != 0) calls.renameToNew = refusal(disk.ofRename);
+        if (disk.ofLink != 0) calls.link = refusal(disk.ofLink);
         const ScopedSystemCalls scope(calls);
         const ScratchDirectory directory;
         const auto one = directory.write("one", "1");
@@ -114,6 +123,26 @@ TEST(RenameFile, NeverTakesAnotherFilesPlace) {
         renameFile(one, directory / "three");
         EXPECT_EQ(directory.read("two") + directory.read("three"), "21");
         EXPECT_EQ(directory.entryCount(), 2U);
+    }
+}
+
+TEST(RenameFile, LeavesOneNameWhenTheOldOneDoesNotGo) {
+    for (const auto& [code, kept] : {std::pair(EACCES, "old"), {ENOENT, "new"}}) {
+        const ScratchDirectory directory;
+        const auto old = directory.write("old", "text");
+        auto calls = kernelCalls();
+        calls.renameToNew = refusal(EINVAL);
+        // Another program may have taken the old name away meanwhile.
+        calls.unlink = [&, code = code](const char* path) {
+            if (path == old && code != ENOENT) return refusal(code)();
+            ::unlink(path);
+            return path == old ? refusal(code)() : 0;
+        };
+        const ScopedSystemCalls scope(calls);
+        EXPECT_EQ(errorOf([&] { renameFile(old, directory / "new"); }),
+                  code == ENOENT ? "" : "70 Permission denied: " + old);
+        EXPECT_EQ(directory.read(kept), "text");
+        EXPECT_EQ(directory.entryCount(), 1U);
     }
 }
 
