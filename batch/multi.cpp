@@ -56,7 +56,7 @@ void offerToDeleteAbandoned() {
                               .buttons = MessageButtons::yesNo,
                               .standard = Answer::no};
     if (platform().dialogs.message(question) != Answer::yes) return;
-    for (const std::string& path : abandoned) removeAbandonedTemporary(path);
+    for (const std::string& path : abandoned) guarded([&] { removeAbandonedTemporary(path); });
 }
 
 void tellNoFindText() {

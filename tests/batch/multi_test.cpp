@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <thread>
@@ -251,19 +253,33 @@ TEST_F(MultiForm, OffersToDeleteWhatKilledRunsHaveLeft) {
     fs::create_directory_symlink(directoryPart(foreign), files.path("tmp/kelvor-isLink"));
     fs::create_directory(files.path("tmp/kelvor-linked"));
     fs::create_symlink(foreign, files.path("tmp/kelvor-linked/temp.$$$"));
-    for (const Answer answer : {Answer::no, Answer::yes}) {
-        for (const auto& path : abandoned) EXPECT_TRUE(fs::exists(path));
-        auto offer =
-            question("A multifile find and replace was interrupted. What it was writing is still there:\r\n\r\n" +
-                         abandoned[0] + "\r\n" + abandoned[1] +
-                         "\r\n\r\nShould a file of that run be half written, its whole new text is in "
-                         "there.\r\nDelete it now?",
-                     "Multifile Find and Replace");
+    const auto expectOffer = [&](const std::string& paths, Answer answer) {
+        auto offer = question(
+            "A multifile find and replace was interrupted. What it was writing is still there:\r\n\r\n" + paths +
+                "\r\n\r\nShould a file of that run be half written, its whole new text is in "
+                "there.\r\nDelete it now?",
+            "Multifile Find and Replace");
         offer.standard = Answer::no;
         platform.expectMessage(offer, answer);
         platform.expectModal([](Form& shown) { shown.unload(); });
         mnuTools_multi_Click();
+    };
+    expectOffer(abandoned[0] + "\r\n" + abandoned[1], Answer::no);
+    for (const auto& path : abandoned) EXPECT_TRUE(fs::exists(path));
+    std::string told;
+    {
+        auto calls = kernelCalls();
+        calls.unlink = [&](const char* path) {
+            errno = EACCES;
+            return path == abandoned[0] ? -1 : ::unlink(path);
+        };
+        const ScopedSystemCalls scope(calls);
+        setErrorSink([&](const Error& error) { told += error.description(); });
+        expectOffer(abandoned[0] + "\r\n" + abandoned[1], Answer::yes);
     }
+    EXPECT_EQ(told, "Permission denied: " + abandoned[0]);
+    EXPECT_TRUE(fs::exists(abandoned[0])) << "one that does not go keeps none of the others";
+    expectOffer(abandoned[0], Answer::yes);
     for (const auto& path : abandoned) EXPECT_FALSE(fs::exists(directoryPart(path)));
     EXPECT_TRUE(fs::exists(held) && fs::exists(foreign));
     platform.expectModal([](Form& shown) { shown.unload(); });
