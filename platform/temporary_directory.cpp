@@ -38,6 +38,8 @@ OpenFile openDirectory(const std::string& path) {
 /// the lock away when the process ends, however it does.
 class TemporaryDirectory {
 public:
+    /// The calls, by which it is closed, are made before it and so end after it.
+    TemporaryDirectory() { systemCalls(); }
     ~TemporaryDirectory() {
         std::error_code failure;
         if (getpid() == owner_ && isOwn()) std::filesystem::remove_all(path_, failure);
@@ -65,6 +67,7 @@ private:
         if (mkdtemp(path.data()) == nullptr) throw fileError(errno, "a folder for temporary files in " + base);
         auto opened = openDirectory(path);
         if (opened.descriptor() < 0) throw fileError(errno, path);
+        // A disk that refuses this lock refuses the one of isAbandoned too.
         flock(opened.descriptor(), LOCK_EX);
         opened_.emplace(std::move(opened));
         path_ = path;
