@@ -18,7 +18,7 @@ constexpr int unbrokenLength = 40;
 /// Of the text's size.
 constexpr double causeSize = 0.9;
 
-/// The text as a person reads it: its lines, and all else that is no letter told by name.
+/// The text as a person reads it: its lines as they are parted, each with its names as shownName gives them.
 QString readable(std::string_view text) {
     QStringList lines;
     for (std::size_t start = 0; start <= text.size();) {
