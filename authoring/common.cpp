@@ -129,7 +129,7 @@ void reportLoadError(const std::string& cause) {
 }
 
 void installLoadErrorReporting() {
-    setLoadErrorSink([](Form&, const Error& error) { reportLoadError(error.description()); });
+    setLoadErrorSink([](Form&, const Error& error) { reportLoadError(error.cause()); });
 }
 
 bool hasMdiChild() {

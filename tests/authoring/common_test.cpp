@@ -38,9 +38,9 @@ TEST_F(Common, ShowsAFormForItsContext) {
 }
 
 TEST_F(Common, UnloadsAFormThatFailsToLoad) {
-    form.onLoad = [] { throw Error(53, "File not found"); };
+    form.onLoad = [] { throw Error(53, "File not found: a.lst", "File not found."); };
     platform.expectMessage({.text = "An error occurred while loading the form",
-                            .cause = "File not found",
+                            .cause = "File not found.",
                             .title = "Load error",
                             .icon = MessageIcon::critical});
     showFormForContext(form, ShowMode::modal);
