@@ -30,7 +30,6 @@ public:
     /// Shows these instead, which are sorted by their names.
     void setEntries(std::vector<FolderEntry> entries);
     void setFilter(EntryFilter filter);
-    const EntryFilter& filter() const { return filter_; }
     const FolderEntry& entry(int row) const { return entries_[rows_[static_cast<std::size_t>(row)]]; }
     /// The row of a name; -1 when it is not shown.
     int rowOf(const std::string& name) const;

@@ -71,7 +71,6 @@ void FolderView::reload() {
         rows_.setEntries(folderEntries(folder_));
     } catch (const Error&) {
         // The folder has gone; what was in it is still told.
-        return;
     }
 }
 

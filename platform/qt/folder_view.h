@@ -23,7 +23,6 @@ public:
     /// Shows another folder with nothing marked. Throws Error when it cannot be read, and shows what it did.
     void enter(const std::string& folder);
 
-    const EntryFilter& filter() const { return rows_.filter(); }
     void setFilter(EntryFilter filter) { rows_.setFilter(std::move(filter)); }
 
     /// What is marked, in the order of the rows.

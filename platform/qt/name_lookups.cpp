@@ -13,6 +13,17 @@ namespace {
 std::atomic<bool> closed = false;
 std::atomic<int> permits = 0;
 
+bool looksUpNames() {
+    return !closed || permits > 0;
+}
+
+/// Whether there is nothing to ask anybody: no host at all, which is this machine, or an address in numbers.
+bool isNoName(const char* host, const addrinfo* hints) {
+    in6_addr room;
+    return !host || (hints && (hints->ai_flags & AI_NUMERICHOST)) || inet_pton(AF_INET, host, &room) == 1 ||
+           inet_pton(AF_INET6, host, &room) == 1;
+}
+
 }  // namespace
 
 void closeNameLookups() {
@@ -26,21 +37,6 @@ NameLookupPermit::NameLookupPermit() {
 NameLookupPermit::~NameLookupPermit() {
     --permits;
 }
-
-namespace {
-
-bool looksUpNames() {
-    return !closed || permits > 0;
-}
-
-/// Whether there is nothing to ask anybody: no host at all, which is this machine, or an address in numbers.
-bool isNoName(const char* host, const addrinfo* hints) {
-    in6_addr room;
-    return !host || (hints && (hints->ai_flags & AI_NUMERICHOST)) || inet_pton(AF_INET, host, &room) == 1 ||
-           inet_pton(AF_INET6, host, &room) == 1;
-}
-
-}  // namespace
 
 }  // namespace kelvor::qt
 
