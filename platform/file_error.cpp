@@ -19,7 +19,7 @@ struct Meaning {
 
 constexpr Meaning meanings[] = {
     {ENOENT, error_number::fileNotFound, "File not found"},
-    {ENOTDIR, error_number::pathNotFound, "Path not found"},
+    {ENOTDIR, error_number::pathNotFound, "The folder does not exist"},
     {ENAMETOOLONG, error_number::badFileName, "The file name is too long"},
     {EISDIR, error_number::pathAccess, "This is a folder, not a file"},
     {ELOOP, error_number::pathAccess, "The links lead in a circle"},

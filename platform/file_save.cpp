@@ -38,8 +38,8 @@ OpenFile createFile(const std::string& path) {
     if (errno == EEXIST) {
         throw pathError(error_number::pathNotFound, "This is a link to a file that does not exist", path);
     }
-    if (errno == ENOENT) throw pathError(error_number::pathNotFound, "The folder does not exist", path);
-    throw fileError(errno, path);
+    // No file was to be there: what is missing is its folder.
+    throw fileError(errno == ENOENT ? ENOTDIR : errno, path);
 }
 
 /// Sees to it that the write is over the file that the path names, and not over one put in its place meanwhile.

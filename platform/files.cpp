@@ -37,8 +37,7 @@ EntryKind kindOf(int directory, const dirent& entry) {
 }
 
 [[noreturn]] void failToRead(const std::string& directory) {
-    if (errno == ENOENT) throw pathError(error_number::pathNotFound, "Path not found", directory);
-    throw fileError(errno, directory);
+    throw fileError(errno == ENOENT ? ENOTDIR : errno, directory);
 }
 
 /// Calls `visit` with the name of each entry of that kind in the directory until it answers false. Throws Error when

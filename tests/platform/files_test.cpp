@@ -49,7 +49,7 @@ TEST(Files, RefuseAtOnceWhatIsNoFile) {
         {directory / "loop", "75 The links lead in a circle: ", "75 The links lead in a circle: "},
         {directory / "dangling", "53 File not found: ", "76 This is a link to a file that does not exist: "},
         {directory / "missing/file", "53 File not found: ", "76 The folder does not exist: "},
-        {directory / "file/below", "76 Path not found: ", "76 Path not found: "},
+        {directory / "file/below", "76 The folder does not exist: ", "76 The folder does not exist: "},
         {directory / std::string(256, 'n'), "52 The file name is too long: ", "52 The file name is too long: "},
     };
     for (const auto& row : rows) {
@@ -174,7 +174,7 @@ TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
         EXPECT_FALSE(listingFinds(directory / name)) << name;
 
     for (const char* name : {"missing", "b.htm"}) {
-        const std::string told = "76 Path not found: " + directory / name;
+        const std::string told = "76 The folder does not exist: " + directory / name;
         EXPECT_EQ(errorOf([&] { filesMatching(directory / name, "*"); }), told);
         EXPECT_EQ(errorOf([&] { directoriesIn(directory / name); }), told);
     }

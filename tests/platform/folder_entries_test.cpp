@@ -25,8 +25,8 @@ TEST(FolderEntries, AreTheFoldersAndFilesAsAPersonSortsThem) {
     EXPECT_EQ(pathKind(directory / "pipe"), PathKind::file);
     EXPECT_EQ(pathKind(directory / "dangling"), PathKind::none);
     const std::string below = directory / "b.htm/";
-    EXPECT_EQ(errorOf([&] { pathKind(below); }), "76 Path not found: " + below);
-    EXPECT_EQ(errorOf([&] { folderEntries(below); }), "76 Path not found: " + below);
+    EXPECT_EQ(errorOf([&] { pathKind(below); }), "76 The folder does not exist: " + below);
+    EXPECT_EQ(errorOf([&] { folderEntries(below); }), "76 The folder does not exist: " + below);
     EXPECT_EQ(errorOf([&] { makeFolder(directory / "z"); }), "58 File already exists: " + (directory / "z"));
 }
 
