@@ -7,6 +7,7 @@
 
 #include "platform/error.h"
 #include "platform/folder_entries.h"
+#include "platform/paths.h"
 #include "platform/qt/convert.h"
 #include "platform/typed_paths.h"
 
@@ -41,17 +42,17 @@ void PathCompleter::prepare(const QString& text, const std::string& directory) {
     if (listed_ == wanted && head_ == head) return;
     listed_ = wanted;
     head_ = head;
-    list_.setStringList(offers(head, wanted.first, wanted.second));
+    list_.setStringList(offers(directory));
 }
 
-QStringList PathCompleter::offers(const QString& head, const std::string& directory, bool hidden) const {
+QStringList PathCompleter::offers(const std::string& directory) const {
+    const auto& [folder, hidden] = *listed_;
     QStringList offers;
-    for (const FolderEntry& entry : readableEntries(directory)) {
+    for (const FolderEntry& entry : readableEntries(folder)) {
         if ((entry.name.starts_with('.') && !hidden) || (foldersOnly_ && !entry.isFolder)) continue;
-        const QString offer = head + toQt(entry.name);
+        const QString offer = head_ + toQt(entry.name);
         // What would be taken for another name when it is typed is not offered.
-        const auto paths = typedPaths(fromQt(offer), directory);
-        if (paths.size() == 1 && paths.front().ends_with("/" + entry.name)) offers += offer;
+        if (typedPaths(fromQt(offer), directory) == std::vector{joinPath(folder, entry.name)}) offers += offer;
     }
     return offers;
 }

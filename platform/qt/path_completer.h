@@ -19,7 +19,8 @@ public:
     void prepare(const QString& text, const std::string& directory);
 
 private:
-    QStringList offers(const QString& head, const std::string& directory, bool hidden) const;
+    /// What goes on from the head with a name in the folder read.
+    QStringList offers(const std::string& directory) const;
 
     const bool foldersOnly_;
     QStringListModel list_;
