@@ -8,20 +8,18 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <algorithm>
-#include <cerrno>
 #include <limits>
 #include <optional>
 #include <utility>
 
+#include "platform/chosen_paths.h"
 #include "platform/error.h"
-#include "platform/file_error.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
 #include "platform/qt/convert.h"
 #include "platform/shown_name.h"
 #include "platform/typed_paths.h"
-#include "platform/volumes.h"
 
 namespace kelvor::qt {
 
@@ -31,8 +29,6 @@ namespace {
 constexpr QSize dialogSize(820, 520);
 /// So many names are written into the field; of more the field tells the number.
 constexpr std::size_t mostNamesShown = 50;
-/// So many names that cannot be had are told.
-constexpr std::size_t mostNamesTold = 10;
 
 struct Words {
     const char* title;
@@ -52,45 +48,6 @@ Words wordsOf(FilePurpose purpose) {
             break;
     }
     return {"Open", "File &name:", "", "&Open", "Show &hidden files"};
-}
-
-/// Why the path is no file to open; nothing when it is one.
-std::optional<std::string> obstacleTo(const std::string& path) {
-    try {
-        const PathKind kind = pathKind(path);
-        if (kind == PathKind::file) return std::nullopt;
-        return fileError(kind == PathKind::folder ? EISDIR : ENOENT, path).description();
-    } catch (const Error& error) {
-        return error.description();
-    }
-}
-
-/// The first of the obstacles, each in a line, and how many more there are; "" for none.
-std::string obstaclesTo(const std::vector<std::string>& paths) {
-    std::string text;
-    std::size_t count = 0;
-    for (const std::string& path : paths) {
-        const auto obstacle = obstacleTo(path);
-        if (obstacle && ++count <= mostNamesTold) text += (count > 1 ? "\r\n" : "") + *obstacle;
-    }
-    if (count > mostNamesTold) text += "\r\nand " + std::to_string(count - mostNamesTold) + " more.";
-    return text;
-}
-
-std::string withoutSeparator(std::string path) {
-    if (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return path;
-}
-
-/// The folders that a person goes to from this one: those it is in, the home, the disks. The first is itself.
-std::vector<std::string> placesFrom(std::string folder) {
-    std::vector<std::string> places = {folder};
-    while (folder != "/") places.push_back(folder = directoryPart(folder));
-    std::vector<std::string> others = mountedVolumes();
-    others.insert(others.begin(), directoryVariable("HOME"));
-    for (const std::string& other : others)
-        if (!other.empty() && std::find(places.begin(), places.end(), other) == places.end()) places.push_back(other);
-    return places;
 }
 
 }  // namespace
@@ -119,7 +76,7 @@ FileDialog::FileDialog(FilePurpose purpose, const FileRequest& request)
     showFilter();
     showInEmptyField({});
     startIn(request.directory);
-    field_.setText(toQt(fileNamePart(request.fileName)));
+    offerName(fileNamePart(request.fileName));
     field_.selectAll();
     field_.setFocus();
 }
@@ -264,12 +221,17 @@ void FileDialog::showMarks() {
     for (const std::string& path : markedPaths()) names.push_back(fileNamePart(path));
     if (purpose_ == FilePurpose::save) {
         // A name that was typed outlives the way through the folders.
-        if (!names.empty()) field_.setText(toQt(names.front()));
+        if (!names.empty()) offerName(names.front());
         return;
     }
     const bool areMany = names.size() > mostNamesShown;
     field_.setText(areMany ? QString() : toQt(typedText(names)));
     showInEmptyField(areMany ? QStringLiteral("%L1 files marked").arg(names.size()) : QString());
+}
+
+void FileDialog::offerName(const std::string& name) {
+    offered_ = name;
+    field_.setText(toQt(name));
 }
 
 void FileDialog::showInEmptyField(const QString& count) {
@@ -298,6 +260,11 @@ std::vector<std::string> FileDialog::markedPaths() const {
 
 std::string FileDialog::typed() const {
     return fromQt(field_.text());
+}
+
+std::string FileDialog::nameToSave() const {
+    const bool isOffered = !offered_.empty() && field_.text() == toQt(offered_);
+    return isOffered ? joinPath(view_.folder(), offered_) : typedPath(typed(), view_.folder());
 }
 
 void FileDialog::acceptTyped() {
@@ -334,26 +301,18 @@ void FileDialog::acceptFiles() {
 
 void FileDialog::acceptName() {
     const auto marked = markedPaths();
-    const std::string path = marked.empty() ? typedPath(typed(), view_.folder()) : marked.front();
+    const std::string path = marked.empty() ? nameToSave() : marked.front();
     if (path.empty()) return;
     if (isDirectory(path)) {
         if (enter(path)) field_.clear();
         return;
     }
-    if (mayReplace(path)) finish({path});
+    if (const auto obstacle = obstacleToSaving(path)) return refuse(*obstacle);
+    const bool isFree = obstacleToFile(path).has_value();
+    if (isFree || !request_.overwritePrompt || mayReplace(path)) finish({path});
 }
 
-bool FileDialog::mayReplace(const std::string& path) {
-    try {
-        const bool isThere = pathKind(path) != PathKind::none;
-        const std::string folder = directoryPart(path);
-        if (!isThere && !isDirectory(folder))
-            throw Error(error_number::pathNotFound, "The folder does not exist: " + folder);
-        if (!isThere || !request_.overwritePrompt) return true;
-    } catch (const Error& error) {
-        refuse(error.description());
-        return false;
-    }
+bool FileDialog::mayReplace(const std::string& path) const {
     return platform().dialogs.message({.text = fileNamePart(path) + " already exists.\r\nDo you want to replace it?",
                                        .title = title_,
                                        .icon = MessageIcon::question,
@@ -365,8 +324,9 @@ void FileDialog::acceptFolder() {
     auto paths = markedPaths();
     if (paths.empty()) paths = typedPaths(typed(), view_.folder());
     if (paths.empty()) paths = {view_.folder()};
-    if (paths.size() == 1 && isDirectory(paths.front())) return finish({withoutSeparator(paths.front())});
-    refuse("The folder does not exist: " + paths.front());
+    if (paths.size() > 1) return refuse("Only one folder can be chosen here.");
+    if (const auto obstacle = obstacleToFolder(paths.front())) return refuse(*obstacle);
+    finish({withoutSeparator(paths.front())});
 }
 
 void FileDialog::finish(std::vector<std::string> paths) {

@@ -35,7 +35,6 @@ protected:
 
 private:
     void build();
-    QLayout* placeRow();
     QToolButton* placeButton(QStyle::StandardPixmap picture, const char* caption, const char* keys,
                              void (FileDialog::*act)());
     void connectParts();
@@ -49,6 +48,7 @@ private:
     void showPlaces();
     void showFilter();
     void showMarks();
+    void offerName(const std::string& name);
     void showInEmptyField(const QString& count);
     void noteTyping(const QString& text);
 
@@ -60,7 +60,10 @@ private:
     /// What is marked and of use for the purpose; the folders among it are of none for files.
     std::vector<std::string> markedPaths() const;
     std::string typed() const;
-    bool mayReplace(const std::string& path);
+    /// The path of the name that is typed, or was offered and stays: that one by its bytes, which the field cannot
+    /// show.
+    std::string nameToSave() const;
+    bool mayReplace(const std::string& path) const;
     void refuse(const std::string& text);
 
     const FilePurpose purpose_;
@@ -69,6 +72,7 @@ private:
     const std::vector<FilterRow> filters_;
     std::vector<std::string> past_;  ///< the folders shown before this one
     std::vector<std::string> chosen_;
+    std::string offered_;  ///< the bytes of the name that was last written into the field for a save
     bool typing_ = false;
 
     PathCompleter completer_;

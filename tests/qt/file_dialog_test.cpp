@@ -178,6 +178,38 @@ TEST_F(FileDialogs, EnterTheFolderThatIsTypedOrOpened) {
               folder_ / "sub/new.htm");
     EXPECT_EQ(choosingFolder([](Shown shown) { shown.type("sub"); }), folder_ / "sub");
     EXPECT_EQ(choosingFolder([](Shown shown) { shown.type(""); }), folder_.path());
+    const std::pair<QString, std::string> refused[] = {
+        {"none", "The folder does not exist: " + folder_ / "none"},
+        {"sub/e.htm", "This is a file, not a folder: " + folder_ / "sub/e.htm"},
+        {"\"sub\" \".\"", "Only one folder can be chosen here."},
+    };
+    for (const auto& [text, told] : refused) {
+        answerBox(QMessageBox::Ok);
+        EXPECT_EQ(choosingFolder([text = text](Shown shown) { shown.type(text); }), "");
+        EXPECT_EQ(fromQt(box_), told);
+    }
+}
+
+TEST_F(FileDialogs, OfferWhatGoesOnAsTheTextDoes) {
+    std::filesystem::create_directory(folder_ / "sub");
+    for (const char* name : {"~", " y", "e.htm", ".h"}) folder_.write(std::string("sub/") + name, "");
+    for (const char* name : {"~", "a.htm"}) folder_.write(name, "");
+    const std::pair<QString, QString> rows[] = {
+        {"s", "sub|a.htm"},
+        {"sub/", "sub/ y|sub/~|sub/e.htm"},
+        {"./sub/../sub/.", "./sub/../sub/ y|./sub/../sub/.h|./sub/../sub/~|./sub/../sub/e.htm"},
+        {toQt(folder_ / "sub/e"), toQt(folder_ / "sub/ y" + "|" + folder_ / "sub/~" + "|" + folder_ / "sub/e.htm")},
+        {"\"", ""},
+    };
+    opening([&rows](Shown shown) {
+        for (const auto& [text, offers] : rows) {
+            emit shown.field.textEdited(text);
+            QStringList found;
+            const auto* list = shown.field.completer()->model();
+            for (int row = 0; row < list->rowCount(); ++row) found += list->index(row, 0).data().toString();
+            EXPECT_EQ(found.join('|'), offers);
+        }
+    });
 }
 
 TEST_F(FileDialogs, GiveANameThatIsNoUtf8ByItsBytes) {
@@ -187,6 +219,9 @@ TEST_F(FileDialogs, GiveANameThatIsNoUtf8ByItsBytes) {
                   shown.press(Qt::Key_Return);
               }),
               Paths{odd});
+    request_ = {.directory = folder_.path(), .fileName = odd};
+    EXPECT_EQ(saving([](Shown shown) { QTest::keyClick(&shown.field, Qt::Key_Return), letEventsRun(); }), odd);
+    EXPECT_EQ(saving([](Shown shown) { shown.type("new.html"); }), folder_ / "new.html");
 }
 
 TEST_F(FileDialogs, ShowTheFilesOfTheirFilterAndKeepWhatIsMarked) {
