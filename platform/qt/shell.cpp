@@ -6,8 +6,10 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <cerrno>
 
 #include "platform/error.h"
+#include "platform/file_error.h"
 #include "platform/paths.h"
 #include "platform/qt/convert.h"
 
@@ -65,8 +67,7 @@ void QtShell::start(const std::vector<std::string>& words, const std::string& wo
     for (std::size_t i = 1; i < words.size(); ++i) arguments += toQt(words[i]);
     program.setArguments(arguments);
     if (!workingDirectory.empty()) {
-        if (!QFileInfo(toQt(workingDirectory)).isDir())
-            throw Error(error_number::pathNotFound, "Path not found: " + workingDirectory);
+        if (!QFileInfo(toQt(workingDirectory)).isDir()) throw fileError(ENOTDIR, workingDirectory);
         program.setWorkingDirectory(toQt(workingDirectory));
     }
     // What the program writes has nowhere to go, and no pipe of ours may fill up.
