@@ -15,12 +15,26 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
+std::function<void(QAccessibleEvent&)>& sink() {
+    static std::function<void(QAccessibleEvent&)> sink;
+    return sink;
+}
+
+void say(QAccessibleEvent& event) {
+    if (sink()) return sink()(event);
+    QAccessible::updateAccessibility(&event);
+}
+
 /// Readers count characters.
 int offsetOf(const Sci& widget, long position) {
     return static_cast<int>(characterCount(shownText(widget, 0, position)));
 }
 
 }  // namespace
+
+void setSpeechSink(std::function<void(QAccessibleEvent&)> hear) {
+    sink() = std::move(hear);
+}
 
 std::string_view shownText(const Sci& widget, long start, long end) {
     if (start >= end) return {};
@@ -45,8 +59,12 @@ void TextSpeech::accessibilityActiveChanged(bool active) {
     inserted_ = {};
 }
 
+bool TextSpeech::isHeard() const {
+    return active_ || sink();
+}
+
 void TextSpeech::changing(bool insertion, int start, int length) {
-    if (paused_ || !active_) return;
+    if (paused_ || !isHeard()) return;
     tellInserted();
     if (insertion) {
         inserted_ = {start, start + length};
@@ -54,23 +72,23 @@ void TextSpeech::changing(bool insertion, int start, int length) {
     }
     QAccessibleTextRemoveEvent event(&widget_, offsetOf(widget_, start),
                                      toQt(shownText(widget_, start, start + length)));
-    QAccessible::updateAccessibility(&event);
+    say(event);
 }
 
 void TextSpeech::tell() {
-    if (paused_ || !active_) return;
+    if (paused_ || !isHeard()) return;
     tellInserted();
     tellCaret();
 }
 
 void TextSpeech::tellInserted() {
     Range inserted = std::exchange(inserted_, {});
-    // Without memory it has not come in.
+    // What was noticed may have failed since, or gone with its document.
     inserted.end = std::min(inserted.end, widget_.SendScintilla(Sci::SCI_GETLENGTH));
     if (inserted.start >= inserted.end) return;
     QAccessibleTextInsertEvent event(&widget_, offsetOf(widget_, inserted.start),
                                      toQt(shownText(widget_, inserted.start, inserted.end)));
-    QAccessible::updateAccessibility(&event);
+    say(event);
 }
 
 void TextSpeech::tellCaret() {
@@ -79,18 +97,18 @@ void TextSpeech::tellCaret() {
     if (told == caret) return;
     const int offset = offsetOf(widget_, caret.end);
     if (caret.start != caret.end || told.start != told.end) {
-        const auto [first, last] = std::minmax(offset, offsetOf(widget_, caret.start));
+        const auto [first, last] = std::minmax({offset, offsetOf(widget_, caret.start)});
         QAccessibleTextSelectionEvent event(&widget_, first, last);
         event.setCursorPosition(offset);
-        QAccessible::updateAccessibility(&event);
+        say(event);
     }
     QAccessibleTextCursorEvent event(&widget_, offset);
-    QAccessible::updateAccessibility(&event);
+    say(event);
 }
 
 TextSpeech::Pause::Pause(TextSpeech& speech) : speech_(speech), widget_(&speech.widget_) {
     speech_.tell();
-    if (speech_.active_) speech_.heard_ = shownText(*widget_);
+    if (speech_.isHeard()) speech_.heard_ = shownText(*widget_);
     speech_.paused_ = true;
 }
 
@@ -105,7 +123,7 @@ TextSpeech::Pause::~Pause() {
     guarded([&] {
         QAccessibleTextUpdateEvent event(widget_, offsetOf(*widget_, static_cast<long>(change.position)),
                                          toQt(change.removed), toQt(change.inserted));
-        QAccessible::updateAccessibility(&event);
+        say(event);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QPointer>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,7 @@ private:
         bool operator==(const Range&) const = default;
     };
     void accessibilityActiveChanged(bool active) override;
+    bool isHeard() const;
     void tellInserted();
     void tellCaret();
 
@@ -60,6 +62,10 @@ private:
     /// Anchor and caret as last told.
     Range caret_;
 };
+
+/// Hears the notices in place of the screen readers, active or not; an empty one gives them back to these. Tests set
+/// their own: where no reader can come the toolkit drops what it is told.
+void setSpeechSink(std::function<void(QAccessibleEvent&)> hear);
 
 /// The control's text in Scintilla's own memory; good until the next change.
 std::string_view shownText(const QsciScintillaBase& widget);

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QtWidgets>
 #include <fstream>
+#include <utility>
 
 #include "platform/qt/popup_place.h"
 #include "tests/edit_control_contract.h"
@@ -40,6 +41,42 @@ protected:
     std::unique_ptr<ScintillaEdit> edit = std::make_unique<ScintillaEdit>(form, "Text1");
     int changes = 0;
     int moves = 0;
+};
+
+/// What a screen reader hears while this lives, its changes of the text and of the caret alone.
+class Reader {
+public:
+    Reader() { setSpeechSink(hear); }
+    ~Reader() { setSpeechSink({}); }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    /// What has come since the last call; + in, - out, > caret, [ ) selection.
+    static std::string take() {
+        QApplication::processEvents();
+        return std::exchange(heard(), {}).toStdString();
+    }
+
+private:
+    static QString& heard() {
+        static QString text;
+        return text;
+    }
+    static void hear(QAccessibleEvent& event) {
+        const auto add = [](const QString& format, auto... values) { heard() += format.arg(values...); };
+        if (const auto* in = dynamic_cast<QAccessibleTextInsertEvent*>(&event)) {
+            add("+%1%2 ", QString::number(in->changePosition()), in->textInserted());
+        } else if (const auto* out = dynamic_cast<QAccessibleTextRemoveEvent*>(&event)) {
+            add("-%1%2 ", QString::number(out->changePosition()), out->textRemoved());
+        } else if (const auto* both = dynamic_cast<QAccessibleTextUpdateEvent*>(&event)) {
+            add("-+%1%2/%3 ", QString::number(both->changePosition()), both->textRemoved(), both->textInserted());
+        } else if (const auto* chosen = dynamic_cast<QAccessibleTextSelectionEvent*>(&event)) {
+            add("[%1,%2)%3 ", QString::number(chosen->selectionStart()), QString::number(chosen->selectionEnd()),
+                QString::number(chosen->cursorPosition()));
+        } else if (const auto* caret = dynamic_cast<QAccessibleTextCursorEvent*>(&event)) {
+            add(">%1 ", QString::number(caret->cursorPosition()));
+        }
+    }
 };
 
 using Sci = QsciScintillaBase;
@@ -275,6 +312,45 @@ TEST_F(ScintillaEditTest, AScreenReaderReadsCharactersWordsAndLines) {
     accessible->editableTextInterface()->replaceText(4, 6, "ü");
     EXPECT_EQ(edit->text().substr(0, 9), "one ü tw");
     EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ScintillaEditTest, AScreenReaderHearsEachChangeInCharacters) {
+    edit->setText("ä€ two");
+    const Reader reader;
+    Reader::take();
+    const std::pair<std::function<void()>, const char*> rows[] = {
+        {[&] { key(Qt::Key_End); }, ">6 "},
+        {[&] { press(Qt::Key_X, {}, "ü"); }, "+6ü >7 "},
+        {[&] { key(Qt::Key_Backspace); }, "-6ü >6 "},
+        {[&] { key(Qt::Key_Left, Qt::ShiftModifier); }, "[5,6)5 >5 "},
+        {[&] { key(Qt::Key_Home, controlShift); }, "[0,6)0 >0 "},
+        {[&] { key(Qt::Key_Right); }, "[6,6)6 >6 "},
+        {[&] { edit->setText("one two"); }, "-0ä€ two +0one two >0 "},
+        {[&] { edit->setSelText("ü"); }, "+0ü >1 "},
+        {[&] { edit->undo(); }, "-+0ü/ >0 "},
+        {[&] {
+             const EditControl::Batch batch(*edit);
+             for (const int start : {4, 0}) {
+                 edit->setSelStart(start);
+                 edit->setSelLength(1);
+                 edit->setSelText("ä");
+             }
+         },
+         "-+0one t/äne ä >1 "},
+        // The notice of what is put in comes first; it may fail then.
+        {[&] {
+             TextSpeech speech(scintilla());
+             speech.changing(true, 4, 1 << 20);
+             speech.tell();
+             speech.changing(true, 1 << 20, 1);
+             speech.tell();
+         },
+         "+3 äwo >1 "},
+    };
+    for (const auto& [act, heard] : rows) {
+        act();
+        EXPECT_EQ(Reader::take(), heard);
+    }
 }
 
 TEST_F(ScintillaEditTest, TheWindowMayEndBeforeTheControl) {
