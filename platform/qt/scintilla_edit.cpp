@@ -4,7 +4,6 @@
 #include <new>
 #include <utility>
 
-#include "platform/qt/text_accessible.h"
 #include "platform/text.h"
 
 namespace kelvor::qt {
