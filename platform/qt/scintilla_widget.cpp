@@ -40,7 +40,8 @@ bool isRedo(const KeyPress& press) {
 
 ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner)
     : control_(&control), owner_(owner), isField_(control.form().kind() == Form::Kind::tool) {
-    TextAccessible::install();  // behind the library's own, which its first widget installs: the last one is asked first
+    TextAccessible::install();  // behind the library's own, which its first widget installs: the last one is asked
+                                // first
     setUpText();
     if (isField_) send(SCI_SETWRAPMODE, SC_WRAP_WORD);
     setUpKeys();

@@ -1,6 +1,7 @@
 #include "platform/qt/text_accessible.h"
 
 #include "platform/edit_control.h"
+#include "platform/event.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/scintilla_widget.h"
 #include "platform/qt/text_speech.h"
@@ -75,12 +76,16 @@ void TextAccessible::addSelection(int start, int end) {
 }
 
 void TextAccessible::removeSelection(int index) {
-    if (index == 0 && widget_.control()) widget_.control()->setSelLength(0);
+    if (index == 0 && widget_.control()) guarded([&] { widget_.control()->setSelLength(0); });
 }
 
 void TextAccessible::setSelection(int index, int start, int end) {
+    if (index == 0) guarded([&] { select(start, end); });
+}
+
+void TextAccessible::select(int start, int end) {
     EditControl* const control = widget_.control();
-    if (index != 0 || !control) return;
+    if (!control) return;
     const auto from = static_cast<int>(positionOf(start));
     control->setSelStart(from);
     control->setSelLength(static_cast<int>(positionOf(end)) - from);
@@ -91,7 +96,7 @@ int TextAccessible::cursorPosition() const {
 }
 
 void TextAccessible::setCursorPosition(int offset) {
-    if (widget_.control()) widget_.control()->setSelStart(static_cast<int>(positionOf(offset)));
+    if (widget_.control()) guarded([&] { widget_.control()->setSelStart(static_cast<int>(positionOf(offset))); });
 }
 
 QString TextAccessible::text(int start, int end) const {
@@ -186,8 +191,11 @@ void TextAccessible::insertText(int offset, const QString& text) {
 
 void TextAccessible::replaceText(int start, int end, const QString& text) {
     if (!widget_.control() || !widget_.isEnabled()) return;
-    setSelection(0, start, end);
-    widget_.control()->setSelText(fromQt(text));
+    guarded([&] {
+        const std::string bytes = fromQt(text);
+        select(start, end);
+        widget_.control()->setSelText(bytes);
+    });
 }
 
 }  // namespace kelvor::qt

@@ -50,6 +50,7 @@ private:
     long send(unsigned int message, long first = 0, long second = 0) const;
     long length() const;
     long positionOf(int offset) const;
+    void select(int start, int end);
     int offsetOf(long position) const;
     Range unitAt(long position, QAccessible::TextBoundaryType boundary) const;
     QString told(Range range, int* start, int* end) const;
