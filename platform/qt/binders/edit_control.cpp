@@ -20,10 +20,10 @@ void showPlaceholder(EditControl& edit, const QWidget& place, QWidget& widget) {
     auto* label = new QLabel(text, &widget);
     label->setForegroundRole(QPalette::PlaceholderText);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    constexpr int margin = 5;  // pixels; where the text's first line stands
-    label->move(margin, 2);
+    constexpr QPoint firstLine(5, 2);  // pixels; where the text's first line stands
+    label->move(firstLine);
     const auto show = [&edit, label = QPointer(label)] {
-        if (label) label->setVisible(edit.characterCount() == 0);
+        if (label) label->setVisible(edit.textLength() == 0);
     };
     edit.changed.connect(show);
     show();
