@@ -189,7 +189,6 @@ void ScintillaWidget::keyPressEvent(QKeyEvent* event) {
         }
         if (runClipboardKey(*event)) return;
         if (isRedo(press)) return control_->redo();
-        if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) return openPopupAtCaret();
         takeLineEnd();
     }
     type(event);
