@@ -57,14 +57,10 @@ long TextAccessible::positionOf(int offset) const {
     return static_cast<long>(positionBehind(shownText(widget_), static_cast<std::size_t>(offset)));
 }
 
-int TextAccessible::offsetOf(long position) const {
-    return static_cast<int>(kelvor::characterCount(shownText(widget_, 0, position)));
-}
-
 void TextAccessible::selection(int index, int* start, int* end) const {
     const bool known = index == 0 && selectionCount() > 0;
-    *start = known ? offsetOf(send(Sci::SCI_GETSELECTIONSTART)) : 0;
-    *end = known ? offsetOf(send(Sci::SCI_GETSELECTIONEND)) : 0;
+    *start = known ? offsetOf(widget_, send(Sci::SCI_GETSELECTIONSTART)) : 0;
+    *end = known ? offsetOf(widget_, send(Sci::SCI_GETSELECTIONEND)) : 0;
 }
 
 int TextAccessible::selectionCount() const {
@@ -92,7 +88,7 @@ void TextAccessible::select(int start, int end) {
 }
 
 int TextAccessible::cursorPosition() const {
-    return offsetOf(send(Sci::SCI_GETCURRENTPOS));
+    return offsetOf(widget_, send(Sci::SCI_GETCURRENTPOS));
 }
 
 void TextAccessible::setCursorPosition(int offset) {
@@ -126,7 +122,7 @@ TextAccessible::Range TextAccessible::unitAt(long position, QAccessible::TextBou
 }
 
 QString TextAccessible::told(Range range, int* start, int* end) const {
-    *start = offsetOf(range.start);
+    *start = offsetOf(widget_, range.start);
     *end = *start + static_cast<int>(kelvor::characterCount(shownText(widget_, range.start, range.end)));
     return toQt(shownText(widget_, range.start, range.end));
 }
@@ -152,7 +148,7 @@ QString TextAccessible::textAtOffset(int offset, QAccessible::TextBoundaryType b
 }
 
 int TextAccessible::characterCount() const {
-    return offsetOf(length());
+    return offsetOf(widget_, length());
 }
 
 QRect TextAccessible::characterRect(int offset) const {
@@ -167,7 +163,7 @@ QRect TextAccessible::characterRect(int offset) const {
 
 int TextAccessible::offsetAtPoint(const QPoint& point) const {
     const QPoint place = widget_.viewport()->mapFromGlobal(point);
-    return offsetOf(send(Sci::SCI_POSITIONFROMPOINT, place.x(), place.y()));
+    return offsetOf(widget_, send(Sci::SCI_POSITIONFROMPOINT, place.x(), place.y()));
 }
 
 void TextAccessible::scrollToSubstring(int start, int end) {

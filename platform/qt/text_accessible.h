@@ -51,7 +51,6 @@ private:
     long length() const;
     long positionOf(int offset) const;
     void select(int start, int end);
-    int offsetOf(long position) const;
     Range unitAt(long position, QAccessible::TextBoundaryType boundary) const;
     QString told(Range range, int* start, int* end) const;
 

@@ -25,11 +25,6 @@ void say(QAccessibleEvent& event) {
     QAccessible::updateAccessibility(&event);
 }
 
-/// Readers count characters.
-int offsetOf(const Sci& widget, long position) {
-    return static_cast<int>(characterCount(shownText(widget, 0, position)));
-}
-
 }  // namespace
 
 void setSpeechSink(std::function<void(QAccessibleEvent&)> hear) {
@@ -44,6 +39,10 @@ std::string_view shownText(const Sci& widget, long start, long end) {
 
 std::string_view shownText(const Sci& widget) {
     return shownText(widget, 0, widget.SendScintilla(Sci::SCI_GETLENGTH));
+}
+
+int offsetOf(const Sci& widget, long position) {
+    return static_cast<int>(characterCount(shownText(widget, 0, position)));
 }
 
 TextSpeech::TextSpeech(Sci& widget) : widget_(widget) {

@@ -71,5 +71,7 @@ void setSpeechSink(std::function<void(QAccessibleEvent&)> hear);
 std::string_view shownText(const QsciScintillaBase& widget);
 /// Part of it; both positions are within the text.
 std::string_view shownText(const QsciScintillaBase& widget, long start, long end);
+/// The characters in front of a position: readers count these.
+int offsetOf(const QsciScintillaBase& widget, long position);
 
 }  // namespace kelvor::qt
