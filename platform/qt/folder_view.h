@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QTreeView>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/qt/folder_rows.h"

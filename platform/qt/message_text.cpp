@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <algorithm>
 
 #include "platform/qt/convert.h"
 #include "platform/shown_name.h"

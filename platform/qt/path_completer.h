@@ -4,6 +4,7 @@
 #include <QStringListModel>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace kelvor::qt {
 

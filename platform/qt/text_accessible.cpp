@@ -1,5 +1,7 @@
 #include "platform/qt/text_accessible.h"
 
+#include <algorithm>
+
 #include "platform/edit_control.h"
 #include "platform/event.h"
 #include "platform/qt/convert.h"
