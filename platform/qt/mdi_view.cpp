@@ -38,7 +38,11 @@ public:
     /// Back from its icon, as large as it was.
     void bringBack() {
         if (!isMinimized()) return;
-        wasMaximised_ ? showMaximized() : showNormal();
+        if (wasMaximised_) {
+            showMaximized();
+        } else {
+            showNormal();
+        }
     }
 
     /// A maximised window's title stands in the frame's, where there is room for the path. A small one begins with what
@@ -224,7 +228,11 @@ void MdiView::arrange() {
 void MdiView::keepKeysSeen(QWidget* focus) {
     ChildWindow* window = windowAround(focus);
     if (!window || !window->isMinimized()) return;
-    following_ ? window->setFocus() : window->bringBack();
+    if (following_) {
+        window->setFocus();
+    } else {
+        window->bringBack();
+    }
 }
 
 bool MdiView::eventFilter(QObject* watched, QEvent* event) {
