@@ -36,8 +36,10 @@ QUrl fileUrl(const std::string& path) {
     return QUrl::fromEncoded(QByteArray::fromStdString("file://" + percentEncoded(whole)), QUrl::StrictMode);
 }
 
+/// Empty for a URL that is broken, which would keep its scheme otherwise and pass for a server's page.
 QUrl pageUrl(const std::string& address) {
-    return isUrl(address) ? QUrl(toQt(address)) : fileUrl(address);
+    const QUrl url = isUrl(address) ? QUrl(toQt(address)) : fileUrl(address);
+    return url.isValid() ? url : QUrl();
 }
 
 QString heldBackText(bool scripts, bool network) {
