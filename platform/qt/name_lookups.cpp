@@ -19,7 +19,7 @@ bool looksUpNames() {
 
 /// Whether there is nothing to ask anybody: no host at all, which is this machine, or an address in numbers.
 bool isNoName(const char* host, const addrinfo* hints) {
-    in6_addr room;
+    in6_addr room{};
     return !host || (hints && (hints->ai_flags & AI_NUMERICHOST)) || inet_pton(AF_INET, host, &room) == 1 ||
            inet_pton(AF_INET6, host, &room) == 1;
 }
