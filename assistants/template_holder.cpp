@@ -1,9 +1,12 @@
 #include "assistants/template_holder.h"
 
+#include <unicode/uchar.h>
+
 #include "authoring/common.h"
 #include "core/file_open.h"
 #include "core/frame.h"
 #include "core/recent_files.h"
+#include "platform/code_points.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/platform.h"
@@ -35,18 +38,34 @@ bool confirmDeletion(const std::string& name) {
                                        .standard = Answer::no}) == Answer::yes;
 }
 
+/// Whether nothing of the text is seen, in any script.
 bool isBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == std::string_view::npos;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto [value, length] = codePointAt(text, at);
+        if (!u_isUWhiteSpace(value)) return false;
+        at += length;
+    }
+    return true;
 }
 
-/// Whether a template may have that name. The user has been told otherwise; a name without a letter is as good as a
-/// cancelled edit.
+/// Whether a name can be a template's; the user has been told otherwise.
 bool validTemplateName(const std::string& name) {
-    if (isBlank(name) || !validFileName(name)) return false;
+    if (!validFileName(name)) return false;
     if (name.find('.') == std::string::npos) return true;
     beepAndShow({.text = "A template name cannot contain a period(.).",
                  .title = "Illegal character in requested template name",
                  .icon = MessageIcon::critical});
+    return false;
+}
+
+/// Whether a template may be renamed so. The user has been told otherwise; a name without a letter is as good as a
+/// cancelled edit.
+bool mayBeRenamed(const std::string& oldName, const std::string& name) {
+    if (isBlank(name) || !validTemplateName(name)) return false;
+    if (name == oldName || !fileExists(templateFile(name))) return true;
+    beepAndShow({.text = "There is a template of this name already: " + name,
+                 .title = "Template file already exists.",
+                 .icon = MessageIcon::exclamation});
     return false;
 }
 
@@ -113,11 +132,8 @@ void TemplateHolder::deleteTemplate() {
 }
 
 void TemplateHolder::lbxTemplates_AfterLabelEdit(const std::string& text, bool& cancel) {
-    if (validTemplateName(text)) {
-        renameFile(templateFile(templatePath_), templateFile(text));
-    } else {
-        cancel = true;
-    }
+    cancel = !mayBeRenamed(templatePath_, text);
+    if (!cancel) renameFile(templateFile(templatePath_), templateFile(text));
 }
 
 void TemplateHolder::addTpl(const std::string& name) {

@@ -64,7 +64,7 @@ void fillMenu(MdiArea& area, QMenu& menu) {
     menu.addSeparator()->setObjectName(listed);
     for (std::size_t index = 0; index < std::min(children.size(), rowsInMenu); ++index) {
         Form* child = children[index];
-        const QString title = menuText(elidedInTheMiddle(toQt(shownName(child->caption())), longestRow));
+        const QString title = menuText(elidedInTheMiddle(nameFirst(child->caption()), longestRow));
         QAction* action = menu.addAction(QStringLiteral("&%1 ").arg(index + 1) + title);
         action->setObjectName(listed);
         action->setCheckable(true);

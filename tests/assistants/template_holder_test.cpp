@@ -65,14 +65,11 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
                    "A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
                    MessageIcon::critical);
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "a/b"));
-        for (const char* nothing : {"", "  "}) EXPECT_FALSE(holder.lbxTemplates.edit(1, nothing));
+        for (const char* nothing : {"", "  ", "\u00A0\u3000\t"}) EXPECT_FALSE(holder.lbxTemplates.edit(1, nothing));
+        expectTold("Template file already exists.",
+                   "There is a template of this name already: my default template copy", MessageIcon::exclamation);
+        EXPECT_FALSE(holder.lbxTemplates.edit(1, "my default template copy"));
         EXPECT_TRUE(exists("Page"));
-        int number = 0;
-        setErrorSink([&number](const Error& error) { number = error.number(); });
-        holder.lbxTemplates.edit(1, "my default template copy");
-        EXPECT_EQ(number, error_number::fileAlreadyExists);
-        EXPECT_TRUE(exists("Page"));
-        holder.lbxTemplates.setText(1, "Page");
         holder.lbxTemplates.setSelectedRow(0);
         expectTold("Template deletion error",
                    "You can not delete the default template.\r\n"

@@ -155,7 +155,7 @@ TEST_F(Frame, TheWindowMenuListsTheChildren) {
         menu.close();
     }
     ASSERT_EQ(menu.actions().size(), rows + 3);
-    EXPECT_EQ(menu.actions()[rows + 1]->text(), "&1 /web/a&&b.html");
+    EXPECT_EQ(menu.actions()[rows + 1]->text(), "&1 a&&b.html - /web");
     EXPECT_TRUE(menu.actions()[rows + 2]->isChecked());
     for (int time = 0; time < 2; ++time) {
         menu.actions()[rows + 1]->trigger();
