@@ -19,8 +19,8 @@ public:
 
     /// Asks to end the program, as its Exit does; false when the user refused. Runs between two events of the main
     /// loop. A signal that comes while menus, dialogs or modal forms are open closes them first, as their close
-    /// boxes do; one that comes during the start or a long run waits for the end of it. While the wish itself asks, as Exit
-    /// does about unsaved texts, another signal does nothing: its answer is the user's.
+    /// boxes do; one that comes during the start or a long run waits for the end of it. While this asks,
+    /// about unsaved texts for example, another signal does nothing: the answer is the user's.
     std::function<bool()> onExitWanted;
 
     /// Runs the main loop until the program is to end.

@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/qt/text_accessible.h"
 #include "platform/text.h"
 
 namespace kelvor::qt {

@@ -12,7 +12,6 @@
 #include "platform/qt/covering_windows.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/popup_place.h"
-#include "platform/qt/text_accessible.h"
 #include "platform/text.h"
 
 namespace kelvor::qt {
@@ -40,8 +39,7 @@ bool isRedo(const KeyPress& press) {
 
 ScintillaWidget::ScintillaWidget(EditControl& control, Owner& owner)
     : control_(&control), owner_(owner), isField_(control.form().kind() == Form::Kind::tool) {
-    TextAccessible::install();  // behind the library's own, which its first widget installs: the last one is asked
-                                // first
+    // first
     setUpText();
     if (isField_) send(SCI_SETWRAPMODE, SC_WRAP_WORD);
     setUpKeys();
