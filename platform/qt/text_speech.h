@@ -18,7 +18,7 @@ class TextSpeech : private QAccessible::ActivationObserver {
 public:
     /// @param widget  outlives this
     explicit TextSpeech(QsciScintillaBase& widget);
-    ~TextSpeech();
+    ~TextSpeech() override;
     TextSpeech(const TextSpeech&) = delete;
     TextSpeech& operator=(const TextSpeech&) = delete;
 
