@@ -39,9 +39,11 @@ def allow(ruleset, place, rights):
 
 
 def confine(work):
-    """Lets this process and what it starts read the system, and nothing else outside `work`."""
+    """Lets this process and what it starts read the system and list folders, and nothing else outside `work`."""
     ruleset = LIBRARY.syscall(CREATE_RULESET, struct.pack("=Q", EVERY_RIGHT), 8, 0)
     allow(ruleset, work, EVERY_RIGHT)
+    # Folders are listed everywhere, as Quick File does from the root on; the files in them stay closed.
+    allow(ruleset, "/", READ_DIR)
     for place in ("/usr", "/lib", "/lib64", "/etc", "/proc", "/sys", "/var/cache/fontconfig"):
         allow(ruleset, place, READ_FILE | READ_DIR)
     # The loader and the shell of the stand-ins.
