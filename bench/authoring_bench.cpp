@@ -9,16 +9,16 @@
 #include <string>
 
 #include "authoring/convert.h"
-#include "authoring/special_chars.h"
 #include "authoring/strip_tags.h"
 #include "bench/answers.h"
 #include "bench/bare_scintilla.h"
-#include "core/edit_window.h"
-#include "core/frame.h"
+#include "controls/text_buffer.h"
+#include "frame/edit_window.h"
+#include "frame/main_frame.h"
+#include "html/special_chars.h"
 #include "platform/platform.h"
-#include "platform/qt/qt_platform.h"
-#include "platform/qt/scintilla_edit.h"
-#include "platform/text_buffer.h"
+#include "qt/qt_platform.h"
+#include "qt/scintilla_edit.h"
 
 namespace kelvor::bench {
 namespace {

@@ -10,9 +10,9 @@
 #include <map>
 #include <sstream>
 
+#include "base/event.h"
 #include "bench/driver_task.h"
 #include "bench/headless_platform.h"
-#include "platform/event.h"
 
 namespace kelvor::bench {
 

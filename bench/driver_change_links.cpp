@@ -2,10 +2,10 @@
 #include <stdexcept>
 
 #include "batch/case_change.h"
-#include "batch/link_references.h"
 #include "bench/driver_task.h"
 #include "bench/unflushed.h"
-#include "core/frame.h"
+#include "frame/main_frame.h"
+#include "html/link_references.h"
 
 namespace kelvor::bench {
 

@@ -2,10 +2,10 @@
 #include <optional>
 #include <stdexcept>
 
-#include "authoring/special_chars.h"
 #include "batch/multi.h"
 #include "bench/driver_task.h"
 #include "bench/unflushed.h"
+#include "html/special_chars.h"
 
 namespace kelvor::bench {
 

@@ -12,9 +12,9 @@
 #include <string>
 
 #include "bench/bare_scintilla.h"
-#include "platform/form.h"
-#include "platform/qt/scintilla_edit.h"
-#include "platform/text_buffer.h"
+#include "controls/form.h"
+#include "controls/text_buffer.h"
+#include "qt/scintilla_edit.h"
 
 namespace kelvor::bench {
 namespace {

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <iostream>
 
-#include "platform/text_buffer.h"
+#include "controls/text_buffer.h"
 
 namespace kelvor::bench {
 

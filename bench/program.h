@@ -8,11 +8,11 @@
 
 #include "bench/answers.h"
 #include "core/file_open.h"
-#include "core/frame.h"
-#include "core/startup.h"
-#include "platform/paths.h"
-#include "platform/qt/qt_platform.h"
-#include "platform/temporary_directory.h"
+#include "files/places.h"
+#include "files/temporary_directory.h"
+#include "frame/main_frame.h"
+#include "program/startup.h"
+#include "qt/qt_platform.h"
 #include "support/settings.h"
 
 namespace kelvor::bench {

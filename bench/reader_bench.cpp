@@ -6,14 +6,15 @@
 
 #include <QAccessible>
 
-#include "authoring/common.h"
 #include "authoring/convert.h"
-#include "authoring/special_chars.h"
 #include "authoring/strip_tags.h"
 #include "batch/find_replace.h"
 #include "batch/link_case.h"
 #include "bench/bare_scintilla.h"
 #include "bench/program.h"
+#include "editing/insertion.h"
+#include "frame/tool_forms.h"
+#include "html/special_chars.h"
 
 namespace kelvor::bench {
 namespace {

@@ -8,10 +8,11 @@
 #include <QApplication>
 #include <QTimer>
 
-#include "authoring/common.h"
 #include "batch/find_replace.h"
 #include "bench/bare_scintilla.h"
 #include "bench/program.h"
+#include "editing/insertion.h"
+#include "frame/tool_forms.h"
 
 namespace kelvor::bench {
 namespace {

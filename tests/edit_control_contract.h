@@ -6,10 +6,10 @@
 #include <optional>
 #include <random>
 
-#include "platform/edit_control.h"
-#include "platform/form.h"
-#include "platform/text.h"
+#include "controls/edit_control.h"
+#include "controls/form.h"
 #include "tests/fake_platform.h"
+#include "text/code_points.h"
 
 namespace kelvor {
 

@@ -4,11 +4,11 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/event.h"
-#include "platform/form.h"
-#include "platform/menu_item.h"
-#include "platform/paths.h"
-#include "platform/text_buffer.h"
+#include "base/event.h"
+#include "controls/form.h"
+#include "controls/menu_item.h"
+#include "controls/text_buffer.h"
+#include "files/places.h"
 
 namespace kelvor {
 

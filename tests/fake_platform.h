@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/platform.h"
 
 namespace kelvor {

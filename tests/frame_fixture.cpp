@@ -1,7 +1,7 @@
 #include "tests/frame_fixture.h"
 
-#include "authoring/common.h"
-#include "core/frame.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
 #include "support/report_error.h"
 
 namespace kelvor {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/edit_window.h"
+#include "frame/edit_window.h"
 #include "tests/fake_platform.h"
 #include "tests/fresh_state.h"
 

@@ -3,8 +3,13 @@
 #include <cstdlib>
 #include <utility>
 
-#include "authoring/common.h"
-#include "platform/form.h"
+#include "authoring/insert_lists.h"
+#include "controls/form.h"
+#include "editing/editor_colors.h"
+#include "editing/insertion.h"
+#include "frame/file_dialogs.h"
+#include "frame/tool_forms.h"
+#include "support/fields.h"
 #include "support/settings.h"
 
 namespace kelvor {

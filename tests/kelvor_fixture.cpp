@@ -1,8 +1,8 @@
 #include "tests/kelvor_fixture.h"
 
+#include "controls/text_buffer.h"
 #include "core/file_open.h"
-#include "core/startup.h"
-#include "platform/text_buffer.h"
+#include "program/startup.h"
 #include "support/settings.h"
 
 namespace kelvor {

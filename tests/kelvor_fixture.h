@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/document_manager.h"
-#include "core/frame.h"
+#include "frame/main_frame.h"
 #include "tests/fake_platform.h"
 #include "tests/fresh_state.h"
 

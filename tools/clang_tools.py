@@ -57,7 +57,7 @@ def fingerprint(files, path, context):
         here = waiting.pop()
         if here in files and here not in reached:
             reached.add(here)
-            waiting += [header for _, header, _ in source_rules.includes(files[here])]
+            waiting += [header for _, header in source_rules.included(files[here], files)]
     digest = hashlib.sha256(context.encode())
     for name in sorted(reached):
         digest.update(f"\0{name}\0{files[name]}".encode())

@@ -24,46 +24,44 @@ class RulesCanFail(unittest.TestCase):
 
     def test_sound_sources_pass(self):
         self.expect(source_rules.check({
-            "platform/a.h": "#include <queue>\n",
-            "support/settings.h": '#include "platform/a.h"\n',
-            "support/settings.cpp": '#include "support/settings.h"\n',
-            "platform/qt/b.cpp": '#include <QWidget>\n#include "ui_b.h"\n#include "b.moc"\n#include "support/settings.h"\n',
-            "tests/qt/b_test.cpp": "#include <Qsci/qsciscintillabase.h>\n",
+            "src/base/a.h": "#include <queue>\n",
+            "src/support/settings.h": '#include "base/a.h"\n',
+            "src/support/settings.cpp": '#include "support/settings.h"\n',
+            "src/qt/b.cpp": '#include <QWidget>\n#include "ui_b.h"\n#include "b.moc"\n#include "support/settings.h"\n',
+            "tests/kit/c.h": '#include "support/settings.h"\n',
+            "tests/qt/b_test.cpp": '#include <Qsci/qsciscintillabase.h>\n#include "tests/kit/c.h"\n',
         }))
 
     def test_toolkit(self):
         for header in ("<QString>", "<QtWidgets/QWidget>", "<Qsci/qsciscintilla.h>", "<qglobal.h>", '"ui_find.h"'):
-            self.expect(source_rules.check({"core/a.cpp": f"// text\n#include {header}\n"}), "core/a.cpp:2: ")
+            self.expect(source_rules.check({"src/core/a.cpp": f"// text\n#include {header}\n"}), "src/core/a.cpp:2: ")
         self.expect(source_rules.check({"tests/core/a_test.cpp": "#  include <QString>\n"}), "belongs to the toolkit")
 
     def test_include_paths(self):
-        self.expect(source_rules.check({"core/a.cpp": '#include "a.h"\n', "core/a.h": ""}), '"a.h" is no path')
+        for header in ("a.h", "elsewhere/a.h"):
+            self.expect(source_rules.check({"src/core/a.cpp": f'#include "{header}"\n', "src/core/a.h": ""}), "is no path")
 
     def test_floors(self):
-        for path, header in (("platform/a.h", "support/settings.h"), ("authoring/common.h", "core/document.h"),
-                             ("core/frame.h", "core/document.h"), ("preview/a.cpp", "batch/find.h"),
-                             ("support/preferences.h", "core/startup.h"), ("core/startup.cpp", "platform/qt/a.h"),
-                             ("platform/qt/main.cpp", "tests/fake_platform.h")):
-            self.expect(source_rules.check({path: f'#include "{header}"\n', header: ""}), f"{path}:1: floor")
-        self.expect(source_rules.check({"platform/a.h": '#include "KVFileSystem/b.h"\n', "KVFileSystem/b.h": ""}),
+        names = source_rules.FLOORS
+        for lower, upper in zip(names, names[1:]):
+            self.expect(source_rules.check({f"src/{lower}/a.h": f'#include "{upper}/b.h"\n', f"src/{upper}/b.h": ""}),
+                        f"src/{lower}/a.h:1: includes src/{upper}/b.h")
+        self.expect(source_rules.check({"src/qt/main.cpp": '#include "tests/kit/a.h"\n', "tests/kit/a.h": ""}), "later")
+        self.expect(source_rules.check({"src/KVFileSystem/a.h": '#include "base/b.h"\n', "src/base/b.h": ""}),
                     "includes nothing else")
-        with self.assertRaisesRegex(ValueError, "no floor"):
-            source_rules.floor_of("elsewhere/a.h")
+        with self.assertRaisesRegex(ValueError, "not in the list"):
+            source_rules.floor_of("src/elsewhere/a.h")
 
     def test_circles(self):
         self.expect(source_rules.check({
-            "core/a.h": "", "core/a.cpp": '#include "core/a.h"\n#include "core/b.h"\n',
-            "core/b.h": '#include "core/c.h"\n', "core/c.h": "", "core/c.cpp": '#include "core/a.h"\n',
-        }), "core/a -> core/b -> core/c -> core/a")
-
-    def test_loops(self):
-        for text in ("dialog.exec();", "return box->exec() == QDialog::Accepted;"):
-            self.expect(source_rules.check({"platform/qt/a.cpp": f"\n{text}\n"}), "platform/qt/a.cpp:2: an event loop")
+            "src/core/a.h": "", "src/core/a.cpp": '#include "core/a.h"\n#include "core/b.h"\n',
+            "src/core/b.h": '#include "core/c.h"\n', "src/core/c.h": "", "src/core/c.cpp": '#include "core/a.h"\n',
+        }), "src/core/a -> src/core/b -> src/core/c -> src/core/a")
 
     def test_file_length(self):
-        self.expect(source_rules.check({"core/a.cpp": "\n" * 500}))
-        self.expect(source_rules.check({"core/a.cpp": "\n" * 501}), "501 lines")
-        self.expect(source_rules.check({"core/menu_table.cpp": "\n" * 501}))
+        self.expect(source_rules.check({"src/core/a.cpp": "\n" * 500}))
+        self.expect(source_rules.check({"src/core/a.cpp": "\n" * 501}), "501 lines")
+        self.expect(source_rules.check({"src/frame/menu_table.cpp": "\n" * 501}))
 
     def lint(self, text):
         """The findings of both clang tools for a header in a project of its own."""
@@ -71,13 +69,13 @@ class RulesCanFail(unittest.TestCase):
             root = pathlib.Path(folder).resolve()
             for configuration in (".clang-format", ".clang-tidy"):
                 shutil.copy(ROOT / configuration, root)
-            (root / "core").mkdir()
-            files = {"core/a.h": text, "core/use.cpp": '#include "core/a.h"\n'}
+            (root / "src/core").mkdir(parents=True)
+            files = {"src/core/a.h": text, "src/core/use.cpp": '#include "core/a.h"\n'}
             for path, content in files.items():
                 (root / path).write_text(content, encoding="utf-8")
-            source = str(root / "core/use.cpp")
+            source = str(root / "src/core/use.cpp")
             (root / "compile_commands.json").write_text(json.dumps(
-                [{"directory": folder, "file": source, "command": f"c++ -std=c++20 -I{root} -c {source}"}]))
+                [{"directory": folder, "file": source, "command": f"c++ -std=c++20 -I{root}/src -c {source}"}]))
             first = clang_tools.check_tidy(root, files, root)
             self.assertEqual(first, clang_tools.check_tidy(root, files, root))
             return clang_tools.check_format(root, files) + first

@@ -2,60 +2,35 @@
 import pathlib
 import re
 
-SOURCE_FOLDERS = ("KVFileSystem", "assistants", "authoring", "batch", "bench", "core", "platform", "preview", "support",
-                  "tests")
+SOURCE_FOLDERS = ("src", "tests", "bench")
 
-# Floors: a file includes only its own floor and those below. The first row that matches counts; a row is a
-# folder (it ends in "/") or a unit, which is a .cpp with its .h.
-FLOORS = (
-    ("platform/qt/", 5),
-    ("platform/", 0),
-    ("KVFileSystem/", 0),
-    ("support/setting", 1),
-    ("support/settings", 1),
-    ("support/settings_database", 1),
-    ("support/report_error", 1),
-    ("support/html_help", 1),
-    ("support/help_commands", 1),
-    ("support/help_pages", 1),
-    ("support/desktop_tools", 1),
-    ("authoring/common", 1),
-    ("authoring/anchors", 1),
-    ("authoring/htmlkeys", 1),
-    ("core/frame", 1),
-    ("core/edit_window", 1),
-    ("core/menu_table", 1),
-    ("core/toolbar_table", 1),
-    ("core/command_table", 4),
-    ("core/toolbar_commands", 4),
-    ("core/startup", 4),
-    ("core/new_file", 3),
-    ("core/quick_file", 3),
-    ("core/", 2),
-    ("preview/", 2),
-    ("authoring/", 3),
-    ("assistants/", 3),
-    ("batch/", 3),
-    ("support/", 3),
-    ("tests/", 6),
-    ("bench/", 6),
-)
+# Where an include's path begins; the first that has the file counts.
+INCLUDE_ROOTS = ("src/", "")
 
-# The two folders of floor 0 know only themselves, not even each other.
-CLOSED_FOLDERS = ("platform/", "KVFileSystem/")
+# A library that includes nothing of the project, so that other programs can have it.
+CLOSED_FLOORS = ("KVFileSystem",)
 
-TOOLKIT_FOLDERS = ("platform/qt/", "tests/qt/", "bench/")
+TOOLKIT_FOLDERS = ("src/qt/", "tests/qt/", "bench/")
 TOOLKIT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*|Qsci/.*|q\w+\.h|Sci\w*\.h|ui_\w+\.h)$")
 
 # An event loop inside a command runs only where the forms below it are kept open: dialogs go through modal.h.
 LOOP = re.compile(r"(\.|->)exec\(")
-LOOP_PLACES = ("platform/qt/modal.cpp", "platform/qt/windows.cpp", "platform/qt/browser/", "tests/", "bench/")
+LOOP_PLACES = ("src/qt/modal.cpp", "src/qt/qt_windows.cpp", "src/qt/browser/", "tests/", "bench/")
 
 FILE_LINES = 500
 # Rows of data without a branch may go on for longer.
-DATA_TABLES = ("core/menu_table.cpp", "core/toolbar_table.cpp")
+DATA_TABLES = ("src/frame/menu_table.cpp", "src/frame/toolbar_table.cpp")
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+def read_floors():
+    """The folders of src in their order: those that the build links, and the toolkit's above them."""
+    build = (pathlib.Path(__file__).resolve().parent.parent / "src/CMakeLists.txt").read_text(encoding="utf-8")
+    return re.search(r"set\(floors\s+([^)]*)\)", build).group(1).split() + ["qt"]
+
+
+FLOORS = read_floors()
 
 
 def read_sources(root):
@@ -69,16 +44,33 @@ def unit_of(path):
 
 
 def floor_of(path):
-    for place, floor in FLOORS:
-        if path.startswith(place) if place.endswith("/") else unit_of(path) == place:
-            return floor
-    raise ValueError(f"{path}: its folder has no floor in {pathlib.Path(__file__).name}")
+    """The place of a file's folder in the list; tests and benchmarks stand above it."""
+    folder, _, rest = path.partition("/")
+    if folder != "src":
+        return len(FLOORS)
+    floor = rest.partition("/")[0]
+    if floor not in FLOORS:
+        raise ValueError(f"{path}: its folder is not in the list of src/CMakeLists.txt")
+    return FLOORS.index(floor)
+
+
+def resolve(header, files):
+    """The file that an include names, or None for one that is not the project's."""
+    return next((root + header for root in INCLUDE_ROOTS if root + header in files), None)
 
 
 def includes(text):
     """(line number, header, whether it stands in quotes) of each include."""
     for match in INCLUDE.finditer(text):
         yield text.count("\n", 0, match.start()) + 1, match.group(2), match.group(1) == '"'
+
+
+def included(text, files):
+    """(line number, file) of each include of the project's own."""
+    for line, header, _ in includes(text):
+        file = resolve(header, files)
+        if file:
+            yield line, file
 
 
 def check(files):
@@ -93,24 +85,22 @@ def check_toolkit(files):
 
 
 def check_include_paths(files):
-    return [f'{path}:{line}: "{header}" is no path from the project\'s root'
+    return [f'{path}:{line}: "{header}" is no path from src or from the project\'s root'
             for path, text in files.items()
             for line, header, quoted in includes(text)
-            if quoted and header not in files and not TOOLKIT_HEADER.match(header) and not header.endswith(".moc")]
+            if quoted and not resolve(header, files) and not TOOLKIT_HEADER.match(header) and not header.endswith(".moc")]
 
 
 def check_floors(files):
     findings = []
     for path, text in files.items():
         floor = floor_of(path)
-        home = next((folder for folder in CLOSED_FOLDERS if floor == 0 and path.startswith(folder)), "")
-        for line, header, _ in includes(text):
-            if header not in files:
-                continue
+        closed = floor < len(FLOORS) and FLOORS[floor] in CLOSED_FLOORS
+        for line, header in included(text, files):
             if floor_of(header) > floor:
-                findings.append(f"{path}:{line}: floor {floor} includes {header} of floor {floor_of(header)}")
-            elif not header.startswith(home):
-                findings.append(f"{path}:{line}: {home} includes nothing else of the project, but here {header}")
+                findings.append(f"{path}:{line}: includes {header}, whose folder comes later in the list")
+            elif closed and floor_of(header) != floor:
+                findings.append(f"{path}:{line}: {FLOORS[floor]} includes nothing else of the project, but here {header}")
     return findings
 
 
@@ -118,7 +108,7 @@ def check_circles(files):
     """One finding for each circle met on a walk over the units, with the way round."""
     below = {}
     for path, text in files.items():
-        below.setdefault(unit_of(path), set()).update(unit_of(header) for _, header, _ in includes(text) if header in files)
+        below.setdefault(unit_of(path), set()).update(unit_of(header) for _, header in included(text, files))
     findings = []
     finished = set()
 
@@ -135,12 +125,12 @@ def check_circles(files):
     return findings
 
 
-def check_loops(files):
-    return [f"{path}:{number}: an event loop of its own; platform/qt/modal.h shows dialogs"
-            for path, text in files.items() if not path.startswith(LOOP_PLACES)
-            for number, line in enumerate(text.splitlines(), 1) if LOOP.search(line)]
-
-
 def check_lengths(files):
     return [f"{path}: {text.count(chr(10))} lines; a file has {FILE_LINES} at most"
             for path, text in files.items() if text.count("\n") > FILE_LINES and path not in DATA_TABLES]
+
+
+def check_loops(files):
+    return [f"{path}:{number}: an event loop of its own; src/qt/modal.h shows dialogs"
+            for path, text in files.items() if not path.startswith(LOOP_PLACES)
+            for number, line in enumerate(text.splitlines(), 1) if LOOP.search(line)]

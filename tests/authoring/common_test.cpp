@@ -1,4 +1,10 @@
-#include "authoring/common.h"
+#include "files/whole_file.h"
+#include "frame/tool_forms.h"
+#include "html/colors.h"
+#include "support/fields.h"
+#include "support/messages.h"
+#include "support/programs.h"
+#include "text/text_search.h"
 
 #include <filesystem>
 

@@ -2,15 +2,16 @@
 
 #include <tuple>
 
-#include "authoring/common.h"
 #include "authoring/date_time.h"
-#include "authoring/htmlkeys.h"
 #include "authoring/quick_color.h"
 #include "authoring/selection_commands.h"
 #include "authoring/special_character_insertion.h"
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
-#include "platform/text_buffer.h"
+#include "controls/text_buffer.h"
+#include "editing/htmlkeys.h"
+#include "editing/insertion.h"
+#include "frame/tool_forms.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"
 

@@ -2,12 +2,14 @@
 
 #include <tuple>
 
-#include "authoring/common.h"
 #include "authoring/name_anchor_file.h"
 #include "authoring/name_anchors.h"
 #include "authoring/named_links.h"
-#include "authoring/relative_path.h"
 #include "core/file_open.h"
+#include "editing/insertion.h"
+#include "frame/file_dialogs.h"
+#include "frame/tool_forms.h"
+#include "html/relative_path.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"
 

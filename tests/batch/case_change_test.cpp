@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "core/frame.h"
+#include "frame/main_frame.h"
 #include "tests/batch/waiting_events.h"
 #include "tests/frame_fixture.h"
 

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <optional>
 
-#include "authoring/common.h"
 #include "tests/batch/waiting_events.h"
 #include "tests/kelvor_fixture.h"
 

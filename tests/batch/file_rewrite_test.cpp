@@ -10,11 +10,11 @@
 #include <random>
 #include <thread>
 
+#include "base/error.h"
 #include "batch/line_rewrite.h"
-#include "platform/error.h"
-#include "platform/file_replace.h"
-#include "platform/text_encoding.h"
+#include "files/file_replace.h"
 #include "tests/platform/faults.h"
+#include "text/text_encoding.h"
 
 namespace kelvor {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/frame.h"
+#include "frame/main_frame.h"
 #include "support/settings.h"
 #include "tests/frame_fixture.h"
 

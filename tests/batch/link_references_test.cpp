@@ -1,10 +1,10 @@
-#include "batch/link_references.h"
+#include "html/link_references.h"
 
 #include <gtest/gtest.h>
 
 #include "batch/link_case.h"
-#include "platform/form.h"
-#include "platform/text_buffer.h"
+#include "controls/form.h"
+#include "controls/text_buffer.h"
 #include "tests/fake_platform.h"
 
 namespace kelvor {
@@ -52,7 +52,7 @@ TEST_F(References, ManyUnclosedOnesCostNoMoreThanTheirLength) {
     std::string text;
     for (int i = 0; i < 1'000'000; ++i) text += "HREF=x";
     box.setText(text);
-    EXPECT_TRUE(parseLinkReferences(box, "HREF=").badLinks);
+    EXPECT_TRUE(parseLinkReferences(box.textView(), "HREF=").badLinks);
 }
 
 }  // namespace

@@ -10,11 +10,12 @@
 #include <filesystem>
 #include <thread>
 
-#include "authoring/common.h"
-#include "authoring/special_chars.h"
-#include "platform/paths.h"
-#include "platform/system_calls.h"
-#include "platform/temporary_directory.h"
+#include "files/paths.h"
+#include "files/places.h"
+#include "files/system_calls.h"
+#include "files/temporary_directory.h"
+#include "frame/file_dialogs.h"
+#include "html/special_chars.h"
 #include "support/report_error.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"

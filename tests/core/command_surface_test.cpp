@@ -1,12 +1,12 @@
 #include <map>
 #include <set>
 
-#include "core/command_table.h"
-#include "core/enablement.h"
 #include "core/file_close.h"
-#include "core/menu_table.h"
-#include "core/toolbar_commands.h"
-#include "support/desktop_tools.h"
+#include "frame/enablement.h"
+#include "frame/menu_table.h"
+#include "program/command_table.h"
+#include "program/toolbar_commands.h"
+#include "support/programs.h"
 #include "support/settings.h"
 #include "tests/kelvor_fixture.h"
 

@@ -2,11 +2,10 @@
 
 #include <sys/stat.h>
 
-#include "authoring/common.h"
 #include "batch/find.h"
+#include "controls/text_buffer.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
-#include "platform/text_buffer.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"
 

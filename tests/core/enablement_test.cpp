@@ -1,4 +1,4 @@
-#include "core/enablement.h"
+#include "frame/enablement.h"
 
 #include <sys/stat.h>
 

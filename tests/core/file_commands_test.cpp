@@ -2,12 +2,12 @@
 
 #include <filesystem>
 
-#include "authoring/common.h"
-#include "core/enablement.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
 #include "core/recent_files.h"
-#include "platform/system_calls.h"
+#include "files/system_calls.h"
+#include "frame/enablement.h"
+#include "frame/file_dialogs.h"
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"

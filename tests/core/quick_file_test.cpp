@@ -1,9 +1,9 @@
-#include "core/quick_file.h"
+#include "workbench/quick_file.h"
 
 #include <filesystem>
 
-#include "authoring/common.h"
-#include "platform/volumes.h"
+#include "files/volumes.h"
+#include "frame/file_dialogs.h"
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"

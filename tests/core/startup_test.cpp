@@ -1,8 +1,8 @@
-#include "core/startup.h"
+#include "program/startup.h"
 
-#include "authoring/common.h"
 #include "core/file_close.h"
-#include "platform/single_instance.h"
+#include "frame/file_dialogs.h"
+#include "program/single_instance.h"
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"

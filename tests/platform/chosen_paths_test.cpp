@@ -1,4 +1,4 @@
-#include "platform/chosen_paths.h"
+#include "files/chosen_paths.h"
 
 #include <gtest/gtest.h>
 

@@ -13,8 +13,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/error.h"
-#include "platform/system_calls.h"
+#include "base/error.h"
+#include "files/system_calls.h"
 #include "tests/platform/scratch_directory.h"
 
 namespace kelvor {

@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "files/files.h"
 #include "tests/platform/faults.h"
 
 namespace kelvor {

@@ -1,6 +1,6 @@
-#include "platform/folder_entries.h"
+#include "files/folder_entries.h"
 
-#include "platform/filter_rows.h"
+#include "files/filter_rows.h"
 #include "tests/platform/faults.h"
 
 namespace kelvor {

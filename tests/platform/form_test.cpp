@@ -1,13 +1,13 @@
-#include "platform/form.h"
+#include "controls/form.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <stdexcept>
 
-#include "platform/combo_box.h"
-#include "platform/mdi_area.h"
-#include "platform/tab_strip.h"
+#include "controls/combo_box.h"
+#include "controls/mdi_area.h"
+#include "controls/tab_strip.h"
 #include "tests/fake_platform.h"
 
 namespace kelvor {

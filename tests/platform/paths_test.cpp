@@ -1,10 +1,11 @@
-#include "platform/paths.h"
+#include "files/paths.h"
+#include "files/places.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "platform/temporary_directory.h"
+#include "files/temporary_directory.h"
 #include "tests/fresh_state.h"
 #include "tests/platform/faults.h"
 

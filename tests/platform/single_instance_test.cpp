@@ -1,10 +1,10 @@
-#include "platform/single_instance.h"
+#include "program/single_instance.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 
-#include "platform/paths.h"
+#include "files/places.h"
 #include "tests/fresh_state.h"
 #include "tests/platform/faults.h"
 

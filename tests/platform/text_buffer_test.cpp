@@ -1,4 +1,4 @@
-#include "platform/text_buffer.h"
+#include "controls/text_buffer.h"
 
 #include "tests/edit_control_contract.h"
 

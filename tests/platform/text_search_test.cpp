@@ -1,4 +1,4 @@
-#include "platform/text_search.h"
+#include "text/text_search.h"
 
 #include <gtest/gtest.h>
 #include <unicode/uchar.h>
@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "platform/code_points.h"
+#include "text/code_points.h"
 
 namespace kelvor {
 namespace {

@@ -1,10 +1,13 @@
-#include "platform/text.h"
+#include "text/code_points.h"
+#include "text/letter_case.h"
+#include "text/text_difference.h"
+#include "text/text_order.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "platform/shown_name.h"
+#include "text/shown_name.h"
 
 namespace kelvor {
 namespace {

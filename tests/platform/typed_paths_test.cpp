@@ -1,4 +1,4 @@
-#include "platform/typed_paths.h"
+#include "files/typed_paths.h"
 
 #include <gtest/gtest.h>
 #include <pwd.h>

@@ -2,8 +2,8 @@
 
 #include <sys/stat.h>
 
-#include "core/enablement.h"
 #include "core/file_open.h"
+#include "frame/enablement.h"
 #include "support/settings.h"
 #include "tests/core/file_messages.h"
 #include "tests/kelvor_fixture.h"

@@ -1,4 +1,4 @@
-#include "preview/virtual_directories.h"
+#include "core/virtual_directories.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -2,19 +2,19 @@
 
 #include <array>
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/label.h"
-#include "platform/list_view.h"
-#include "platform/menu_item.h"
-#include "platform/option_group.h"
-#include "platform/qt/key_states.h"
-#include "platform/qt/scintilla_edit.h"
-#include "platform/status_bar.h"
-#include "platform/tab_control.h"
-#include "platform/tab_strip.h"
-#include "platform/text_box.h"
+#include "controls/button.h"
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/label.h"
+#include "controls/list_view.h"
+#include "controls/menu_item.h"
+#include "controls/option_group.h"
+#include "controls/status_bar.h"
+#include "controls/tab_control.h"
+#include "controls/tab_strip.h"
+#include "controls/text_box.h"
+#include "qt/key_states.h"
+#include "qt/scintilla_edit.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -9,8 +9,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "core/frame.h"
-#include "core/menu_table.h"
+#include "frame/main_frame.h"
+#include "frame/menu_table.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

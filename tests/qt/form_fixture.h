@@ -9,11 +9,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/event.h"
-#include "platform/form.h"
-#include "platform/qt/binding.h"
-#include "platform/qt/convert.h"
-#include "platform/qt/qt_platform.h"
+#include "base/event.h"
+#include "controls/form.h"
+#include "qt/binding.h"
+#include "qt/convert.h"
+#include "qt/qt_platform.h"
 
 namespace kelvor::qt {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/key_places.h"
+#include "qt/key_places.h"
 
 #include "tests/qt/form_fixture.h"
 

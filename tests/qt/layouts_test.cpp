@@ -15,10 +15,10 @@
 #include "batch/find.h"
 #include "batch/find_replace.h"
 #include "batch/multi.h"
-#include "core/frame.h"
-#include "support/about.h"
-#include "support/scratch_pad.h"
+#include "frame/main_frame.h"
 #include "tests/qt/form_fixture.h"
+#include "workbench/about.h"
+#include "workbench/scratch_pad.h"
 
 namespace kelvor::qt {
 namespace {

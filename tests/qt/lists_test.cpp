@@ -1,12 +1,12 @@
 #include <QSignalSpy>
 #include <cstdlib>
 
-#include "platform/directory_list.h"
-#include "platform/drive_list.h"
-#include "platform/file_list.h"
-#include "platform/qt/popup_place.h"
-#include "platform/report_view.h"
-#include "platform/side_bar.h"
+#include "controls/directory_list.h"
+#include "controls/drive_list.h"
+#include "controls/file_list.h"
+#include "controls/report_view.h"
+#include "controls/side_bar.h"
+#include "qt/popup_place.h"
 #include "tests/platform/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/qt/application.h"
+#include "qt/application.h"
 
 /// The tests open windows; unless told otherwise these show nowhere.
 int main(int argumentCount, char** arguments) {

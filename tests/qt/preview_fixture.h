@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/binders/binders.h"
-#include "platform/web_browser.h"
+#include "controls/web_browser.h"
+#include "qt/binders/binders.h"
 #include "tests/fake_platform.h"
 #include "tests/qt/form_fixture.h"
 #include "tests/qt/loopback_listener.h"

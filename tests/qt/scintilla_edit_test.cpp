@@ -1,4 +1,4 @@
-#include "platform/qt/scintilla_edit.h"
+#include "qt/scintilla_edit.h"
 
 #include <Qsci/qsciscintillabase.h>
 #include <sys/resource.h>
@@ -8,8 +8,8 @@
 #include <fstream>
 #include <utility>
 
-#include "platform/qt/convert.h"
-#include "platform/qt/popup_place.h"
+#include "qt/convert.h"
+#include "qt/popup_place.h"
 #include "tests/edit_control_contract.h"
 
 namespace kelvor::qt {

@@ -1,6 +1,6 @@
 #include <csignal>
 
-#include "platform/qt/application.h"
+#include "qt/application.h"
 #include "tests/platform/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 

@@ -1,11 +1,11 @@
-#include "platform/tool_bar.h"
+#include "controls/tool_bar.h"
 
 #include <set>
 
-#include "platform/qt/button_pictures.h"
-#include "platform/qt/colors.h"
-#include "platform/qt/style.h"
-#include "platform/text_box.h"
+#include "controls/text_box.h"
+#include "qt/button_pictures.h"
+#include "qt/colors.h"
+#include "qt/style.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -1,9 +1,9 @@
-#include "platform/qt/windows.h"
+#include "qt/qt_windows.h"
 
 #include "assistants/template_holder.h"
-#include "core/frame.h"
-#include "platform/mdi_area.h"
-#include "platform/qt/mdi_arrangement.h"
+#include "controls/mdi_area.h"
+#include "frame/main_frame.h"
+#include "qt/mdi_arrangement.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -1,10 +1,10 @@
 #include <filesystem>
 
-#include "support/help_commands.h"
 #include "support/help_pages.h"
 #include "support/html_help.h"
 #include "support/report_error.h"
 #include "tests/frame_fixture.h"
+#include "workbench/help_commands.h"
 
 namespace kelvor {
 namespace {

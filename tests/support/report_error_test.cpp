@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "core/frame.h"
+#include "frame/main_frame.h"
 #include "tests/frame_fixture.h"
 
 namespace kelvor {

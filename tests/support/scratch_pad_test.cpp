@@ -1,7 +1,7 @@
-#include "support/scratch_pad.h"
+#include "workbench/scratch_pad.h"
 
-#include "authoring/common.h"
-#include "core/frame.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
 #include "tests/frame_fixture.h"
 
 namespace kelvor {

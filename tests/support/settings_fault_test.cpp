@@ -13,8 +13,8 @@
 #include <filesystem>
 #include <thread>
 
-#include "platform/paths.h"
-#include "platform/system_calls.h"
+#include "files/places.h"
+#include "files/system_calls.h"
 #include "support/settings.h"
 #include "tests/fake_platform.h"
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "controls/button.h"
+#include "controls/form.h"
+#include "controls/frame.h"
+#include "controls/label.h"
+#include "controls/option_group.h"
+#include "controls/progress_bar.h"
+
+namespace kelvor {
+
+struct SpecialCharEntry;
+
+/// Rewrites the special characters of the active document as their entities, or the entities as the characters.
+class Convert : public Form {
+public:
+    Convert();
+
+    Frame Frame1{*this, "Frame1", "Conversion type"};
+    OptionGroup optType{*this, "optType", {"Character to HTML value", "HTML value to character"}};
+    Label lblStart{*this, "lblStart"};  ///< shown with lblFinish while a conversion runs
+    Label lblStartString{*this, "lblStartString"};
+    Label lblFinish{*this, "lblFinish"};
+    Label lblFinishString{*this, "lblFinishString"};
+    Label lblProgress{*this, "lblProgress", "Progress:"};
+    ProgressBar progBar1{*this, "progBar1"};
+    Button cmdConvert{*this, "cmdConvert", "Con&vert"};
+    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdHelp{*this, "cmdHelp", "&Help"};
+
+private:
+    void optType_Click(int index);
+    void cmdConvert_Click();
+    void initConvertGauge();
+    void convertSpecialChars();
+    void showPair(const SpecialCharEntry& row, bool toEntities);
+};
+
+/// The one dialog.
+Convert& convert();
+
+void mnuTools_ConvertSpec_Click();
+
+}  // namespace kelvor

@@ -1,0 +1,66 @@
+#include "authoring/insert_lists.h"
+
+#include "controls/combo_box.h"
+#include "editing/insertion.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "support/fields.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Wraps the selection by a list's choice and puts the list back on its heading.
+void wrapByChoice(ComboBox& list, int heading, const std::string& before, const std::string& after,
+                  const std::string& closeText) {
+    if (list.listIndex() == heading) return;
+    insertAtSelection(before + list.text() + after, closeText);
+    list.setListIndex(heading);
+    activeText().SetFocus();
+}
+
+}  // namespace
+
+void loadComboBoxes() {
+    MDIForm1& frame = mainForm();
+    for (const char* entry : {"Head", "H1", "H2", "H3", "H4", "H5", "H6"}) frame.Combo1.addItem(entry);
+    frame.Combo1.setListIndex(0);
+    fillFontCombo(frame.Combo2, false);
+    fillSizeCombo(frame.Combo3, false);
+    frame.Combo4.addItem("(User Strings)");
+    frame.Combo4.setListIndex(0);
+}
+
+void setUpUStrings() {
+    ComboBox& list = mainForm().Combo4;
+    if (const auto stored = GetAllSettings(application, "UserStrings")) {
+        for (const Setting& string : *stored) {
+            userStrings.Add(string.value, string.key);
+            list.addItem(string.key);
+        }
+    }
+    list.setListIndex(0);
+}
+
+void Combo1_Click() {
+    ComboBox& list = mainForm().Combo1;
+    wrapByChoice(list, 0, "<", ">", "</" + list.text() + ">");
+}
+
+void Combo2_Click() {
+    wrapByChoice(mainForm().Combo2, 0, "<FONT FACE=\"", "\">", "</FONT>");
+}
+
+void Combo3_Click() {
+    wrapByChoice(mainForm().Combo3, noSizeRow, "<FONT SIZE=\"", "\">", "</FONT>");
+}
+
+void Combo4_Click() {
+    ComboBox& list = mainForm().Combo4;
+    if (list.listIndex() > 0) activeText().setSelText(userStrings.Item(list.text()));
+    list.setListIndex(0);
+    focusDocument();
+}
+
+}  // namespace kelvor

@@ -1,0 +1,73 @@
+#include "authoring/links.h"
+
+#include "core/document_manager.h"
+#include "editing/anchors.h"
+#include "editing/insertion.h"
+#include "files/paths.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "html/relative_path.h"
+#include "platform/platform.h"
+#include "support/settings.h"
+#include "text/letter_case.h"
+
+namespace kelvor {
+
+void rClickLink(std::string_view prefix, std::string_view example) {
+    const std::string answer = platform().dialogs.input(
+        {.prompt = "Enter the link code.\r\n\r\nLink type: " + std::string(prefix) +
+                   "\r\n\r\nYou need only enter the actual internet link link. Example: " + std::string(example),
+         .title = "Enter Link Code"});
+    if (answer.empty()) return activeText().SetFocus();
+    insertAtSelection(openingAnchor(std::string(prefix) + answer), closingAnchor);
+}
+
+void linkFileSys() {
+    const auto path = chooseFileToLink("Link to file on this system.");
+    if (!path) return;
+    insertAtSelection(openingAnchor(linkTarget(*path)), closingAnchor);
+    activeText().SetFocus();
+}
+
+void nameAnchor() {
+    const std::string name = askAnchorName();
+    if (name.empty()) return;
+    insertAtSelection(openingNameAnchor(name), closingAnchor);
+    activeText().SetFocus();
+}
+
+void blankAnchor() {
+    const std::string address = askAnchorUrl();
+    if (address.empty()) return activeText().SetFocus();
+    insertAtSelection(openingAnchor(address), closingAnchor);
+}
+
+std::optional<std::string> chooseFileToLink(const std::string& title) {
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.flags = dialog_flag::hideReadOnly | dialog_flag::fileMustExist;
+    dialog.initDir = lastDir;
+    dialog.dialogTitle = title;
+    dialog.filter = fileFilter;
+    dialog.filterIndex = preferredFilterIndex();
+    dialog.fileName.clear();
+    if (!answered(dialog, &CommonDialog::ShowOpen)) return std::nullopt;
+    lastDir = directoryPart(dialog.fileName);
+    return dialog.fileName;
+}
+
+std::string linkTarget(const std::string& path) {
+    const std::string target = useRelativePaths() ? makeRelativePath(mainForm().activeForm().caption(), path) : path;
+    return GetSetting(application, "User", "LCase") == "True" ? toLower(target) : target;
+}
+
+bool useRelativePaths() {
+    return GetSetting(application, "User", "relPath", "True") == "True";
+}
+
+std::string makeRelativePath(std::string_view fromPath, std::string_view toPath) {
+    const bool isUntitled = documentManager()->currentDocument().IsUntitled();
+    const bool slashes = GetSetting(application, "User", "Slash", "False") == "True";
+    return relativePath(fromPath, toPath, isUntitled, slashes ? '/' : '\\');
+}
+
+}  // namespace kelvor

@@ -1,0 +1,99 @@
+#include "authoring/name_anchor_file.h"
+
+#include "authoring/links.h"
+#include "authoring/name_anchors.h"
+#include "editing/anchors.h"
+#include "editing/insertion.h"
+#include "files/whole_file.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr int red = 0x0000FF;
+constexpr int windowText = -1;
+
+}  // namespace
+
+NameAnchorFile& nameAnchorFile() {
+    static FormInstance<NameAnchorFile> instance;
+    return instance.get();
+}
+
+NameAnchorFile::NameAnchorFile() : Form("nameAnchorFile", "Link to named anchor in a file") {
+    onLoad = [this] { Form_Load(); };
+    unloaded.connect([] { setActiveFormName(std::string(documentForm)); });
+    nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
+    cmdCommonD.clicked.connect([this] { cmdCommonD_Click(); });
+    cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
+    cmdClose.clicked.connect([this] { unload(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void NameAnchorFile::Form_Load() {
+    setActiveFormName(name());
+    loading_ = true;
+    // A fault of the file is told and the dialog still comes: another file can be chosen.
+    guarded([this] { cmdCommonD_Click(); });
+    loading_ = false;
+}
+
+void NameAnchorFile::cmdCommonD_Click() {
+    formLoadFailed = false;
+    const auto path = chooseFileToLink("Select file to scan for name anchors");
+    if (!path) return;
+    nameAnchors.clear();
+    path_ = *path;
+    lblNameLinkFile.setCaption(path_);
+    lblNameLinkFile.setToolTip(path_);
+    pumpEvents();
+    const DisabledFrame disabled;
+    scanFile();
+}
+
+void NameAnchorFile::scanFile() {
+    {
+        const Hourglass hourglass;
+        const std::string text = readWholeFile(path_);
+        const bool found = hasNameAnchor(text);
+        offerAnchors(found);
+        if (found) return scanNameAnchors(nameAnchorStart, nameAnchorEnd, text, nameAnchors);
+    }
+    askForAnotherFile();
+}
+
+void NameAnchorFile::offerAnchors(bool offered) {
+    cmdMakeLink.setEnabled(offered);
+    nameAnchors.setEnabled(offered);
+    lblNameLinkFile.setForeColor(offered ? windowText : red);
+}
+
+void NameAnchorFile::askForAnotherFile() {
+    formLoadFailed = true;
+    const Answer answer =
+        beepAndShow({.text = "There are no name anchors to link with in the selected file. Select from another file?",
+                     .title = "Name anchor error",
+                     .icon = MessageIcon::question,
+                     .buttons = MessageButtons::yesNo});
+    if (answer == Answer::yes) return cmdCommonD_Click();
+    if (loading_) return;
+    formLoadFailed = false;
+    unload();
+}
+
+void NameAnchorFile::cmdMakeLink_Click() {
+    const auto name = selectedAnchor(nameAnchors);
+    if (!name) return;
+    insertAtSelection(openingAnchor(linkTarget(path_) + "#" + *name), closingAnchor);
+    unload();
+}
+
+void mnuRClick_Link_linkToNameFile_Click() {
+    openToolForm(nameAnchorFile(), ShowMode::modal);
+}
+
+}  // namespace kelvor

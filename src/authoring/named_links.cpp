@@ -1,0 +1,53 @@
+#include "authoring/named_links.h"
+
+#include "authoring/links.h"
+#include "authoring/name_anchors.h"
+#include "editing/anchors.h"
+#include "editing/insertion.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+NamedLinks& namedLinks() {
+    static FormInstance<NamedLinks> instance;
+    return instance.get();
+}
+
+NamedLinks::NamedLinks() : Form("namedLinks", "Line to named anchor") {
+    onLoad = [this] { Form_Load(); };
+    nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
+    cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
+    cmdClose.clicked.connect([this] { unload(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void NamedLinks::Form_Load() {
+    // What is wrong with an anchor is told, and the dialog offers those before it.
+    guarded([this] { scanCurrentFile(); });
+}
+
+void NamedLinks::scanCurrentFile() {
+    scanNameAnchors(nameAnchorStart, nameAnchorEnd, activeText().textView(), nameAnchors);
+}
+
+void NamedLinks::cmdMakeLink_Click() {
+    const auto name = selectedAnchor(nameAnchors);
+    if (!name) return;
+    EditControl& text = activeText();
+    replaceSelectionText(text, openingAnchor("#" + *name) + text.selText() + std::string(closingAnchor));
+    unload();
+}
+
+void mnuRClick_Link_linkToName_Click() {
+    if (!hasNameAnchor(activeText().textView())) {
+        beepAndShow({.text = "There are no name anchors to link with in this document.",
+                     .title = "Name anchor error",
+                     .icon = MessageIcon::exclamation});
+        return;
+    }
+    openToolForm(namedLinks(), ShowMode::modal);
+}
+
+}  // namespace kelvor

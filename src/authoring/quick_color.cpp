@@ -1,0 +1,53 @@
+#include "authoring/quick_color.h"
+
+#include <string>
+
+#include "editing/insertion.h"
+#include "frame/main_frame.h"
+#include "html/colors.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr int colorAttribute = 1;
+constexpr int backgroundAttribute = 2;
+constexpr int fontTag = 3;
+
+}  // namespace
+
+std::optional<int> chooseColor() {
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.flags = dialog_flag::fullOpen;
+    dialog.dialogTitle.clear();
+    if (!answered(dialog, &CommonDialog::ShowColor)) return std::nullopt;
+    return dialog.color;
+}
+
+void doColor(int mode) {
+    const auto color = chooseColor();
+    if (!color) return;
+    const std::string hex = colorToHtml(*color);
+    if (mode == colorAttribute) insertAtSelection("COLOR=\"#" + hex + "\"", "");
+    if (mode == backgroundAttribute) insertAtSelection("BGCOLOR=\"#" + hex + "\"", "");
+    if (mode == fontTag) insertAtSelection("<FONT COLOR=\"#" + hex + "\">", "</FONT>");
+    activeText().SetFocus();
+}
+
+void mnuFormat_QuickColor_coloreq_Click() {
+    doColor(colorAttribute);
+}
+
+void mnuFormat_QuickColor_bgcolor_Click() {
+    doColor(backgroundAttribute);
+}
+
+void mnuFormat_QuickColor_fcolor_Click() {
+    doColor(fontTag);
+}
+
+void mnu_RClick_QuickColor_Click() {
+    if (const auto color = chooseColor()) activeText().setSelText(colorToHtml(*color));
+}
+
+}  // namespace kelvor

@@ -1,0 +1,274 @@
+#include "batch/case_change.h"
+
+#include "batch/walk_filters.h"
+#include "editing/insertion.h"
+#include "files/paths.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+const std::string noDirectory = "(double click to select folder)";
+const std::string closeCaption = "&Close";
+const std::string cancelCaption = "&Cancel";
+
+/// Choices of optWhere.
+constexpr int activeDocument = 0;
+constexpr int listOfFiles = 1;
+constexpr int directoryTree = 2;
+
+/// Pages of SSTab1.
+constexpr int filesPage = 0;
+constexpr int optionsPage = 1;
+constexpr int resultsPage = 2;
+
+/// Pictures of a row.
+constexpr int allChanged = 1;
+constexpr int someRefused = 2;
+
+/// The rows of cboFilter.
+const std::vector<WalkFilter>& filters() {
+    static const std::vector<WalkFilter> rows = {
+        {"(All files)", {"*.*"}},
+        {".htm, .html, .shtml", {"*.htm", "*.shtml"}},
+        {".asp", {"*.asp"}},
+        {".htm, .html, .shtml, *.asp", {"*.htm", "*.shtml", "*.asp"}},
+    };
+    return rows;
+}
+
+void reportNoFiles(const std::string& directory) {
+    beepAndShow({.text = "There are no files matching the selected filter(s) in " + directory,
+                 .title = "No files to search",
+                 .icon = MessageIcon::exclamation});
+}
+
+Error notInEncoding(const std::string& file) {
+    return {error_number::invalidProcedureCall,
+            "The file's encoding lacks a letter in its other case; the file stays as it is: " + file};
+}
+
+}  // namespace
+
+CaseChange& caseChange() {
+    static FormInstance<CaseChange> instance;
+    return instance.get();
+}
+
+CaseChange::CaseChange() : Form("frmCaseChange", "File/URL Reference Case Changer") {
+    onLoad = [this] { Form_Load(); };
+    activated.connect([this] { Form_Activate(); });
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    optWhere.clicked.connect([this](int) { optWhere_Click(); });
+    lblStartDir.doubleClicked.connect([this] { lblStartDir_DblClick(); });
+    cmdAddFiles.clicked.connect([this] { browseForFiles(); });
+    cmdRemoveOne.clicked.connect([this] { cmdRemoveOne_Click(); });
+    cmdClear.clicked.connect([this] { cmdClear_Click(); });
+    for (std::size_t box = 0; box < chkVal.size(); ++box) chkVal[box].clicked.connect([this] { checkApplyButton(); });
+    objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+        objDirWalk_ItemFound(sPath, sFileName, fCancel);
+    };
+    cmdApply.clicked.connect([this] { cmdApply_Click(); });
+    cmdClose.clicked.connect([this] { cmdClose_Click(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void CaseChange::Form_Load() {
+    fillWithFilters(cboFilter, filters());
+    optCase.select(0);
+    checkButtons();
+    checkApplyButton();
+}
+
+void CaseChange::Form_Activate() {
+    const bool hasDocument = hasMdiChild();
+    optWhere[activeDocument].setEnabled(hasDocument);
+    optWhere.select(hasDocument ? activeDocument : listOfFiles);
+}
+
+void CaseChange::Form_QueryUnload(bool& cancel) const {
+    cancel = cancel || isRunning();
+}
+
+/// Also after a run that was left without files, or by an error.
+bool CaseChange::isRunning() const {
+    return cmdClose.caption() == cancelCaption;
+}
+
+void CaseChange::optWhere_Click() {
+    const int where = optWhere.selected();
+    if (where != activeDocument) disableFrame1();
+    if (where != listOfFiles) disableFrame2();
+    if (where != directoryTree) disableFrame3();
+    if (where == activeDocument) enableFrame1();
+    if (where == listOfFiles) enableFrame2();
+    if (where == directoryTree) enableFrame3();
+    checkApplyButton();
+}
+
+void CaseChange::lblStartDir_DblClick() {
+    const std::string directory = browseForFolder("Select the starting directory.");
+    if (!directory.empty()) lblStartDir.setCaption(directory);
+    checkApplyButton();
+}
+
+void CaseChange::browseForFiles() {
+    const auto files = pickFiles("Select files (multiple selections allowed)");
+    if (files.empty()) return;
+    lstFiles.addRows(files);
+    lstFiles.setSelectedRow(0);
+    checkButtons();
+    checkApplyButton();
+}
+
+void CaseChange::cmdRemoveOne_Click() {
+    if (lstFiles.selectedRow() >= 0) lstFiles.removeRow(lstFiles.selectedRow());
+    checkButtons();
+    checkApplyButton();
+}
+
+void CaseChange::cmdClear_Click() {
+    lstFiles.clear();
+    checkButtons();
+    checkApplyButton();
+}
+
+void CaseChange::checkApplyButton() {
+    const int where = optWhere.selected();
+    const bool ready = where == activeDocument || (where == listOfFiles && lstFiles.count() > 0) ||
+                       (where == directoryTree && lblStartDir.caption() != noDirectory);
+    if (!isRunning()) cmdApply.setEnabled(ready && !getReplaceValues().empty());
+}
+
+void CaseChange::checkButtons() {
+    setAllEnabled({&cmdRemoveOne, &cmdClear}, lstFiles.count() > 0);
+}
+
+std::vector<std::string> CaseChange::getReplaceValues() const {
+    std::vector<std::string> values;
+    for (std::size_t box = 0; box < chkVal.size(); ++box)
+        if (chkVal[box].value()) values.push_back(chkVal[box].caption());
+    return values;
+}
+
+/// An error, and a directory without files, leave the controls as beginRun has made them.
+void CaseChange::cmdApply_Click() {
+    beginRun();
+    const LinkCase caseMode = optCase.selected() == 0 ? LinkCase::lower : LinkCase::upper;
+    if (!fillFileWad()) return;
+    changeFiles(getReplaceValues(), caseMode);
+    endRun();
+}
+
+void CaseChange::cmdClose_Click() {
+    if (isRunning()) {
+        cancelVal_ = confirms("Are you sure that you wish to cancel?", "Confirm cancel");
+    } else {
+        unload();
+    }
+}
+
+void CaseChange::beginRun() {
+    cancelVal_ = false;
+    scope_ = optWhere.selected();
+    ListView1.clear();
+    for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, false);
+    cmdApply.setEnabled(false);
+    cmdClose.setCaption(cancelCaption);
+    platform().screen.setMousePointer(MousePointer::hourglass);
+    SSTab1.setTab(resultsPage);
+}
+
+void CaseChange::endRun() {
+    for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, true);
+    cmdApply.setEnabled(true);
+    cmdApply.SetFocus();
+    cmdClose.setCaption(closeCaption);
+    platform().screen.setMousePointer(MousePointer::standard);
+}
+
+/// Collects the files of the run, which cannot be cancelled meanwhile; false when there are none, and the user has been
+/// told.
+bool CaseChange::fillFileWad() {
+    currentFileWad_.clear();
+    if (scope_ == activeDocument) currentFileWad_.push_back(mainForm().activeForm().caption());
+    if (scope_ == listOfFiles) currentFileWad_ = lstFiles.rows();
+    if (scope_ != directoryTree) return true;
+    const std::string directory = joinPath(lblStartDir.caption(), "");
+    const auto row = static_cast<std::size_t>(cboFilter.listIndex());
+    cmdClose.setEnabled(false);
+    walkForEach(objDirWalk_, filters().at(row).patterns, directory, chkSubDir.value());
+    cmdClose.setEnabled(true);
+    // The end of the program ends the run too, before the first file.
+    if (!isLoaded()) return false;
+    if (currentFileWad_.empty()) reportNoFiles(directory);
+    return !currentFileWad_.empty();
+}
+
+void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel) {
+    currentFileWad_.push_back(sPath + sFileName);
+    pumpEvents();
+    fCancel = !isLoaded();
+}
+
+void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode) {
+    for (const std::string& file : currentFileWad_) {
+        for (const std::string& attribute : attributes) {
+            const bool allAreChanged = changeLinks(file, attribute, caseMode);
+            ListView1.addRow({file, attribute}, allAreChanged ? allChanged : someRefused);
+        }
+        pumpEvents();
+        if (cancelVal_ || !isLoaded()) break;
+    }
+}
+
+/// Works on the active document, whatever the file, when that is the scope of the run.
+/// @return false when a reference was refused or left
+bool CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode) {
+    if (scope_ == activeDocument) {
+        // The user's typing would part the references from their places.
+        const DisabledFrame disabled;
+        return changeLinkCase(activeText(), what, caseMode);
+    }
+    rtbHidden_.LoadFile(fileName);
+    const bool allAreChanged = changeLinkCase(rtbHidden_, what, caseMode);
+    if (!rtbHidden_.canBeSaved()) throw notInEncoding(fileName);
+    rtbHidden_.SaveFile(fileName);
+    return allAreChanged;
+}
+
+void CaseChange::enableFrame1() {
+    setAllEnabled({&Frame2, &Label3}, true);
+}
+
+void CaseChange::disableFrame1() {
+    setAllEnabled({&Frame2, &Label3}, false);
+}
+
+void CaseChange::enableFrame2() {
+    setAllEnabled({&Frame3, &lstFiles, &cmdAddFiles}, true);
+    checkButtons();
+}
+
+void CaseChange::disableFrame2() {
+    setAllEnabled({&Frame3, &lstFiles, &cmdAddFiles, &cmdRemoveOne, &cmdClear}, false);
+}
+
+void CaseChange::enableFrame3() {
+    setAllEnabled({&Frame1, &lblStartDir, &chkSubDir, &Label2, &cboFilter}, true);
+}
+
+void CaseChange::disableFrame3() {
+    setAllEnabled({&Frame1, &lblStartDir, &chkSubDir, &Label2, &cboFilter}, false);
+}
+
+void mnuTools_ChangeLinks_Click() {
+    openToolForm(caseChange(), ShowMode::floating);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "KVFileSystem/dir_walker.h"
+#include "batch/link_case.h"
+#include "controls/button.h"
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/form.h"
+#include "controls/frame.h"
+#include "controls/label.h"
+#include "controls/list_box.h"
+#include "controls/option_group.h"
+#include "controls/report_view.h"
+#include "controls/tab_control.h"
+#include "controls/text_buffer.h"
+
+namespace kelvor {
+
+/// The File/URL Reference Case Changer: brings the quoted values of chosen attributes to one case, in the active
+/// document, in listed files or in the files of a directory.
+class CaseChange : public Form {
+public:
+    CaseChange();
+
+    TabControl SSTab1{*this, "SSTab1", {"Files", "Options", "Results"}};
+
+    OptionGroup optWhere{
+        *this,
+        "optWhere",
+        {"Change the active &document", "Change the files of a l&ist", "Change the files of a director&y"}};
+    Frame Frame2{*this, "Frame2", "Active Document"};
+    Label Label3{*this, "Label3", "Only the contents of the active document will be affected by the case change."};
+    Frame Frame3{*this, "Frame3", "List of Files"};
+    ListBox lstFiles{*this, "lstFiles"};
+    Button cmdAddFiles{*this, "cmdAddFiles", "Add &Files"};
+    Button cmdRemoveOne{*this, "cmdRemoveOne", "&Remove File"};
+    Button cmdClear{*this, "cmdClear", "Clear &List"};
+    Frame Frame1{*this, "Frame1", "Directory"};
+    Label lblStartDir{*this, "lblStartDir", "(double click to select folder)"};
+    CheckBox chkSubDir{*this, "chkSubDir", "Include subdirectories"};
+    Label Label2{*this, "Label2", "Filter:"};
+    ComboBox cboFilter{*this, "cboFilter"};
+
+    Frame Frame4{*this, "Frame4", "Targets"};
+    /// The captions are what is searched for.
+    ControlArray<CheckBox> chkVal{
+        *this,
+        "chkVal",
+        {"USEMAP=\"", "NAME=\"", "TARGET=\"", "BACKGROUND=\"", "VALUE=\"", "ACTION=\"", "HREF=\"", "SRC=\""}};
+    Frame Frame5{*this, "Frame5", "Case"};
+    OptionGroup optCase{*this, "optCase", {"Lowercase", "Uppercase"}};
+
+    ReportView ListView1{*this, "ListView1", {"Filename", "Attribute"}};
+
+    Button cmdApply{*this, "cmdApply", "&Apply"};
+    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdHelp{*this, "cmdHelp", "&Help"};
+
+private:
+    void Form_Load();
+    void Form_Activate();
+    void optWhere_Click();
+    void lblStartDir_DblClick();
+    void cmdRemoveOne_Click();
+    void cmdClear_Click();
+    void cmdApply_Click();
+    void cmdClose_Click();
+    void Form_QueryUnload(bool& cancel) const;
+    bool isRunning() const;
+    void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
+    void browseForFiles();
+    void checkApplyButton();
+    void checkButtons();
+    std::vector<std::string> getReplaceValues() const;
+    void beginRun();
+    void endRun();
+    bool fillFileWad();
+    void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);
+    bool changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode);
+    // The numbers are the scopes' and not those of the frames around them.
+    void enableFrame1();
+    void disableFrame1();
+    void enableFrame2();
+    void disableFrame2();
+    void enableFrame3();
+    void disableFrame3();
+
+    DirWalker objDirWalk_;
+    std::vector<std::string> currentFileWad_;
+    /// The working copy of a file; its form is never shown.
+    Form hidden_{"rtbHidden", ""};
+    TextBuffer rtbHidden_{hidden_, "rtbHidden"};
+    int scope_ = 0;  ///< of the run in progress
+    bool cancelVal_ = false;
+};
+
+/// The one dialog.
+CaseChange& caseChange();
+
+void mnuTools_ChangeLinks_Click();
+
+}  // namespace kelvor

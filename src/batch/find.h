@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "controls/button.h"
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/edit_control.h"
+#include "controls/form.h"
+#include "controls/label.h"
+
+namespace kelvor {
+
+/// Searches the active document for a text, from match to match; stays open beside the document.
+class Find : public Form {
+public:
+    Find();
+
+    Label lblFindText{*this, "lblFindText", "Enter the text you wish to find:"};
+    ComboBox cboFindText{*this, "cboFindText", ComboBox::Style::editable};
+    CheckBox chkCase{*this, "chkCase", "&Match Case"};
+    CheckBox chkWord{*this, "chkWord", "&Whole Word"};
+    Button cmdFind{*this, "cmdFind", "&Find"};
+    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdHelp{*this, "cmdHelp", "&Help"};
+
+private:
+    void Form_Load();
+    void cboFindText_Change();
+    void cmdFind_Click();
+    void fillFindHist();
+    bool IsInFindHist(const std::string& text) const;
+    void remember(const std::string& text);
+    void followDocument();
+    void search(EditControl& edit, const std::string& text);
+
+    /// Of the document window that the search belongs to. In a window of another one a search begins anew.
+    std::string docCaption_;
+    /// A search does not go on in a document that is opened again.
+    Connection documentClosed_;
+    int searchStart_ = 0;
+    /// The document's length when the search came to it: what is added later lies behind the end.
+    int searchEnd_ = 0;
+    int foundAt_ = 0;
+};
+
+/// The one dialog.
+Find& findForm();
+
+/// Writes a searched text into the history: at its end while there are fewer than five, then on top, and the
+/// last one goes.
+void addFindToReg(const std::string& text);
+
+/// Whether `text` is none to search for; the user has been told then.
+bool refuseEmptyFindText(const std::string& text);
+
+/// The options of a search by these boxes. Any line end of the text looked for matches any one of the document.
+int searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase);
+
+void mnuEdit_Find_Click();
+
+}  // namespace kelvor

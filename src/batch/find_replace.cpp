@@ -1,0 +1,203 @@
+#include "batch/find_replace.h"
+
+#include "batch/find.h"
+#include "editing/insertion.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/fields.h"
+#include "support/html_help.h"
+#include "text/line_ends.h"
+
+namespace kelvor {
+
+namespace {
+
+const std::string closeCaption = "&Close";
+const std::string cancelCaption = "&Cancel";
+
+int sizeOf(const std::string& text) {
+    return static_cast<int>(text.size());
+}
+
+Answer askToReplace() {
+    return platform().dialogs.message({.text = "Replace this instance?",
+                                       .title = "Find and Replace",
+                                       .icon = MessageIcon::question,
+                                       .buttons = MessageButtons::yesNoCancel});
+}
+
+}  // namespace
+
+FindReplace& findReplace() {
+    static FormInstance<FindReplace> instance;
+    return instance.get();
+}
+
+FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
+    onLoad = [this] { Form_Load(); };
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    unloaded.connect(focusDocument);
+    for (EditControl* box : {&txtFindText, &txtReplace}) box->gotFocus.connect([box] { selectAllOf(*box); });
+    txtFindText.changed.connect([this] { txtFindText_Change(); });
+    chkWithin.clicked.connect([this] { chkWithin_Click(); });
+    cmdReplaceOne.clicked.connect([this] { cmdReplaceOne_Click(); });
+    cmdReplaceAll.clicked.connect([this] { cmdReplaceAll_Click(); });
+    cmdClose.clicked.connect([this] { cmdClose_Click(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+}
+
+void FindReplace::Form_Load() {
+    findKeys_.setHookedRTB(&txtFindText);
+    replaceKeys_.setHookedRTB(&txtReplace);
+    txtFindText.setText(activeText().selText());
+    txtFindText.SetFocus();
+}
+
+void FindReplace::Form_QueryUnload(bool& cancel) {
+    if (!isRunningAllAtOnce()) return;
+    cancelRequested_ = true;
+    cancel = true;
+}
+
+/// With the box ticked the document's selection is the range, without it the text to find.
+void FindReplace::chkWithin_Click() {
+    txtFindText.setText(chkWithin.value() ? std::string() : activeText().selText());
+    if (chkWithin.value()) txtFindText.SetFocus();
+}
+
+void FindReplace::txtFindText_Change() {
+    searchStart_ = 0;
+    foundAt_ = 0;
+}
+
+void FindReplace::cmdReplaceOne_Click() {
+    replaceOneMode_ = true;
+    replace();
+}
+
+void FindReplace::cmdReplaceAll_Click() {
+    replaceOneMode_ = false;
+    replace();
+}
+
+bool FindReplace::isRunningAllAtOnce() const {
+    return cmdClose.caption() == cancelCaption;
+}
+
+void FindReplace::cmdClose_Click() {
+    if (isRunningAllAtOnce()) {
+        cancelRequested_ = true;
+    } else {
+        unload();
+    }
+}
+
+/// An error on the way leaves the controls as disableC has made them.
+void FindReplace::replace() {
+    if (refuseEmptyFindText(txtFindText.text())) return txtFindText.SetFocus();
+    disableC();
+    Run run = beginRun();
+    if (replaceOneMode_) {
+        replaceAsking(run);
+    } else {
+        replaceAllAtOnce(run);
+    }
+    endRun(run);
+}
+
+FindReplace::Run FindReplace::beginRun() {
+    EditControl& edit = activeText();
+    // The box may end its lines in another way than the document, and the document its own in several.
+    const int options = searchOptions(chkWord, chkCase);
+    const bool within = chkWithin.value();
+    searchStart_ = within ? edit.selStart() : 0;
+    const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
+    edit.setSelLength(0);
+    platform().screen.setMousePointer(MousePointer::hourglass);
+    return {edit, txtFindText.text(), withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
+}
+
+void FindReplace::endRun(Run& run) {
+    platform().screen.setMousePointer(MousePointer::standard);
+    platform().dialogs.message({.text = std::to_string(run.count) + " replacements made.",
+                                .title = "Find and Replace",
+                                .icon = MessageIcon::information});
+    run.edit.setSelLength(0);
+    enableC();
+}
+
+/// The form can be closed between two questions; that ends the run.
+void FindReplace::replaceAsking(Run& run) {
+    while (isLoaded() && findMatch(run)) {
+        platform().screen.setMousePointer(MousePointer::standard);
+        run.edit.uncoverSelection();
+        const Answer answer = askToReplace();
+        if (answer == Answer::cancel) return;
+        if (answer == Answer::yes) {
+            replaceMatch(run);
+        } else {
+            searchStart_ = foundAt_ + run.edit.selLength();
+        }
+        pumpEvents();
+    }
+}
+
+void FindReplace::replaceAllAtOnce(Run& run) {
+    const EditControl::Batch batch(run.edit);
+    while (findMatch(run)) {
+        if (cancelRequested_) askToCancel();
+        if (cancelRequested_) return;
+        replaceMatch(run);
+        pumpEvents();
+    }
+}
+
+/// Selects the next match.
+bool FindReplace::findMatch(Run& run) {
+    foundAt_ = run.edit.Find(run.text, searchStart_, run.searchEnd, run.options);
+    if (foundAt_ < 0) searchStart_ = 0;
+    return foundAt_ >= 0;
+}
+
+void FindReplace::replaceMatch(Run& run) {
+    const int matchLength = run.edit.selLength();
+    run.edit.setSelText(run.replacement);
+    searchStart_ = foundAt_ + sizeOf(run.replacement);
+    run.searchEnd += sizeOf(run.replacement) - matchLength;
+    ++run.count;
+}
+
+void FindReplace::askToCancel() {
+    cancelRequested_ = confirms("Cancel find and replace?", "Confirm cancel");
+}
+
+void FindReplace::disableC() {
+    cancelRequested_ = false;
+    setControlsEnabled(false);
+    if (replaceOneMode_) {
+        cmdClose.setEnabled(false);
+    } else {
+        cmdClose.setCaption(cancelCaption);
+    }
+}
+
+void FindReplace::enableC() {
+    setControlsEnabled(true);
+    if (!replaceOneMode_) cmdClose.setCaption(closeCaption);
+    cmdClose.setEnabled(true);
+}
+
+/// What no run leaves to the user: these controls, the frame, and all that could reach the document from elsewhere.
+void FindReplace::setControlsEnabled(bool enabled) {
+    setAllEnabled({&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne, &cmdReplaceAll, &cmdHelp},
+                  enabled);
+    for (Form* other : loadedForms())
+        if (other != this && other->kind() != Form::Kind::child) other->setEnabled(enabled);
+}
+
+void mnuEdit_FindReplace_Click() {
+    openToolForm(findReplace(), ShowMode::floating);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/step.h"
+#include "text/text_search.h"
+
+namespace kelvor {
+
+/// One row of a list of replacements.
+struct FindItem {
+    std::string text;
+    std::string replacement;
+
+    bool operator==(const FindItem&) const = default;
+};
+
+/// Orders the items by their number of characters, the longest first; equal ones keep their order. So a short
+/// text that is part of a longer one does not destroy the longer one's matches.
+void sortFindItems(std::vector<FindItem>& findItems);
+
+/// Whether two items look for the same text.
+bool checkForDupes(const std::vector<FindItem>& findItems, bool matchCase);
+
+/// A list of replacements made ready for any number of texts.
+class LineRewrite {
+public:
+    /// @param findItems  applied in this order
+    LineRewrite(const std::vector<FindItem>& findItems, bool matchCase);
+
+    using Take = std::function<void(std::string_view lines)>;
+
+    /// Gives the text (UTF-8), some lines at a time, with all items applied to each line, one after the other: each
+    /// sees what those before it have made, but never what it has put in itself. CR LF, a lone CR and a lone LF end a
+    /// line. All lines of the result, the last one too, end in LF when those of the text that had an end did,
+    /// otherwise in CR LF. An item with a line end in its text is found nowhere.
+    void apply(std::string_view text, const Take& take, const Step& step) const;
+
+private:
+    struct Pass {
+        TextSearch search;
+        std::string replacement;
+        /// Bytes of which each is part of every match; none are known where the case does not count.
+        std::string needed;
+    };
+    static std::string replaceAll(std::string_view text, const Pass& pass, TextMatch match, const Step& step);
+    void rewrite(std::string_view lines, const Take& take, const Step& step) const;
+
+    std::vector<Pass> passes_;
+};
+
+}  // namespace kelvor

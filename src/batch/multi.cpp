@@ -1,0 +1,334 @@
+#include "batch/multi.h"
+
+#include "batch/file_rewrite.h"
+#include "files/file_replace.h"
+#include "files/temporary_directory.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "html/special_chars.h"
+#include "platform/platform.h"
+#include "support/fields.h"
+#include "support/html_help.h"
+#include "support/report_error.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr int summaryTab = 0;
+constexpr int targetTab = 1;
+constexpr int toEntityOption = 0;
+/// The rows behind these are never filled in: they would rewrite the tags themselves.
+constexpr std::size_t prefilledRows = 62;
+/// In twips.
+constexpr int columnWidths[] = {2408, 2407};
+
+constexpr const char* temporaryName = "temp.$$$";
+constexpr const char* messageTitle = "Multifile Find and Replace";
+
+const std::string idleCaption = "&Close";
+const std::string runningCaption = "&Cancel";
+
+constexpr const char* caseExplanation =
+    "Allows for case matching in the target files.  Once enabled, this option applies to all the items on the "
+    "source->target list.  While it is off, \"Table\" is also found as \"TABLE\" and as \"table\", and each of them "
+    "becomes the same replacement text.";
+
+bool abortForDuplicates() {
+    platform().screen.beep();
+    return confirms(
+        "You have selected a non case sensitive find and replace. You have duplicate entries withing the "
+        "items which you wish to find. Please note that if you do not remove these items, you may "
+        "experience incorrect results.\r\n\r\nAbort operation now?",
+        "Duplicate find items found");
+}
+
+/// Names what runs that were killed have left, and deletes it when the user says so.
+void offerToDeleteAbandoned() {
+    const auto abandoned = abandonedTemporaries(temporaryName);
+    if (abandoned.empty()) return;
+    std::string text = "A multifile find and replace was interrupted. What it was writing is still there:\r\n";
+    for (const std::string& path : abandoned) text += "\r\n" + path;
+    text += "\r\n\r\nShould a file of that run be half written, its whole new text is in there.\r\nDelete it now?";
+    const Message question = {.text = text,
+                              .title = messageTitle,
+                              .icon = MessageIcon::question,
+                              .buttons = MessageButtons::yesNo,
+                              .standard = Answer::no};
+    if (platform().dialogs.message(question) != Answer::yes) return;
+    for (const std::string& path : abandoned) guarded([&] { removeAbandonedTemporary(path); });
+}
+
+void tellNoFindText() {
+    beepAndShow(
+        {.text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation});
+}
+
+void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const std::string& temporary) {
+    try {
+        rewriteFile(path, rewrite, temporary, pumpEvents);
+    } catch (const std::exception&) {
+        const Error error = currentError();
+        beepAndShow({.text = "Could not write to " + path + " skipping file.",
+                     .cause = error.cause(),
+                     .title = messageTitle,
+                     .icon = MessageIcon::critical});
+        logError(error);
+    }
+}
+
+}  // namespace
+
+Multi& multi() {
+    static FormInstance<Multi> instance;
+    return instance.get();
+}
+
+/// The form while files are rewritten.
+class Multi::Running {
+public:
+    explicit Running(Multi& form) : form_(form) { form_.disableControls(); }
+    ~Running() { form_.enableControls(); }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    Multi& form_;
+};
+
+Multi::Multi() : Form("multi", "Mutlifile find and replace"), Label5(*this, "Label5", caseExplanation) {
+    connectSummary();
+    connectTargets();
+    onLoad = [this] { txtFind.SetFocus(); };
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    unloaded.connect(focusDocument);
+    cmdStart.clicked.connect([this] { cmdStart_Click(); });
+    cmdClose.clicked.connect([this] { cmdClose_Click(); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart}, false);
+    Option1.select(toEntityOption);
+    Command1_Click();
+}
+
+void Multi::connectSummary() {
+    mfrTab.clicked.connect([this](int) { mfrTab_Click(); });
+    txtFind.gotFocus.connect([this] { selectAllOf(txtFind); });
+    txtReplace.gotFocus.connect([this] { selectAllOf(txtReplace); });
+    cmdAdd.clicked.connect([this] { cmdAdd_Click(); });
+    cmdClear.clicked.connect([this] { cmdClear_Click(); });
+    cmdRemoveItem.clicked.connect([this] { cmdRemoveItem_Click(); });
+    cmdRemoveSummary.clicked.connect([this] { cmdRemoveSummary_Click(); });
+    Command1.clicked.connect([this] { Command1_Click(); });
+    cmdAddSC.clicked.connect([this] { cmdAddSC_Click(); });
+}
+
+void Multi::connectTargets() {
+    cmdBrowse.clicked.connect([this] { cmdBrowse_Click(); });
+    cmdRemove.clicked.connect([this] { cmdRemove_Click(); });
+    cmdClearFiles.clicked.connect([this] { cmdClearFiles_Click(); });
+}
+
+void Multi::Form_QueryUnload(bool& cancel) {
+    if (!isRunning()) return;
+    cancel = true;
+    cmdClose_Click();
+}
+
+void Multi::mfrTab_Click() {
+    if (mfrTab.tab() != targetTab || txtFind.text().empty()) return;
+    if (confirms("The find text input box has data in it that has not been added to the summary.\r\n"
+                 "Do you want to add it now?",
+                 "Find text not added to summary"))
+        cmdAdd_Click();
+}
+
+void Multi::cmdAdd_Click() {
+    if (txtFind.text().empty()) {
+        tellNoFindText();
+    } else {
+        addPair(txtFind.text(), txtReplace.text());
+        cmdClear_Click();
+        offerFilledSummary();
+        checkStartButton();
+    }
+    txtFind.SetFocus();
+}
+
+void Multi::addPair(const std::string& text, const std::string& replacement) {
+    // To remove filled-in rows lowers nextRow_ too. A pair whose replacement has no row would delete what it finds.
+    if (nextRow_ < 1) throw Error(error_number::subscriptOutOfRange, "The summary has no row for the replacement text");
+    lstSummary.addRow({text});
+    lstSummary.setCell(nextRow_ - 1, 1, replacement);
+    ++nextRow_;
+}
+
+void Multi::cmdClear_Click() {
+    txtFind.setText("");
+    txtReplace.setText("");
+}
+
+void Multi::cmdRemoveItem_Click() {
+    if (lstSummary.selectedRow() < 0) throw Error(error_number::objectNotSet, "No item is selected");
+    lstSummary.removeRow(lstSummary.selectedRow());
+    --nextRow_;
+    if (lstSummary.count() == 0) offerEmptySummary();
+}
+
+void Multi::cmdRemoveSummary_Click() {
+    lstSummary.clear();
+    nextRow_ = 1;
+    offerEmptySummary();
+}
+
+void Multi::offerFilledSummary() {
+    if (lstSummary.selectedRow() < 0) lstSummary.setSelectedRow(0);
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary}, true);
+}
+
+void Multi::offerEmptySummary() {
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary}, false);
+    cmdAddSC.setEnabled(true);
+    chkCase.setEnabled(true);
+    chkCase.setValue(false);
+    checkStartButton();
+}
+
+void Multi::Command1_Click() {
+    for (const int column : {0, 1}) lstSummary.setColumnWidth(column, columnWidths[column]);
+}
+
+void Multi::cmdAddSC_Click() {
+    fillMultiSpecialChars();
+    chkCase.setValue(true);
+    chkCase.setEnabled(false);
+    cmdAddSC.setEnabled(false);
+    offerFilledSummary();
+}
+
+void Multi::fillMultiSpecialChars() {
+    std::vector<ReportView::Row> rows;
+    for (FindItem& item : specialCharItems(Option1.selected() == toEntityOption))
+        rows.push_back({{std::move(item.text), std::move(item.replacement)}});
+    lstSummary.addRows(std::move(rows));
+}
+
+void Multi::cmdBrowse_Click() {
+    const auto targets = pickFiles("Select the target files (multiple selections allowed)");
+    if (targets.empty()) return;
+    lbxTargetFiles.addRows(targets);
+    lbxTargetFiles.setSelectedRow(0);
+    checkTargets();
+}
+
+void Multi::cmdRemove_Click() {
+    lbxTargetFiles.removeRow(lbxTargetFiles.selectedRow());
+    checkTargets();
+}
+
+void Multi::cmdClearFiles_Click() {
+    lbxTargetFiles.clear();
+    checkTargets();
+}
+
+void Multi::checkTargets() {
+    const bool any = lbxTargetFiles.count() > 0;
+    cmdRemove.setEnabled(any);
+    cmdClearFiles.setEnabled(any);
+    checkStartButton();
+}
+
+void Multi::checkStartButton() {
+    cmdStart.setEnabled(!isRunning() && lstSummary.count() > 0 && lbxTargetFiles.count() > 0);
+}
+
+bool Multi::isRunning() const {
+    return cmdClose.caption() == runningCaption;
+}
+
+void Multi::cmdStart_Click() {
+    mfrTab.setTab(summaryTab);
+    const Running running(*this);
+    fillFindAndReplaceCollections();
+    initGauges();
+    pumpEvents();
+    sortFindItems(findItems_);
+    if (checkForDupes(findItems_, chkCase.value()) && abortForDuplicates()) return;
+    findReplaceMulti();
+}
+
+void Multi::fillFindAndReplaceCollections() {
+    findItems_.clear();
+    for (int row = 0; row < static_cast<int>(lstSummary.count()); ++row)
+        findItems_.push_back({lstSummary.cell(row, 0), lstSummary.cell(row, 1)});
+}
+
+void Multi::initGauges() {
+    ProgressBar1.setRange(0, static_cast<int>(lbxTargetFiles.count()));
+}
+
+void Multi::findReplaceMulti() {
+    const LineRewrite rewrite(findItems_, chkCase.value());
+    // The list can still be changed by the events that are let run.
+    const std::vector<std::string> targets = lbxTargetFiles.rows();
+    int number = 0;
+    for (const std::string& target : targets) {
+        pumpEvents();
+        if (cancelVal_) break;
+        const std::string temporary = getTempDir() + temporaryName;
+        clearTemporary(temporary);
+        rewriteOrTell(target, rewrite, temporary);
+        pumpEvents();
+        ProgressBar1.setValue(++number);
+    }
+}
+
+void Multi::setSummaryEnabled(bool enabled) {
+    setAllEnabled({&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart}, enabled);
+}
+
+void Multi::disableControls() {
+    platform().screen.setMousePointer(MousePointer::hourglass);
+    cancelVal_ = false;
+    setSummaryEnabled(false);
+    cmdClose.setDefault(true);
+    cmdClose.setCaption(runningCaption);
+}
+
+void Multi::enableControls() {
+    platform().screen.setMousePointer(MousePointer::standard);
+    setSummaryEnabled(true);
+    ProgressBar1.setValue(0);
+    cmdClose.setDefault(false);
+    cmdClose.setCaption(idleCaption);
+    chkCase.setEnabled(true);
+    chkCase.setValue(false);
+    cmdAddSC.setEnabled(true);
+    cmdStart.SetFocus();
+}
+
+void Multi::cmdClose_Click() {
+    if (!isRunning()) {
+        unload();
+        return;
+    }
+    cancelVal_ = confirms("Are you sure that you want to cancel?", "Cancel multifile find and replace");
+}
+
+std::vector<FindItem> specialCharItems(bool toEntity) {
+    std::vector<FindItem> items;
+    for (std::size_t row = 0; row < prefilledRows; ++row) {
+        const SpecialCharEntry& entry = specialChars[row];
+        FindItem item{entry.character, entry.entity};
+        if (!toEntity) std::swap(item.text, item.replacement);
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+void mnuTools_multi_Click() {
+    guarded(offerToDeleteAbandoned);
+    openToolForm(multi(), ShowMode::modal);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "batch/line_rewrite.h"
+#include "controls/button.h"
+#include "controls/check_box.h"
+#include "controls/form.h"
+#include "controls/frame.h"
+#include "controls/label.h"
+#include "controls/list_box.h"
+#include "controls/option_group.h"
+#include "controls/progress_bar.h"
+#include "controls/report_view.h"
+#include "controls/tab_control.h"
+#include "controls/text_box.h"
+
+namespace kelvor {
+
+/// Applies a list of replacements to the lines of files on the disk. Open documents are not looked at, and nothing
+/// is undone.
+class Multi : public Form {
+public:
+    Multi();
+
+    TabControl mfrTab{*this, "mfrTab", {"Find and Replace Values", "Target Files", "Options"}};
+    Frame Frame2{*this, "Frame2", "Find and replace values"};
+    Label Label1{*this, "Label1", "Find this text:"};
+    TextBox txtFind{*this, "txtFind"};
+    Label Label2{*this, "Label2", "Replace with this text:"};
+    TextBox txtReplace{*this, "txtReplace"};
+    Button cmdAdd{*this, "cmdAdd", "&Add to List"};
+    Button cmdClear{*this, "cmdClear", "&Clear Fields"};
+    Frame Frame3{*this, "Frame3", "Find and replace value summary"};
+    ReportView lstSummary{*this, "lstSummary", {"Original Text", "Replacement Text"}};
+    Button cmdRemoveItem{*this, "cmdRemoveItem", "Remove Item"};
+    Button cmdRemoveSummary{*this, "cmdRemoveSummary", "Clear All"};
+    Button Command1{*this, "Command1", "Reset Columns"};
+    Label Label4{*this, "Label4", "Progress:"};
+    ProgressBar ProgressBar1{*this, "ProgressBar1"};
+    Frame Frame1{*this, "Frame1", "Select the target files"};
+    ListBox lbxTargetFiles{*this, "lbxTargetFiles"};
+    Button cmdBrowse{*this, "cmdBrowse", "&Browse"};
+    Button cmdRemove{*this, "cmdRemove", "&Remove File"};
+    Button cmdClearFiles{*this, "cmdClearFiles", "Clear List"};
+    Frame Frame5{*this, "Frame5", "Case Matching"};
+    CheckBox chkCase{*this, "chkCase", "&Enable"};
+    Label Label5;
+    Frame Frame4{*this, "Frame4", "Special characters"};
+    Label Label3{*this, "Label3", "Pre-fill the find and replace value summary with the special character set."};
+    OptionGroup Option1{*this, "Option1", {"From real value to HTML value", "From HTML value to real value"}};
+    Button cmdAddSC{*this, "cmdAddSC", "&Add now"};
+    Button cmdStart{*this, "cmdStart", "&Start"};
+    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdHelp{*this, "cmdHelp", "&Help"};
+
+private:
+    class Running;
+
+    void connectSummary();
+    void connectTargets();
+    void Form_QueryUnload(bool& cancel);
+    void mfrTab_Click();
+    void cmdAdd_Click();
+    void cmdClear_Click();
+    void cmdRemoveItem_Click();
+    void cmdRemoveSummary_Click();
+    void Command1_Click();
+    void cmdBrowse_Click();
+    void cmdRemove_Click();
+    void cmdClearFiles_Click();
+    void cmdAddSC_Click();
+    void cmdStart_Click();
+    void cmdClose_Click();
+
+    void addPair(const std::string& text, const std::string& replacement);
+    void offerFilledSummary();
+    void offerEmptySummary();
+    void setSummaryEnabled(bool enabled);
+    void checkTargets();
+    void checkStartButton();
+    bool isRunning() const;
+    void fillMultiSpecialChars();
+    void fillFindAndReplaceCollections();
+    void initGauges();
+    void findReplaceMulti();
+    void disableControls();
+    void enableControls();
+
+    bool cancelVal_ = false;
+    /// The row of the summary, from 1, that gets the next replacement. Rows that were filled in by the special
+    /// characters do not count.
+    int nextRow_ = 1;
+    std::vector<FindItem> findItems_;
+};
+
+/// The one dialog.
+Multi& multi();
+
+/// The first 62 rows of the special character table as replacements.
+/// @param toEntity  whether characters are replaced by their entities, or the other way round
+std::vector<FindItem> specialCharItems(bool toEntity);
+
+void mnuTools_multi_Click();
+
+}  // namespace kelvor

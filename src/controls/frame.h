@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "controls/control.h"
+
+namespace kelvor {
+
+/// A line around controls that belong together. While it is disabled the user reaches none of them.
+class Frame : public Control {
+public:
+    explicit Frame(Form& form, std::string name, std::string caption = {})
+        : Control(form, std::move(name)), caption_(std::move(caption)) {}
+
+    const std::string& caption() const { return caption_; }
+
+private:
+    std::string caption_;
+};
+
+}  // namespace kelvor

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "controls/control.h"
+
+namespace kelvor {
+
+/// A text beside the fields.
+class Label : public Control {
+public:
+    explicit Label(Form& form, std::string name, std::string caption = {})
+        : Control(form, std::move(name)), caption_(std::move(caption)) {}
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
+
+    /// Whether "&" in the caption marks an access key, as "&&" then shows one "&"; otherwise it stands as it is.
+    bool useMnemonic() const { return useMnemonic_; }
+    void setUseMnemonic(bool useMnemonic) { change(useMnemonic_, useMnemonic, Aspect::caption); }
+
+    /// Red in the low byte; -1 is the desktop's own colour.
+    int foreColor() const { return foreColor_; }
+    void setForeColor(int color) { change(foreColor_, color, Aspect::color); }
+    int backColor() const { return backColor_; }
+    void setBackColor(int color) { change(backColor_, color, Aspect::color); }
+
+    /// The user's act; nothing happens while the label is disabled.
+    void doubleClick() {
+        if (enabled()) doubleClicked.raise();
+    }
+
+    Event<> doubleClicked;
+
+private:
+    std::string caption_;
+    bool useMnemonic_ = false;
+    int foreColor_ = -1;
+    int backColor_ = -1;
+};
+
+}  // namespace kelvor

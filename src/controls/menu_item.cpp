@@ -1,0 +1,18 @@
+#include "controls/menu_item.h"
+
+namespace kelvor {
+
+MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent) : Control(form, std::move(name)), parent_(parent) {
+}
+
+bool MenuItem::reachable() const {
+    for (const MenuItem* item = this; item; item = item->parent())
+        if (!item->enabled() || (!item->visible() && !item->popup_)) return false;
+    return true;
+}
+
+void MenuItem::click() {
+    if (reachable()) clicked.raise();
+}
+
+}  // namespace kelvor

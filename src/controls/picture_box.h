@@ -1,0 +1,13 @@
+#pragma once
+
+#include "controls/control.h"
+
+namespace kelvor {
+
+/// A container whose only say here is whether it is seen.
+class PictureBox : public Control {
+public:
+    using Control::Control;
+};
+
+}  // namespace kelvor

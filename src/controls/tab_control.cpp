@@ -1,0 +1,26 @@
+#include "controls/tab_control.h"
+
+namespace kelvor {
+
+TabControl::TabControl(Form& form, std::string name, const std::vector<std::string>& captions)
+    : Control(form, std::move(name)) {
+    for (const std::string& caption : captions) pages_.push_back({caption});
+}
+
+const TabControl::Page& TabControl::at(int page) const {
+    if (page >= 0 && page < static_cast<int>(pages_.size())) return pages_[static_cast<std::size_t>(page)];
+    throw Error(error_number::invalidPropertyValue, "There is no tab " + std::to_string(page));
+}
+
+void TabControl::setTab(int page) {
+    at(page);
+    const int previous = tab_;
+    if (change(tab_, page, Aspect::selection)) clicked.raise(previous);
+}
+
+void TabControl::setTabEnabled(int page, bool enabled) {
+    at(page);
+    change(pages_[static_cast<std::size_t>(page)].enabled, enabled, Aspect::list);
+}
+
+}  // namespace kelvor

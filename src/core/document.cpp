@@ -1,0 +1,279 @@
+#include "core/document.h"
+
+#include "core/recent_files.h"
+#include "editing/editor_colors.h"
+#include "files/paths.h"
+#include "frame/enablement.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/messages.h"
+#include "support/report_error.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Key codes of the chords that go through the Edit commands, and their actions there.
+constexpr std::pair<int, int> editChords[] = {{'V', 0}, {'C', 2}, {'X', 1}, {'Z', 4}, {'A', 3}};
+constexpr int ctrlAlone = 2;
+
+Answer askSaveAsUtf8(const std::string& name) {
+    return beepAndShow({.text = "The text in [" + name + "] has characters that its file's encoding lacks.\r\n" +
+                                "Do you want to save it as UTF-8?",
+                        .title = "File Save Error",
+                        .icon = MessageIcon::question,
+                        .buttons = MessageButtons::yesNo});
+}
+
+}  // namespace
+
+CDocument::CDocument() : window_(std::make_unique<EditWindow>()) {
+    window_->onLoad = [this] { editWindow_Load(); };
+    window_->load();
+    connectWindow();
+}
+
+CDocument::~CDocument() = default;
+
+void CDocument::connectWindow() {
+    window_->activated.connect([this] { editWindow_Activate(); });
+    window_->queryUnload.connect([this](bool& cancel) { editWindow_QueryUnload(cancel); });
+    window_->unloaded.connect([this] { editWindow_Unload(); });
+    EditControl& text = window_->Text1;
+    text.changed.connect([this] { Text1_Change(); });
+    text.selectionChanged.connect([this] { Text1_SelChange(); });
+    text.clicked.connect([this] { showPosition(); });
+    text.keyUp.connect([this](KeyPress&) { showPosition(); });
+    text.keyDown.connect([this](KeyPress& key) { Text1_KeyDown(key); });
+    text.mouseDown.connect([](const MousePress& press) {
+        if (press.button == MousePress::right) rightPressed().raise();
+    });
+}
+
+Event<>& CDocument::rightPressed() {
+    static Event<> event;
+    return event;
+}
+
+Event<>& CDocument::closed() {
+    static Event<> event;
+    return event;
+}
+
+Event<int>& CDocument::editChord() {
+    static Event<int> event;
+    return event;
+}
+
+void CDocument::setUniqueDocID(int id) {
+    uniqueDocID_ = id;
+    strUniqueID_ = "TABID" + std::to_string(id);
+}
+
+void CDocument::editWindow_Load() {
+    MDIForm1& frame = mainForm();
+    EditControl& text = window_->Text1;
+    keys_.setHookedRTB(&text);
+    keys_.setFileKeysEnabled(true);
+    tracker_ = std::make_unique<CRichTextBox>();
+    tracker_->setHookedRichTextBox(text);
+    activeFormName = window_->name();
+    frame.Picture2.setVisible(true);
+    isSaved_ = true;
+    ++frame.fileCount;
+    if (editorBackColor != -1 && editorForeColor != -1) {
+        const ColorsChanging scope;
+        text.setBackColor(editorBackColor);
+        tracker_->setTextColor(editorForeColor);
+    }
+}
+
+Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
+    try {
+        SourceRTB().LoadFile(path);
+        window_->showSource();
+        docTabStrip_->add(strUniqueID_, longFileName_ + strUniqueID_);
+        docTabStrip_->setTag(strUniqueID_, strUniqueID_);
+        documentManager_->add(shared_from_this());
+        isUntitled_ = isUntitled;
+        if (isUntitled) {
+            longFileName_ = shortFileName_ = "Untitled " + std::to_string(untitledCount_);
+            SourceRTB().setEncoding(Encoding::utf8);
+        }
+        applyFileName(isUntitled ? longFileName_ : path);
+        mainForm().mdi.show(*window_);
+        isSaved_ = true;
+        showSavedState();
+        return Outcome::done();
+    } catch (const std::exception&) {
+        // The text that was loaded half way is nobody's change.
+        isSaved_ = true;
+        return loggedFailure(currentError());
+    }
+}
+
+void CDocument::applyFileName(const std::string& name) {
+    if (name.empty()) return;
+    longFileName_ = name;
+    urlForDocument_ = vdirManager_->GetVDirForPath(name);
+    shortFileName_ = fileNamePart(name);
+    docTabStrip_->setCaption(strUniqueID_, shortFileName_);
+    docTabStrip_->setTabToolTip(strUniqueID_, longFileName_);
+    window_->setCaption(longFileName_);
+}
+
+Outcome CDocument::writeText(const std::string& path) {
+    EditControl& text = SourceRTB();
+    const Encoding before = text.encoding();
+    if (!text.canBeSaved()) {
+        saveDeclined_ = askSaveAsUtf8(path) != Answer::yes;
+        if (saveDeclined_) return Outcome::failed();
+        text.setEncoding(Encoding::utf8);
+    }
+    try {
+        text.SaveFile(path);
+        return Outcome::done();
+    } catch (const std::exception&) {
+        text.setEncoding(before);
+        return loggedFailure(currentError());
+    }
+}
+
+Outcome CDocument::SaveDoc(const std::string& path) {
+    const std::string target = path.empty() ? longFileName_ : path;
+    saveDeclined_ = false;
+    Outcome written = writeText(target);
+    if (!written) return written;
+    applyFileName(target);
+    isSaved_ = true;
+    return written;
+}
+
+Outcome CDocument::SaveDocAs(const std::string& path) {
+    Outcome saved = SaveDoc(path);
+    if (!saved) return saved;
+    isUntitled_ = false;
+    showSavedState();
+    return saved;
+}
+
+bool CDocument::CloseDoc() {
+    window_->unload();
+    return true;
+}
+
+bool CDocument::ChangeMode(int mode) {
+    viewMode_ = mode;
+    if (mode == view_mode::source) {
+        window_->showSource();
+        PreviewWB().Close();
+    }
+    if (mode == view_mode::preview && isSaved_ && !isUntitled_) {
+        const bool mapped = vdirManager_->EnforceVDirs();
+        const std::string& address = mapped ? urlForDocument_ : longFileName_;
+        PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache,
+                             mapped ? vdirManager_->encodedURLForPath(longFileName_) : "");
+        window_->StatusBar1.setSimpleText(address);
+        window_->showPage();
+    }
+    SetDocFocus();
+    return true;
+}
+
+/// Every road by which a document comes to the front leads here: a click, the end of another, its own opening.
+void CDocument::editWindow_Activate() {
+    docTabStrip_->setSelectedItem(strUniqueID_);
+    enableMenuItems();
+    ControlFunctionForMode(viewMode_);
+    Text1_SelChange();
+    SetDocFocus();
+}
+
+void CDocument::showSavedState() const {
+    mainForm().StatusBar1.setPanelText(panel::saved, isSaved_ ? "File Saved: Yes" : "File Saved: No");
+}
+
+void CDocument::Text1_Change() {
+    if (colorsChanging) return;
+    isSaved_ = false;
+    showSavedState();
+    documentManager_->UpdateChars(*this);
+}
+
+void CDocument::Text1_SelChange() {
+    documentManager_->UpdateChars(*this);
+    documentManager_->UpdateLineStats(*this);
+    showSavedState();
+}
+
+void CDocument::showPosition() {
+    // The key that goes up may have closed the window when it went down.
+    if (tracker_) documentManager_->UpdateLineStats(*this);
+}
+
+void CDocument::Text1_KeyDown(KeyPress& key) {
+    {
+        const ColorsChanging scope;
+        SourceRTB().setSelColor(editorForeColor);
+    }
+    if (key.shift != ctrlAlone) return;
+    for (const auto& [keyCode, action] : editChords) {
+        if (key.keyCode != keyCode) continue;
+        key.keyCode = 0;
+        editChord().raise(action);
+    }
+}
+
+bool CDocument::saveBeforeClosing() {
+    if (isUntitled_) {
+        using namespace dialog_flag;
+        prepareSaveDialog(overwritePrompt | hideReadOnly | noReadOnlyReturn);
+        mainForm().CommonD1.fileName.clear();
+        mainForm().CommonD1.ShowSave();
+        longFileName_ = mainForm().CommonD1.fileName;
+    }
+    const Outcome saved = SaveDoc(longFileName_);
+    if (!saved && !saveDeclined_) reportSaveError(longFileName_, saved.cause());
+    updateOpenFileCollection();
+    return bool(saved);
+}
+
+void CDocument::editWindow_QueryUnload(bool& cancel) {
+    if (isSaved_) return;
+    const std::string name = isUntitled_ ? shortFileName_ : longFileName_;
+    const Answer answer = platform().dialogs.message(
+        {.text = "The text in [" + name + "] has changed.\r\nDo you want to save the changes?",
+         .title = "Kelvor",
+         .icon = MessageIcon::question,
+         .buttons = MessageButtons::yesNoCancel});
+    if (answer == Answer::no) return;
+    // Whatever goes wrong below keeps the window open.
+    cancel = true;
+    if (answer == Answer::cancel) return;
+    try {
+        cancel = !saveBeforeClosing();
+    } catch (const Error& error) {
+        if (error.number() != error_number::dialogCancelled) throw;
+    }
+}
+
+void CDocument::editWindow_Unload() {
+    MDIForm1& frame = mainForm();
+    if (documentManager_->count() == 1) {
+        disableMenuItems();
+        frame.StatusBar1.setPanelText(panel::position, "Line:");
+        frame.StatusBar1.setPanelText(panel::characters, "Characters:");
+        frame.StatusBar1.setPanelText(panel::saved, "File Saved: No Files Open ");
+        unloadFixedForms();
+    }
+    closed().raise();
+    tracker_.reset();
+    // A document that failed half way through opening has no tab.
+    if (docTabStrip_->contains(strUniqueID_)) docTabStrip_->remove(strUniqueID_);
+    documentManager_->remove(strUniqueID_);
+    frame.mdi.remove(*window_);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include "core/document.h"
+#include "frame/main_frame.h"
+#include "text/keyed_collection.h"
+
+namespace kelvor {
+
+/// The open documents, in the order of opening, and the status panels that tell of the one in front.
+class CDocumentManager : public DocumentOwner {
+public:
+    using Documents = KeyedCollection<std::shared_ptr<CDocument>>;
+
+    const Documents& MyDocuments() const { return documents_; }
+    void setMyDocuments(Documents documents) { documents_ = std::move(documents); }
+
+    bool UpdateLineStats(CDocument& document) override;
+    bool UpdateChars(CDocument& document) override;
+
+    MDIForm1* KVMDIForm() const { return frame_; }
+    void setKVMDIForm(MDIForm1& frame) { frame_ = &frame; }
+
+    void add(std::shared_ptr<CDocument> document) override;
+    void remove(const std::string& key) override;
+    std::size_t count() const override { return documents_.Count(); }
+
+    /// The document of the selected tab. No tab: error 91; no document of its tag: error 5.
+    CDocument& currentDocument() const;
+
+private:
+    Documents documents_;
+    MDIForm1* frame_ = nullptr;
+};
+
+/// The one manager; empty before the start and after the frame's end.
+std::unique_ptr<CDocumentManager>& documentManager();
+
+}  // namespace kelvor

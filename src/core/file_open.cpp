@@ -1,0 +1,92 @@
+#include "core/file_open.h"
+
+#include "core/document_manager.h"
+#include "core/recent_files.h"
+#include "files/paths.h"
+#include "files/whole_file.h"
+#include "frame/enablement.h"
+#include "frame/file_dialogs.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/messages.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Tells that a file to be opened is not there.
+void reportNoSuchFile(const std::string& path) {
+    beepAndShow({.text = "The file " + path + " does not exist.",
+                 .title = "File Open Error",
+                 .icon = MessageIcon::exclamation});
+}
+
+std::shared_ptr<CDocument> newDocument() {
+    MDIForm1& frame = mainForm();
+    auto document = std::make_shared<CDocument>();
+    document->setDocumentManager(*documentManager());
+    document->setDocTabStrip(frame.TabStrip1);
+    document->setUniqueDocID(frame.fileCount);
+    document->setUntitledCount(frame.untitledCount);
+    document->setVDirManagerRef(*vdirManager());
+    return document;
+}
+
+/// A failed open beside one other document leaves the frame in its empty state.
+void giveUp(CDocument& document) {
+    document.CloseDoc();
+    if (!hasManyMdiChildren()) disableMenuItems();
+}
+
+void openOne(const std::string& path) {
+    if (const Outcome opened = fileOpen(path, false)) {
+        updateOpenFileCollection();
+    } else {
+        reportOpenError(path, opened.cause());
+    }
+}
+
+}  // namespace
+
+Outcome fileOpen(const std::string& path, bool isUntitled) {
+    const DisabledFrame disabled;
+    if (!fileExists(path)) {
+        reportNoSuchFile(path);
+        return Outcome::failed();
+    }
+    const EventScope scope;
+    const auto document = newDocument();
+    Outcome opened = document->OpenDoc(path, isUntitled);
+    if (!opened) {
+        giveUp(*document);
+        retire(document);
+    }
+    return opened;
+}
+
+void mnuFile_Open_Click() {
+    using namespace dialog_flag;
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.initDir = lastDir;
+    dialog.dialogTitle = "Open HTML file (multiple selections allowed)";
+    dialog.filter = fileFilter;
+    dialog.filterIndex = preferredFilterIndex();
+    dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
+    dialog.fileName.clear();
+    if (!answered(dialog, &CommonDialog::ShowOpen)) return;
+    lastDir = directoryPart(dialog.fileName);
+    const auto paths = dialog.fileNames;
+    for (const std::string& path : paths) openOne(path);
+    if (!hasMdiChild()) return;
+    // A failed open beside one document has turned the commands off.
+    mainForm().mdi.show(mainForm().activeForm());
+    focusDocument();
+}
+
+void mnuFile_RecentFiles_Click(int index) {
+    const std::string path = mainForm().menu("mnuFile_RecentFiles_" + std::to_string(index)).caption();
+    if (!fileExists(path)) return reportNoSuchFile(path);
+    if (const Outcome opened = fileOpen(path, false); !opened) reportOpenError(path, opened.cause());
+}
+
+}  // namespace kelvor

@@ -1,0 +1,192 @@
+#include "files/file_replace.h"
+
+#include <fcntl.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <future>
+#include <optional>
+
+#include "files/file_error.h"
+#include "files/files.h"
+#include "files/paths.h"
+#include "files/system_calls.h"
+#include "files/temporary_directory.h"
+
+namespace kelvor {
+
+namespace {
+
+/// A failure of the temporary file, with the name of the file for which it was.
+Error temporaryError(int code, const std::string& temporary, const std::string& path) {
+    const Error error = fileError(code, temporary + ", which was to become " + path);
+    return {error.number(), error.description(),
+            error.cause() + "\r\nTemporary directory: " + directoryPart(temporary)};
+}
+
+bool isSameMoment(const timespec& left, const timespec& right) {
+    return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
+}
+
+/// Whether nothing happened to the file. The time of the last change of its state cannot be set back, so a write
+/// that leaves size and time as they were shows too.
+bool isUntouched(const struct stat& before, const struct stat& now) {
+    return before.st_dev == now.st_dev && before.st_ino == now.st_ino && before.st_size == now.st_size &&
+           isSameMoment(before.st_mtim, now.st_mtim) && isSameMoment(before.st_ctim, now.st_ctim);
+}
+
+/// Sees to it that the path still leads to the file that was read, and nobody has written to it.
+void checkUntouched(const ReplaceableFile& target) {
+    struct stat named {};
+    if (uninterrupted([&] { return systemCalls().stat(target.path.c_str(), &named); }) != 0) {
+        throw fileError(errno, target.path);
+    }
+    if (!isUntouched(target.opened.status, named)) {
+        throw pathError(error_number::pathAccess, "Another program has changed the file meanwhile", target.path);
+    }
+}
+
+/// Whether another file may take the file's place: it has one name, and the path is that name.
+bool isOnlyName(const std::string& path) {
+    struct stat named {};
+    if (uninterrupted([&] { return systemCalls().lstat(path.c_str(), &named); }) != 0) throw fileError(errno, path);
+    return !S_ISLNK(named.st_mode) && named.st_nlink == 1;
+}
+
+/// The names of a file's extended attributes, each ended by a NUL; nothing when they cannot be told.
+std::optional<std::string> attributeNames(int descriptor) {
+    const auto size = flistxattr(descriptor, nullptr, 0);
+    if (size < 0) return errno == ENOTSUP ? std::optional("") : std::nullopt;
+    std::string names(static_cast<std::size_t>(size), '\0');
+    if (size > 0 && flistxattr(descriptor, names.data(), names.size()) != size) return std::nullopt;
+    return names;
+}
+
+bool copyAttribute(int from, int to, const char* name) {
+    const auto size = fgetxattr(from, name, nullptr, 0);
+    if (size < 0) return false;
+    std::string value(static_cast<std::size_t>(size), '\0');
+    if (size > 0 && fgetxattr(from, name, value.data(), value.size()) != size) return false;
+    return systemCalls().fsetxattr(to, name, value.data(), value.size(), 0) == 0;
+}
+
+bool copyAttributes(int from, int to) {
+    const auto names = attributeNames(from);
+    if (!names) return false;
+    for (std::size_t start = 0; start < names->size(); start = names->find('\0', start) + 1) {
+        const char* name = names->c_str() + start;
+        // A write takes a program's capabilities from its file, and so does this.
+        if (std::string_view(name) != "security.capability" && !copyAttribute(from, to, name)) return false;
+    }
+    return true;
+}
+
+/// Flushes on a thread of its own: a busy disk can take half a second, and the user is to be heard meanwhile.
+bool flushBeside(int descriptor, const Step& step) {
+    constexpr std::chrono::milliseconds patience(10);
+    auto flushing = std::async(std::launch::async, [descriptor] { return flush(descriptor) ? 0 : errno; });
+    while (flushing.wait_for(patience) != std::future_status::ready) step();
+    errno = flushing.get();
+    return errno == 0;
+}
+
+/// Brings the bytes to the disk, portion by portion; false, and why in errno, when it could not.
+bool writeToDisk(int descriptor, std::string_view bytes, const Step& step) {
+    constexpr std::size_t portion = std::size_t{4} << 20;
+    for (std::size_t written = 0; written < bytes.size(); step()) {
+        const auto next = bytes.substr(written, portion);
+        if (!writeWhole(descriptor, next, written)) return false;
+        written += next.size();
+    }
+    return flushBeside(descriptor, step);
+}
+
+/// Writes the bytes into a new file. Whether it also has the target's extended attributes.
+bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                    const Step& step) {
+    constexpr mode_t ownerOnly = 0600;
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    OpenFile file(uninterrupted([&] { return systemCalls().open(temporary.c_str(), flags, ownerOnly); }));
+    if (file.descriptor() < 0) throw temporaryError(errno, temporary, target.path);
+    const bool hasAttributes = copyAttributes(target.opened.file.descriptor(), file.descriptor());
+    if (!writeToDisk(file.descriptor(), bytes, step) || !file.close())
+        throw temporaryError(errno, temporary, target.path);
+    return hasAttributes;
+}
+
+bool giveRights(const struct stat& status, const char* temporary) {
+    constexpr mode_t copiedBits = 01777;
+    return systemCalls().lchown(temporary, status.st_uid, status.st_gid) == 0 &&
+           systemCalls().chmod(temporary, status.st_mode & copiedBits) == 0;
+}
+
+/// Puts the temporary file in the target's place, with its owner and mode; false when the disk or the directory does
+/// not let it.
+bool takePlace(const char* temporary, const ReplaceableFile& target) {
+    const bool hasRights = giveRights(target.opened.status, temporary);
+    const auto rename = [&] { return systemCalls().rename(temporary, target.path.c_str()); };
+    if (hasRights && uninterrupted(rename) == 0) return true;
+    const int code = errno;
+    // What is left is this user's again, so that the next file can take its place.
+    systemCalls().lchown(temporary, geteuid(), getegid());
+    const bool canBeWritten = code == EXDEV || code == EACCES || code == EPERM || code == EROFS || code == EBUSY;
+    if (hasRights && !canBeWritten) throw fileError(code, target.path);
+    return false;
+}
+
+bool isOwnFile(const struct stat& status) {
+    return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
+}
+
+}  // namespace
+
+ReplaceableFile readForReplacement(const std::string& path, const Step& step) {
+    auto opened = openRegularFile(path, O_RDWR);
+    if (!opened) throw fileError(ENOENT, path);
+    auto bytes = readToEnd(opened->file.descriptor(), opened->status.st_size, path, step);
+    return {path, std::move(*opened), std::move(bytes)};
+}
+
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                 const Step& step) {
+    const bool hasAttributes = writeTemporary(target, bytes, temporary, step);
+    checkUntouched(target);
+    if (hasAttributes && isOnlyName(target.path) && takePlace(temporary.c_str(), target)) return;
+    saveFileInPlace(target.path, bytes);
+    // One that does not go is met by clearTemporary; the target is written all the same.
+    uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
+}
+
+void clearTemporary(const std::string& temporary) {
+    struct stat status {};
+    if (uninterrupted([&] { return systemCalls().lstat(temporary.c_str(), &status); }) != 0) {
+        if (errno == ENOENT) return;
+        throw fileError(errno, temporary);
+    }
+    if (!isOwnFile(status)) {
+        throw pathError(error_number::fileAlreadyExists, "Something else stands in the temporary file's place",
+                        temporary);
+    }
+    if (uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); }) != 0) {
+        throw fileError(errno, temporary);
+    }
+}
+
+std::vector<std::string> abandonedTemporaries(const std::string& name) {
+    std::vector<std::string> found;
+    for (const std::string& directory : abandonedTemporaryDirectories()) {
+        auto path = joinPath(directory, name);
+        struct stat status {};
+        if (lstat(path.c_str(), &status) == 0 && isOwnFile(status)) found.push_back(std::move(path));
+    }
+    return found;
+}
+
+void removeAbandonedTemporary(const std::string& temporary) {
+    clearTemporary(temporary);
+    rmdir(directoryPart(temporary).c_str());
+}
+
+}  // namespace kelvor

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace kelvor {
+
+/// The directory that an environment variable names; "" when it is not set or does not tell from the root.
+std::string directoryVariable(const char* name);
+
+/// Where tags.txt, VDirs.txt, Templates, Scripts, HTML Help and errorlog.txt are: the executable's directory
+/// when it holds Templates and can be written, otherwise $XDG_DATA_HOME/kelvor, filled from the installed data
+/// at first use and never overwritten after. No separator at the end.
+std::string programDirectory();
+
+/// $XDG_CONFIG_HOME/kelvor, or ~/.config/kelvor; made when it is missing. "" when there is no home.
+std::string settingsDirectory();
+
+/// What stands in for the program's and the settings' directory.
+struct Directories {
+    std::string program;
+    std::string settings;
+};
+
+/// Puts other directories in force until it ends, and then those before it; for tests.
+class ScopedDirectories {
+public:
+    ScopedDirectories(std::string program, std::string settings);
+    ~ScopedDirectories();
+    ScopedDirectories(const ScopedDirectories&) = delete;
+    ScopedDirectories& operator=(const ScopedDirectories&) = delete;
+
+private:
+    std::optional<Directories> previous_;
+};
+
+}  // namespace kelvor

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/step.h"
+#include "files/system_calls.h"
+
+namespace kelvor {
+
+/// A file opened and found to be a regular one.
+struct RegularFile {
+    OpenFile file;
+    struct stat status {};
+};
+
+/// Whether the mode lets anyone write. The kernel lets root write all the same; this program does not.
+bool hasWriteBit(const struct stat& status);
+
+/// Opens `path` with `flags`, never waiting, and without touching what is no regular file. Nothing when the path leads
+/// to no file. Throws Error for all other failures, for writing also when the mode has no write bit.
+std::optional<RegularFile> openRegularFile(const std::string& path, int flags);
+
+/// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
+/// writes as they are read have no size. Throws Error.
+std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step = noStep);
+
+/// Writes all of `bytes` into the file at `place`; false, and why in errno, when it could not.
+bool writeWhole(int descriptor, std::string_view bytes, std::size_t place = 0);
+
+/// Waits until the bytes are on the disk; false, and why in errno, when it reports an error. File systems that have no
+/// such order are taken at their word.
+bool flush(int descriptor);
+
+}  // namespace kelvor

@@ -1,0 +1,28 @@
+#include "frame/tool_switch.h"
+
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+
+namespace kelvor {
+
+void ToolSwitch::flip(Form& form) const {
+    const bool on = !mainForm().menu(menuRow_).checked();
+    set(on);
+    if (on) {
+        openToolForm(form, ShowMode::floating);
+    } else {
+        form.unload();
+    }
+}
+
+void ToolSwitch::release() const {
+    set(false);
+    if (!deliversToTableWizard()) focusDocument();
+}
+
+void ToolSwitch::set(bool on) const {
+    mainForm().menu(menuRow_).setChecked(on);
+    mainForm().Toolbar1.setValue(buttonKey_, on);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kelvor {
+
+/// The value of hexadecimal digits in either case: 0 for no digits, -1 when there is another character. A value of
+/// more than 31 bits is an error 6.
+int hexToLong(std::string_view text);
+
+/// Six hexadecimal digits of a 24-bit value; more than 24 bits are an error 5. `value` is used up: the last
+/// digit's value stays in it.
+std::string longToHex(int& value);
+
+/// "RRGGBB".
+std::string colorToHtml(int value);
+
+}  // namespace kelvor

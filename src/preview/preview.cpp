@@ -1,0 +1,135 @@
+#include "preview/preview.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+
+#include "base/error.h"
+#include "base/outcome.h"
+#include "core/document_manager.h"
+#include "core/file_save.h"
+#include "core/virtual_directories.h"
+#include "frame/enablement.h"
+#include "frame/main_frame.h"
+#include "platform/platform.h"
+#include "support/messages.h"
+#include "support/programs.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr const char* section = "Browsers";
+
+constexpr std::size_t capacity = 15;
+
+MenuItem& browserRow(std::size_t index) {
+    return mainForm().menu("mnuRClick_Preview_altb_" + std::to_string(index));
+}
+
+bool wantsToSave() {
+    return beepAndShow({.text = "File must be saved before a preview can be executed.\r\nSave file now?",
+                        .title = "Preview requires save.",
+                        .icon = MessageIcon::question,
+                        .buttons = MessageButtons::yesNo}) == Answer::yes;
+}
+
+/// The step before every preview, which shows the file and not the text.
+/// @return false when the user refused or the save failed. A cancelled Save As goes on with the document as it is
+bool savedForPreview(CDocument& document) {
+    if (!document.IsUntitled() && document.IsSaved()) return true;
+    if (!wantsToSave()) return false;
+    if (document.IsUntitled()) {
+        cmdSaveAs();
+        return true;
+    }
+    const Outcome saved = document.SaveDoc(document.LongFileName());
+    if (saved) {
+        document.showSavedState();
+    } else if (!document.saveDeclined()) {
+        reportSaveError(document.LongFileName(), saved.cause());
+    }
+    return bool(saved);
+}
+
+Error tooManyBrowsers(std::size_t count) {
+    return {error_number::subscriptOutOfRange,
+            "The preview menu has room for " + std::to_string(capacity) + " browsers, and " + std::to_string(count) +
+                " are listed in the preferences. The first " + std::to_string(capacity) + " are shown."};
+}
+
+void reportNoBrowser() {
+    beepAndShow({.text = "The executable you have provided for this option can not be found.  Please check your "
+                         "preferences.",
+                 .title = "Program executable not found",
+                 .icon = MessageIcon::critical});
+}
+
+void reportNoFile(const std::string& name) {
+    beepAndShow({.text = "[" + name + "] has no file yet, so there is nothing that a browser could show.",
+                 .title = "Preview requires save.",
+                 .icon = MessageIcon::exclamation});
+}
+
+}  // namespace
+
+void InLinePreview(CDocument& document) {
+    if (savedForPreview(document)) document.ChangeMode(view_mode::preview);
+}
+
+void previewDefault() {
+    CDocument& document = documentManager()->currentDocument();
+    if (!savedForPreview(document)) return;
+    if (document.IsUntitled()) return reportNoFile(document.ShortFileName());
+    openInDefaultBrowser(document.LongFileName());
+}
+
+void previewAlternate(const std::string& label) {
+    CDocument& document = documentManager()->currentDocument();
+    if (!savedForPreview(document)) return;
+    auto words = commandWords(GetSetting(application, section, label));
+    if (words.empty()) return reportNoBrowser();
+    words.push_back(std::filesystem::absolute(document.LongFileName()).string());
+    try {
+        platform().shell.start(words, {});
+    } catch (const Error& error) {
+        if (error.number() == error_number::fileNotFound) reportNoBrowser();
+    }
+}
+
+void setUpBrowsers() {
+    for (std::size_t index = 0; index < capacity; ++index) {
+        browserRow(index).setCaption("");
+        browserRow(index).setVisible(false);
+    }
+    const auto stored = GetAllSettings(application, section);
+    if (!stored) return;
+    const std::size_t shown = std::min(stored->size(), capacity);
+    for (std::size_t index = 0; index < shown; ++index) {
+        browserRow(index).setCaption((*stored)[index].key);
+        browserRow(index).setVisible(true);
+    }
+    if (stored->size() > shown) throw tooManyBrowsers(stored->size());
+}
+
+void ChangeViewMode(int mode) {
+    CDocument& document = documentManager()->currentDocument();
+    if (mode == view_mode::source) {
+        document.ChangeMode(view_mode::source);
+        ControlFunctionForMode(view_mode::source);
+    } else if (mode == view_mode::preview) {
+        InLinePreview(document);
+        const bool shown = document.ViewMode() == view_mode::preview;
+        ControlFunctionForMode(shown ? view_mode::preview : view_mode::source);
+    }
+}
+
+void setEnforceVDirs(bool enforce) {
+    SaveSetting(application, "User", "EnforceVDirs", enforce ? "1" : "0");
+    mainForm().Toolbar4.setValue("VDir", enforce);
+    mainForm().Toolbar4.setValue("NoVDir", !enforce);
+    vdirManager()->setEnforceVDirs(enforce);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,140 @@
+#include "program/startup.h"
+
+#include <optional>
+
+#include "assistants/template_holder.h"
+#include "authoring/insert_lists.h"
+#include "core/document_manager.h"
+#include "core/file_open.h"
+#include "core/recent_files.h"
+#include "editing/editor_colors.h"
+#include "files/places.h"
+#include "frame/enablement.h"
+#include "frame/file_dialogs.h"
+#include "frame/tool_forms.h"
+#include "html/special_chars.h"
+#include "platform/platform.h"
+#include "preview/preview.h"
+#include "program/command_table.h"
+#include "program/single_instance.h"
+#include "support/fields.h"
+#include "support/report_error.h"
+#include "support/settings.h"
+#include "workbench/document_assistant.h"
+#include "workbench/quick_file.h"
+
+namespace kelvor {
+
+namespace {
+
+std::optional<SingleInstance> instanceLock;
+
+void removePlaceholderTab() {
+    TabStrip& tabs = mainForm().TabStrip1;
+    if (tabs.count() == 1) tabs.remove(tabs.tabs().front().key);
+}
+
+void createDocumentManager() {
+    documentManager() = std::make_unique<CDocumentManager>();
+    documentManager()->setKVMDIForm(mainForm());
+}
+
+void resetCounters() {
+    mainForm().untitledCount = 1;
+    mainForm().fileCount = 0;
+}
+
+/// The manager of the mappings maps the open documents anew when the table changes.
+void startVDirs() {
+    initVDirs();
+    vdirManager()->setMappedFiles([] {
+        std::vector<MappedFile*> files;
+        for (const auto& document : documentManager()->MyDocuments().items()) files.push_back(document.get());
+        return files;
+    });
+}
+
+void readUserSettings() {
+    if (GetSetting(application, "User", "LCase").empty()) firstTimeUser();
+    const std::string directory = GetSetting(application, "User", "InitDir");
+    lastDir = directory.empty() ? programDirectory() : directory;
+    showQuickFile(GetSetting(application, "User", "QuickFile", "True") == "True");
+    ToggleDocumentAssistant(settingBoolean(GetSetting(application, "User", "DocumentAssistant", "True")));
+    setEnforceVDirs(GetSetting(application, "User", "EnforceVDirs", "0") == "1");
+    editorBackColor = settingNumber(GetSetting(application, "User", "BGColor", "-1"));
+    editorForeColor = settingNumber(GetSetting(application, "User", "ForeColor", "-1"));
+}
+
+/// Too many browsers are told, and the start goes on.
+void listBrowsers() {
+    guarded(setUpBrowsers);
+}
+
+/// The start in its order. An error ends it there, and what was done stays.
+constexpr void (*steps[])() = {removePlaceholderTab,
+                               createDocumentManager,
+                               initSpecialChars,
+                               loadFontList,
+                               resetCounters,
+                               getRegistered_OpenFiles,
+                               loadComboBoxes,
+                               startVDirs,
+                               grabReg,
+                               setUpUStrings,
+                               listBrowsers,
+                               checkNewFile,
+                               initQuickView};
+
+/// The frame's end: the managers go, and then every form that is still loaded.
+void MDIForm1_Unload() {
+    documentManager().reset();
+    vdirManager().reset();
+    const auto forms = loadedForms();
+    for (Form* form : forms)
+        if (form != &mainForm()) form->unload();
+    closeSettings();
+    instanceLock.reset();
+}
+
+/// Whether this copy of the program is the only one of its user; when not, the user is told.
+bool isOnlyInstance() {
+    instanceLock.emplace();
+    if (instanceLock->isFirst()) return true;
+    beepAndShow({.text = "Kelvor is already running.", .title = "Kelvor", .icon = MessageIcon::exclamation});
+    return false;
+}
+
+}  // namespace
+
+void firstTimeUser() {
+    beepAndShow({.text = "This is your first time using Kelvor.  Take a minute to setup your preferences once the "
+                         "program has loaded.",
+                 .title = "First time user",
+                 .icon = MessageIcon::information});
+}
+
+void grabReg() {
+    guarded(readUserSettings);
+}
+
+void checkNewFile() {
+    if (GetSetting(application, "User", "newFile", "False") != "True") return disableMenuItems();
+    if (fileOpen(templateFile("Default Template"), true)) mainForm().increaseUntitledCount();
+}
+
+bool startKelvor() {
+    installErrorReporting();
+    installLoadErrorReporting();
+    if (!isOnlyInstance()) return false;
+    MDIForm1& frame = mainForm();
+    frame.load();
+    frame.unloaded.connect(MDIForm1_Unload);
+    connectCommands();
+    guarded([] {
+        for (const auto step : steps) step();
+    });
+    platform().windows.showModeless(frame, false);
+    return true;
+}
+
+}  // namespace kelvor

@@ -1,0 +1,92 @@
+#include "controls/label.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+
+#include "qt/binders/binders.h"
+#include "qt/convert.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+/// The caption without the marks of its access key: "&" goes, of "&&" one stays.
+QString withoutMarks(QString text) {
+    for (auto at = text.indexOf(QLatin1Char('&')); at >= 0; at = text.indexOf(QLatin1Char('&'), at + 1))
+        text.remove(at, 1);
+    return text;
+}
+
+/// The widget knows access keys only where it has a field to lead to; elsewhere it shows each "&".
+QString shownText(const Label& label, bool hasField) {
+    QString caption = plainLines(label.caption());
+    if (label.useMnemonic() == hasField) return caption;
+    return hasField ? menuText(caption) : withoutMarks(caption);
+}
+
+void showColors(const Label& label, QLabel& widget) {
+    QPalette palette;
+    if (label.backColor() >= 0) palette.setColor(QPalette::Window, colorToQt(label.backColor()));
+    if (label.foreColor() >= 0) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive})
+            palette.setColor(group, QPalette::WindowText, colorToQt(label.foreColor()));
+    }
+    // One that takes the keyboard shows it as a chosen row does.
+    const bool focused = widget.hasFocus();
+    widget.setBackgroundRole(focused ? QPalette::Highlight : QPalette::NoRole);
+    widget.setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
+    widget.setAutoFillBackground(focused || label.backColor() >= 0);
+    widget.setPalette(palette);
+}
+
+/// Double clicks, and the keys that do the same on a label that takes the keyboard.
+class DoubleClicks : public QObject {
+public:
+    DoubleClicks(Label& label, QLabel& widget, FormLink& link) : QObject(&link), label_(label), widget_(widget) {}
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonDblClick:
+                if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) act();
+                return false;
+            case QEvent::KeyPress: {
+                const int key = static_cast<QKeyEvent*>(event)->key();
+                if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
+                act();
+                return true;
+            }
+            case QEvent::FocusIn:
+            case QEvent::FocusOut:
+                showColors(label_, widget_);
+                return false;
+            default:
+                return false;
+        }
+    }
+
+private:
+    /// Behind the event: what is opened by it may stay open.
+    void act() {
+        if (!widget_.isEnabled()) return;
+        QMetaObject::invokeMethod(
+            this, [this] { guarded([this] { label_.doubleClick(); }); }, Qt::QueuedConnection);
+    }
+
+    Label& label_;
+    QLabel& widget_;
+};
+
+}  // namespace
+
+void bindLabel(Label& label, QLabel& widget, FormLink& link) {
+    widget.setTextFormat(Qt::PlainText);
+    widget.installEventFilter(new DoubleClicks(label, widget, link));
+    link.follow(label, widget, [&label, &widget](Aspect) {
+        widget.setText(shownText(label, widget.buddy() != nullptr));
+        showColors(label, widget);
+    });
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,83 @@
+#include "controls/status_bar.h"
+
+#include <QLabel>
+#include <QStatusBar>
+#include <algorithm>
+
+#include "qt/binders/binders.h"
+#include "qt/convert.h"
+#include "qt/key_states.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+using Panel = StatusBar::Panel;
+using Kind = StatusBar::PanelKind;
+
+/// In characters; longer addresses are elided so that they do not widen the window.
+constexpr int longestSimpleText = 120;
+
+/// A panel that grows with its text and never shrinks, so that the others stay where they are.
+class PanelLabel : public QLabel {
+public:
+    explicit PanelLabel(QWidget* parent) : QLabel(parent) {
+        setTextFormat(Qt::PlainText);
+        setContentsMargins(6, 0, 6, 0);
+    }
+
+    void show(const QString& text) {
+        if (text == this->text()) return;
+        setText(text);
+        setMinimumWidth(std::max(minimumWidth(), sizeHint().width()));
+    }
+};
+
+/// A lock key's panel is dim while the lock is off; the insert panel names the mode that is on.
+void showKey(PanelLabel& label, const Panel& panel) {
+    const KeyStates& states = keyStates();
+    const bool overtype = panel.kind == Kind::insert && states.overtype();
+    label.show(overtype ? QStringLiteral("OVR") : toQt(panel.text));
+    const bool lit = panel.kind == Kind::capsLock  ? states.capsLock()
+                     : panel.kind == Kind::numLock ? states.numLock()
+                                                   : true;
+    label.setEnabled(lit);
+}
+
+void bindPanels(StatusBar& bar, QStatusBar& widget, FormLink& link) {
+    std::vector<PanelLabel*> labels;
+    for (const Panel& panel : bar.panels()) {
+        auto* label = new PanelLabel(&widget);
+        // The first panel takes what the others leave.
+        widget.addWidget(label, labels.empty() ? 1 : 0);
+        if (panel.kind != Kind::text) label->show(QStringLiteral("OVR"));
+        labels.push_back(label);
+    }
+    const auto showAll = [&bar, labels](bool keysOnly) {
+        for (std::size_t i = 0; i < labels.size(); ++i) {
+            const Panel& panel = bar.panels()[i];
+            if (panel.kind != Kind::text) {
+                showKey(*labels[i], panel);
+            } else if (!keysOnly) {
+                labels[i]->show(toQt(panel.text));
+            }
+        }
+    };
+    link.follow(bar, widget, [showAll](Aspect) { showAll(false); });
+    QObject::connect(&keyStates(), &KeyStates::changed, &link, [showAll] { showAll(true); });
+}
+
+}  // namespace
+
+void bindStatusBar(StatusBar& bar, QStatusBar& widget, FormLink& link) {
+    if (!bar.panels().empty()) return bindPanels(bar, widget, link);
+    auto* label = new QLabel(&widget);
+    label->setTextFormat(Qt::PlainText);
+    widget.addWidget(label, 1);
+    link.follow(bar, widget, [&bar, label](Aspect) {
+        label->setText(elidedInTheMiddle(toQt(bar.simpleText()), longestSimpleText));
+        label->setToolTip(toolTipText(bar.simpleText()));
+    });
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,58 @@
+#include "qt/binders/report_rows.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "controls/report_view.h"
+#include "qt/convert.h"
+#include "qt/themed_icon.h"
+
+namespace kelvor::qt {
+
+ReportRows::ReportRows(const ReportView& list, QObject* parent)
+    : FollowedRows([&list] { return list.count(); }, parent),
+      list_(list),
+      icons_{themedIcon(QStringLiteral(":/rows/ok.svg")), themedIcon(QStringLiteral(":/rows/warning.svg"))} {
+}
+
+int ReportRows::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(list_.columns().size());
+}
+
+QVariant ReportRows::data(const QModelIndex& index, int role) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row >= list_.count()) return {};
+    if (role == Qt::DisplayRole) return rowText(list_.cell(index.row(), index.column()));
+    if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
+    const auto icon = static_cast<std::size_t>(list_.rows()[row].icon);
+    if (role == Qt::DecorationRole && index.column() == 0 && icon > 0 && icon <= icons_.size()) return icons_[icon - 1];
+    return {};
+}
+
+QVariant ReportRows::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return alignmentOf(section);
+    if (role != Qt::DisplayRole) return {};
+    return toQt(list_.columns().at(static_cast<std::size_t>(section)));
+}
+
+QVariant ReportRows::alignmentOf(int column) const {
+    return QVariant::fromValue((list_.isRightAligned(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+void ReportCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->textElideMode = index.column() == 0 ? Qt::ElideMiddle : Qt::ElideRight;
+}
+
+bool ReportCells::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid()) return false;
+    const bool isCut = sizeHint(option, index).width() > option.rect.width();
+    const QString text = isCut ? toolTipText(fromQt(index.data().toString())) : QString();
+    QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+    return true;
+}
+
+}  // namespace kelvor::qt

@@ -1,0 +1,13 @@
+#include "qt/qt_platform.h"
+
+namespace kelvor::qt {
+
+QtPlatform::QtPlatform() {
+    setPlatform(&platform_);
+}
+
+QtPlatform::~QtPlatform() {
+    setPlatform(nullptr);
+}
+
+}  // namespace kelvor::qt

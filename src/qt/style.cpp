@@ -1,0 +1,97 @@
+#include "qt/style.h"
+
+#include <QDialog>
+#include <QPainter>
+#include <QStyleOption>
+#include <algorithm>
+#include <utility>
+
+#include "qt/colors.h"
+
+namespace kelvor::qt {
+
+namespace {
+
+/// Palettes whose texts stand out so far are made for those who see little.
+constexpr double highContrast = 19;
+
+/// Of 1: how much of the selection's colour covers a button that is down.
+constexpr double pressedTint = 0.35;
+constexpr double buttonRadius = 2;  // pixels
+
+bool isHighContrast(const QPalette& palette) {
+    return contrast(palette.color(QPalette::Active, QPalette::WindowText),
+                    palette.color(QPalette::Active, QPalette::Window)) >= highContrast;
+}
+
+/// Outlines made from a black background are as black.
+void outline(QStyle::PrimitiveElement element, const QStyleOption& option, QPainter& painter) {
+    constexpr QStyle::PrimitiveElement outlined[] = {QStyle::PE_FrameLineEdit, QStyle::PE_Frame,
+                                                     QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton};
+    if (std::find(std::begin(outlined), std::end(outlined), element) == std::end(outlined)) return;
+    const bool showsFocus = element == QStyle::PE_FrameLineEdit && option.state.testFlag(QStyle::State_HasFocus);
+    if (showsFocus || !isHighContrast(option.palette)) return;
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
+    const QRect edge = option.rect.adjusted(0, 0, -1, -1);
+    if (element == QStyle::PE_IndicatorRadioButton) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.drawEllipse(edge);
+    } else {
+        painter.drawRect(edge);
+    }
+    painter.restore();
+}
+
+void tintPressed(const QStyleOption& option, QPainter& painter) {
+    QColor tint = option.palette.color(QPalette::Highlight);
+    tint.setAlphaF(static_cast<float>(pressedTint));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(tint);
+    painter.drawRoundedRect(QRectF(option.rect), buttonRadius, buttonRadius);
+    painter.restore();
+}
+
+bool isEditBoxOfDialog(const QWidget* widget) {
+    return widget && widget->inherits("QsciScintillaBase") && qobject_cast<const QDialog*>(widget->window());
+}
+
+}  // namespace
+
+void Style::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    constexpr std::pair<QPalette::ColorRole, QPalette::ColorRole> texts[] = {
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::ButtonText, QPalette::Button},
+    };
+    for (const auto& [text, background] : texts) {
+        const QColor ink = palette.color(QPalette::Active, text);
+        const QColor paper = palette.color(QPalette::Disabled, background);
+        if (contrast(ink, paper) >= highContrast && !isReadable(palette.color(QPalette::Disabled, text), paper))
+            palette.setColor(QPalette::Disabled, text, readable(paper, ink, paper));
+    }
+    // Themes that know no placeholders leave them as a light palette has them.
+    const QColor base = palette.color(QPalette::Base);
+    if (!isReadable(palette.color(QPalette::PlaceholderText), base))
+        palette.setColor(QPalette::PlaceholderText, readable(base, palette.color(QPalette::Text), base));
+}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    // All buttons of the frame's bars are to be seen on a small screen.
+    return metric == PM_ToolBarItemSpacing ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const {
+    if (element == PE_Frame && isEditBoxOfDialog(widget)) element = PE_FrameLineEdit;
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    outline(element, *option, *painter);
+    if (element == PE_PanelButtonTool && option->state.testFlags(State_On | State_Enabled))
+        tintPressed(*option, *painter);
+}
+
+}  // namespace kelvor::qt

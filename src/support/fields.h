@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/combo_box.h"
+#include "controls/edit_control.h"
+#include "controls/form.h"
+#include "controls/text_box.h"
+
+namespace kelvor {
+
+/// The screen's font names, filled once at start by loadFontList().
+inline std::vector<std::string> fontList;
+
+/// What some lists show for "none".
+inline constexpr std::string_view notAvailable = "(n/a)";
+
+/// The row of fillSizeCombo that is no size.
+inline constexpr int noSizeRow = 7;
+
+void selectAllOf(TextField& field);
+
+void selectAllOf(EditControl& control);
+
+bool textBoxEmpty(const TextBox& textBox);
+
+/// Whether the text has `character`; the user has been told then.
+bool rejectIllegalChar(const TextBox& textBox, const std::string& character);
+
+/// Fills a list with the screen's fonts and, behind them, "(n/a)" or "(Font Name)"; shows its first row.
+void fillFontCombo(ComboBox& combo, bool useNa);
+
+/// Fills a list with the sizes -7 to +7 and, in their middle, "(n/a)" or "(Size)", which it shows.
+void fillSizeCombo(ComboBox& combo, bool useNa);
+
+/// Appends all fonts of the screen but the first one to `fontList`.
+void loadFontList();
+
+/// The colour of a text "#RRGGBB"; white for "" and "(n/a)". A group that is no hexadecimal number is an error 5.
+int sampleColor(std::string_view text);
+
+/// Paints a control in the colour of sampleColor.
+template <typename Sample>
+void showColorSample(std::string_view text, Sample& control) {
+    control.setBackColor(sampleColor(text));
+}
+
+}  // namespace kelvor

@@ -1,0 +1,34 @@
+#include "support/messages.h"
+
+#include "platform/platform.h"
+
+namespace kelvor {
+
+Answer showCritical(const std::string& title, const std::string& text, const std::string& cause) {
+    return beepAndShow({.text = text, .cause = cause, .title = title, .icon = MessageIcon::critical});
+}
+
+bool validFileName(std::string_view name) {
+    if (name.find_first_of("\\/:*?\"<>|") == std::string_view::npos) return true;
+    showCritical("Illegal filename",
+                 "A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |");
+    return false;
+}
+
+void reportOpenError(const std::string& file, const std::string& cause) {
+    showCritical("File open error",
+                 "An error occurred while opening " + file +
+                     "\r\nMake sure that the file is not already locked by another application.",
+                 cause);
+}
+
+void reportFileMissing(const std::string& file) {
+    beepAndShow(
+        {.text = "The file " + file + " does not exist", .title = "File not found", .icon = MessageIcon::exclamation});
+}
+
+void reportSaveError(const std::string& file, const std::string& cause) {
+    showCritical("File Save Error", "An error occured while saving the file [" + file + "].", cause);
+}
+
+}  // namespace kelvor

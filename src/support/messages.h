@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/dialogs.h"
+
+namespace kelvor {
+
+/// Beeps and shows a box with OK alone.
+/// @param cause  as Message::cause
+Answer showCritical(const std::string& title, const std::string& text, const std::string& cause = {});
+
+/// Whether a name is free of the characters that no file name may have; the user has been told otherwise.
+bool validFileName(std::string_view name);
+
+/// @param cause  why, as Message::cause
+void reportOpenError(const std::string& file, const std::string& cause = {});
+
+void reportFileMissing(const std::string& file);
+
+/// @param cause  why, as Message::cause
+void reportSaveError(const std::string& file, const std::string& cause = {});
+
+}  // namespace kelvor

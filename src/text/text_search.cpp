@@ -1,0 +1,300 @@
+#include "text/text_search.h"
+
+#include <unicode/uniset.h>
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "base/error.h"
+#include "text/byte_filter.h"
+#include "text/code_points.h"
+
+namespace kelvor {
+
+namespace {
+
+/// Rare bytes are looked for among so many of a pattern's units; more would not find rarer ones. Units are bytes where
+/// the case counts, otherwise characters.
+constexpr std::size_t unitsWeighed = 256;
+
+/// One byte of the pattern as a text may spell it.
+struct PatternByte {
+    ByteClass bytes;
+    /// Bytes of the same run stand at fixed distances in every spelling of the pattern.
+    std::size_t run = 0;
+    /// The character boundary that lies behind the byte: how many bytes on, and after how many units.
+    std::size_t toBoundary = 0;
+    std::size_t unitsToBoundary = 0;
+};
+
+/// Where in the pattern the first byte of the pair lies; see PatternByte.
+struct Anchor {
+    BytePair pair;
+    std::size_t toBoundary = 0;
+    std::size_t unitsToBoundary = 0;
+};
+
+/// Stand for characters where line ends are compared as wholes: any of them, and half of a CR LF, which is never one.
+constexpr UChar32 lineEnd = '\n';
+
+constexpr UChar32 halfLineEnd = -1;
+
+/// All characters that fold to `folded`, each as its bytes: "k" is also "K" and the Kelvin sign of three bytes.
+std::vector<std::string> spellingsOf(UChar32 folded) {
+    std::vector<std::string> spellings(1);
+    appendCodePoint(spellings.front(), folded);
+    if (folded >= firstStrayByte) return spellings;
+    icu::UnicodeSet set(folded, folded);
+    set.closeOver(USET_CASE_INSENSITIVE);
+    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
+        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
+            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
+        }
+    }
+    return spellings;
+}
+
+std::vector<PatternByte> exactBytes(std::string_view pattern) {
+    std::vector<PatternByte> bytes;
+    for (const char byte : pattern.substr(0, unitsWeighed)) {
+        bytes.push_back({{0, static_cast<uint8_t>(byte)}, 0, 1, bytes.size() + 1});
+    }
+    return bytes;
+}
+
+/// @param spellingsOfUnit  how a text may spell a character of the pattern
+template <typename Spellings>
+std::vector<PatternByte> spelledBytes(const std::vector<UChar32>& pattern, Spellings spellingsOfUnit) {
+    std::vector<PatternByte> bytes;
+    std::size_t run = 0;
+    for (std::size_t i = 0; i < std::min(pattern.size(), unitsWeighed); ++i) {
+        const std::vector<std::string> spellings = spellingsOfUnit(pattern[i]);
+        const auto length = spellings.front().size();
+        const bool fixed = std::all_of(spellings.begin(), spellings.end(),
+                                       [&](const auto& spelling) { return spelling.size() == length; });
+        if (!fixed) ++run;
+        // Where the length differs only the last byte is at a fixed distance from what follows.
+        for (auto toBoundary = fixed ? length : 1; toBoundary > 0; --toBoundary) {
+            const auto byteOf = [&](const std::string& spelling) { return spelling[spelling.size() - toBoundary]; };
+            ByteClass spelled{0, static_cast<uint8_t>(byteOf(spellings.front()))};
+            for (const auto& spelling : spellings) spelled.add(byteOf(spelling));
+            bytes.push_back({spelled, run, toBoundary, i + 1});
+        }
+    }
+    return bytes;
+}
+
+/// The two rarest bytes of one run, of all runs the best two. A pattern has at least one byte.
+Anchor rarestPair(const std::vector<PatternByte>& bytes) {
+    const auto everything = static_cast<double>(frequencyOf({0xFF, 0xFF}));
+    double least = everything * everything;
+    Anchor best;
+    for (std::size_t start = 0; start < bytes.size();) {
+        std::size_t rarest = start;
+        std::size_t second = start;
+        double rarestFrequency = everything;
+        double secondFrequency = everything;
+        auto i = start;
+        for (; i < bytes.size() && bytes[i].run == bytes[start].run; ++i) {
+            const auto frequency = static_cast<double>(frequencyOf(bytes[i].bytes));
+            if (frequency < rarestFrequency) {
+                second = std::exchange(rarest, i);
+                secondFrequency = std::exchange(rarestFrequency, frequency);
+            } else if (frequency < secondFrequency) {
+                second = i;
+                secondFrequency = frequency;
+            }
+        }
+        if (secondFrequency == everything) second = rarest;
+        if (const auto score = rarestFrequency * secondFrequency; score < least) {
+            least = score;
+            const auto [first, last] = std::minmax(rarest, second);
+            best = {{bytes[first].bytes, bytes[last].bytes, last - first},
+                    bytes[first].toBoundary,
+                    bytes[first].unitsToBoundary};
+        }
+        start = i;
+    }
+    return best;
+}
+
+bool isWordCharacter(UChar32 value) {
+    return value == '_' || (value < firstStrayByte && u_isalnum(value));
+}
+
+bool standsAsWord(std::string_view text, const TextMatch& match) {
+    const auto end = match.position + match.length;
+    const bool joinedBefore = match.position > 0 && isWordCharacter(codePointAt(text, match.position).value) &&
+                              isWordCharacter(codePointBefore(text, match.position).value);
+    const bool joinedAfter = end < text.size() && isWordCharacter(codePointBefore(text, end).value) &&
+                             isWordCharacter(codePointAt(text, end).value);
+    return !joinedBefore && !joinedAfter;
+}
+
+/// For each begin of the pattern the length of its longest proper begin that is also its end.
+std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
+    std::vector<std::size_t> borders(pattern.size() + 1, 0);
+    for (std::size_t i = 1, matched = 0; i < pattern.size(); ++i) {
+        while (matched > 0 && pattern[i] != pattern[matched]) matched = borders[matched];
+        if (pattern[i] == pattern[matched]) ++matched;
+        borders[i + 1] = matched;
+    }
+    return borders;
+}
+
+}  // namespace
+
+struct TextSearch::Pattern {
+    Pattern(std::string_view pattern, int options)
+        : wholeWord((options & find_option::wholeWord) != 0),
+          matchCase((options & find_option::matchCase) != 0),
+          anyLineEnd((options & find_option::anyLineEnd) != 0 && pattern.find_first_of("\r\n") != pattern.npos) {
+        if (matchCase && !anyLineEnd) exact = pattern;
+        for (std::size_t position = 0; position < pattern.size();) {
+            const auto unit = unitAt(pattern, position, pattern.size());
+            characters.push_back(unit.value);
+            position += unit.length;
+        }
+        anchor = rarestPair(exact.empty() ? spelledBytes(characters, [this](UChar32 unit) { return spellings(unit); })
+                                          : exactBytes(exact));
+    }
+
+    bool empty() const { return characters.empty(); }
+    /// The character at `position` in front of `to`, or the line end, with what of it counts in a comparison.
+    CodePoint unitAt(std::string_view text, std::size_t position, std::size_t to) const;
+    /// The one that ends at `end`, which is not 0.
+    CodePoint unitBefore(std::string_view text, std::size_t end) const;
+    std::vector<std::string> spellings(UChar32 unit) const;
+    bool accepts(std::string_view text, const TextMatch& match) const {
+        return !wholeWord || standsAsWord(text, match);
+    }
+    std::optional<TextMatch> matchAt(std::string_view text, std::size_t from, std::size_t to, std::size_t place,
+                                     std::size_t& effort) const;
+    std::optional<TextMatch> findSteadily(std::string_view text, std::size_t from, std::size_t to) const;
+
+    bool wholeWord;
+    bool matchCase;
+    bool anyLineEnd;
+    /// The pattern's bytes where only they match, otherwise empty.
+    std::string exact;
+    std::vector<UChar32> characters;
+    Anchor anchor;
+
+private:
+    UChar32 compared(UChar32 value) const { return matchCase ? value : foldedCodePoint(value); }
+};
+
+CodePoint TextSearch::Pattern::unitAt(std::string_view text, std::size_t position, std::size_t to) const {
+    const auto point = codePointAt(text.substr(0, to), position);
+    if (!anyLineEnd || (point.value != '\r' && point.value != '\n')) return {compared(point.value), point.length};
+    if (point.value == '\n') return {position > 0 && text[position - 1] == '\r' ? halfLineEnd : lineEnd, 1};
+    if (position + 1 == text.size() || text[position + 1] != '\n') return {lineEnd, 1};
+    return position + 1 < to ? CodePoint{lineEnd, 2} : CodePoint{halfLineEnd, 1};
+}
+
+CodePoint TextSearch::Pattern::unitBefore(std::string_view text, std::size_t end) const {
+    const auto point = codePointBefore(text, end);
+    if (!anyLineEnd || (point.value != '\r' && point.value != '\n')) return {compared(point.value), point.length};
+    if (point.value == '\n') return {lineEnd, end > 1 && text[end - 2] == '\r' ? std::size_t{2} : 1};
+    return {end < text.size() && text[end] == '\n' ? halfLineEnd : lineEnd, 1};
+}
+
+std::vector<std::string> TextSearch::Pattern::spellings(UChar32 unit) const {
+    if (anyLineEnd && unit == lineEnd) return {"\r\n", "\r", "\n"};
+    if (!matchCase) return spellingsOf(unit);
+    std::vector<std::string> spelling(1);
+    appendCodePoint(spelling.front(), unit);
+    return spelling;
+}
+
+/// The match in [from, to) whose anchor stands at `place`; adds to `effort` what it looked at.
+std::optional<TextMatch> TextSearch::Pattern::matchAt(std::string_view text, std::size_t from, std::size_t to,
+                                                      std::size_t place, std::size_t& effort) const {
+    const auto boundary = place + anchor.toBoundary;
+    if (!exact.empty()) {
+        const auto before = anchor.unitsToBoundary;
+        if (boundary - from < before || to - boundary < exact.size() - before) return std::nullopt;
+        effort += exact.size() / 8;
+        if (std::memcmp(text.data() + (boundary - before), exact.data(), exact.size()) != 0) return std::nullopt;
+        return TextMatch{boundary - before, exact.size()};
+    }
+    auto end = boundary;
+    for (auto i = anchor.unitsToBoundary; i < characters.size(); ++i, ++effort) {
+        if (end >= to) return std::nullopt;
+        const auto unit = unitAt(text, end, to);
+        if (unit.value != characters[i]) return std::nullopt;
+        end += unit.length;
+    }
+    auto start = boundary;
+    for (auto i = anchor.unitsToBoundary; i > 0; --i, ++effort) {
+        if (start <= from || start > to) return std::nullopt;
+        const auto unit = unitBefore(text, start);
+        if (unit.value != characters[i - 1] || start - from < unit.length) return std::nullopt;
+        start -= unit.length;
+    }
+    return TextMatch{start, end - start};
+}
+
+/// For texts in which the rare bytes are common and the pattern nearly matches everywhere: looks at each
+/// character of the text once, whatever the pattern.
+std::optional<TextMatch> TextSearch::Pattern::findSteadily(std::string_view text, std::size_t from,
+                                                           std::size_t to) const {
+    const auto borders = bordersOf(characters);
+    // Where the last characters of the text began, as many as the pattern has: the oldest is a match's begin.
+    std::vector<std::size_t> begins(characters.size());
+    std::size_t oldest = 0;
+    std::size_t matched = 0;
+    for (auto position = from; position < to;) {
+        const auto unit = unitAt(text, position, to);
+        begins[oldest] = position;
+        oldest = oldest + 1 == begins.size() ? 0 : oldest + 1;
+        position += unit.length;
+        while (matched > 0 && unit.value != characters[matched]) matched = borders[matched];
+        if (unit.value == characters[matched]) ++matched;
+        if (matched < characters.size()) continue;
+        const TextMatch match{begins[oldest], position - begins[oldest]};
+        if (accepts(text, match)) return match;
+        matched = borders[matched];
+    }
+    return std::nullopt;
+}
+
+TextSearch::TextSearch(std::string_view pattern, int options) : pattern_(std::make_unique<Pattern>(pattern, options)) {
+}
+
+TextSearch::~TextSearch() = default;
+
+TextSearch::TextSearch(TextSearch&&) noexcept = default;
+
+TextSearch& TextSearch::operator=(TextSearch&&) noexcept = default;
+
+std::optional<TextMatch> TextSearch::find(std::string_view text, std::size_t from, std::size_t to) const {
+    to = std::min(to, text.size());
+    if (pattern_->empty() || from >= to) return std::nullopt;
+    std::size_t effort = 0;
+    for (auto place = from;; ++place) {
+        place = findPair(text, place, to, pattern_->anchor.pair);
+        if (place == std::string_view::npos) return std::nullopt;
+        const auto match = pattern_->matchAt(text, from, to, place, effort);
+        if (match && pattern_->accepts(text, *match)) return match;
+        constexpr std::size_t patience = 4096;
+        if (effort > patience + 16 * (place - from)) {
+            return pattern_->findSteadily(text, from, to);
+        }
+    }
+}
+
+std::string extractBetween(std::string_view startToken, std::string_view endToken, std::string_view text) {
+    // An empty token stands at the very start.
+    const auto start = startToken.empty() ? TextMatch{} : TextSearch(startToken, 0).find(text);
+    if (!start) return {};
+    const std::string_view tail = text.substr(start->position + start->length);
+    if (endToken.empty()) return std::string(tail);
+    const auto end = TextSearch(endToken, 0).find(tail);
+    if (!end) throw Error(error_number::invalidProcedureCall, "\"" + std::string(endToken) + "\" was not found");
+    return std::string(tail.substr(0, end->position));
+}
+
+}  // namespace kelvor

@@ -1,0 +1,134 @@
+#include "workbench/scratch_pad.h"
+
+#include <string>
+
+#include "editing/insertion.h"
+#include "files/paths.h"
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "frame/tool_forms.h"
+#include "platform/platform.h"
+#include "support/html_help.h"
+
+namespace kelvor {
+
+namespace {
+
+Answer askSave() {
+    return platform().dialogs.message(
+        {.text = "The scratch pad contents have changed. Would you like to save before closing?",
+         .title = "Text Changed",
+         .icon = MessageIcon::question,
+         .buttons = MessageButtons::yesNoCancel});
+}
+
+/// The file that the user names for the pad's text; "" when cancelled. Its directory is then the last one used.
+std::string askForFile() {
+    prepareSaveDialog(dialog_flag::overwritePrompt | dialog_flag::hideReadOnly);
+    CommonDialog& dialog = mainForm().CommonD1;
+    dialog.fileName.clear();
+    if (!answered(dialog, &CommonDialog::ShowSave)) return {};
+    lastDir = directoryPart(dialog.fileName);
+    return dialog.fileName;
+}
+
+}  // namespace
+
+ScratchPad& scratchPad() {
+    static FormInstance<ScratchPad> instance;
+    return instance.get();
+}
+
+ScratchPad::ScratchPad() : Form("frmScratchPad", "Scratch Pad") {
+    onLoad = [this] { Form_Load(); };
+    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+    unloaded.connect([this] { Form_Unload(); });
+    spRTF1.changed.connect([this] { textChanged_ = true; });
+    spRTF1.mouseDown.connect([this](const MousePress& press) {
+        if (press.button == MousePress::right) showMenu(nullptr);
+    });
+    cmdEdit.clicked.connect([this] { showMenu(&cmdEdit); });
+    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+    setUpMenu();
+}
+
+void ScratchPad::setUpMenu() {
+    mnusp.setCaption("spMenu");
+    mnusp.makePopup();
+    mnusp_cut.setCaption("Cut");
+    mnusp_copy.setCaption("Copy");
+    mnusp_paste.setCaption("Paste");
+    mnusp_selAll.setCaption("Select all");
+    mnusp_clear.setCaption("Clear contents");
+    mnusp_save.setCaption("Save contents");
+    for (MenuItem* line : {&mnusp_line1, &mnusp_line2, &mnusp_line3}) line->setCaption("-");
+    mnusp_cut.clicked.connect([this] { spRTF1.cut(); });
+    mnusp_copy.clicked.connect([this] { spRTF1.copy(); });
+    mnusp_paste.clicked.connect([this] { spRTF1.paste(); });
+    mnusp_selAll.clicked.connect([this] { mnusp_selAll_Click(); });
+    mnusp_clear.clicked.connect([this] { spRTF1.setText(""); });
+    mnusp_save.clicked.connect([this] { mnusp_save_Click(); });
+}
+
+void ScratchPad::Form_Load() {
+    keys_.setHookedRTB(&spRTF1);
+    spRTF1.SetFocus();
+    // The program's end asks too, behind the documents, while Cancel can still stop it.
+    frameCloses_ = mainForm().childrenAgreed.connectScoped([this](bool& cancel) { Form_QueryUnload(cancel); });
+}
+
+void ScratchPad::Form_QueryUnload(bool& cancel) {
+    if (!textChanged_) return;
+    const Answer answer = askSave();
+    cancel = true;
+    if (answer == Answer::cancel) return;
+    // A save that fails ends here and keeps the pad.
+    if (answer == Answer::yes) mnusp_save_Click();
+    textChanged_ = cancel = false;
+}
+
+void ScratchPad::Form_Unload() {
+    keys_.setHookedRTB(nullptr);
+    focusDocument();
+}
+
+void ScratchPad::checkSave() {
+    mnusp_save.setEnabled(spRTF1.textLength() > 0);
+}
+
+/// @param below  as popupMenu takes it
+void ScratchPad::showMenu(const Control* below) {
+    checkSave();
+    platform().windows.popupMenu(mnusp, below);
+}
+
+void ScratchPad::mnusp_selAll_Click() {
+    spRTF1.selectAll();
+    spRTF1.SetFocus();
+}
+
+void ScratchPad::mnusp_save_Click() {
+    const std::string path = askForFile();
+    if (path.empty()) return;
+    spRTF1.SaveFile(path);
+    textChanged_ = false;
+}
+
+void ScratchPad::append(std::string_view text) {
+    spRTF1.setSelStart(spRTF1.textLength());
+    spRTF1.setSelText("\r\n\r\n" + std::string(text));
+}
+
+void showScratchPad() {
+    openToolForm(scratchPad(), ShowMode::floating);
+}
+
+void mnuRClick_SendSP_Click() {
+    // A pad whose load failed is gone again, and ends with this scope.
+    const EventScope scope;
+    ScratchPad& pad = scratchPad();
+    showScratchPad();
+    if (pad.isLoaded()) pad.append(activeText().selText());
+}
+
+}  // namespace kelvor
