@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/platform/scratch_directory.h"
+#include "tests/kit/scratch_directory.h"
 
 namespace kelvor {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "tests/core/file_messages.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/file_messages.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {

@@ -11,7 +11,7 @@
 #include "frame/tool_forms.h"
 #include "html/relative_path.h"
 #include "support/settings.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {

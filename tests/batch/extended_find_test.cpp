@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <optional>
 
-#include "tests/batch/waiting_events.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/waiting_events.h"
 
 namespace kelvor {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "tests/fake_platform.h"
+#include "tests/kit/fake_platform.h"
 
 namespace kelvor {
 namespace {

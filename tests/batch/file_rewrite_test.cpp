@@ -13,7 +13,7 @@
 #include "base/error.h"
 #include "batch/line_rewrite.h"
 #include "files/file_replace.h"
-#include "tests/platform/faults.h"
+#include "tests/kit/faults.h"
 #include "text/text_encoding.h"
 
 namespace kelvor {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "frame/main_frame.h"
-#include "tests/batch/waiting_events.h"
-#include "tests/frame_fixture.h"
+#include "tests/kit/frame_fixture.h"
+#include "tests/kit/waiting_events.h"
 
 namespace kelvor {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "frame/main_frame.h"
 #include "support/settings.h"
-#include "tests/frame_fixture.h"
+#include "tests/kit/frame_fixture.h"
 
 namespace kelvor {
 namespace {

@@ -18,7 +18,7 @@
 #include "html/special_chars.h"
 #include "support/report_error.h"
 #include "support/settings.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {

@@ -6,8 +6,8 @@
 #include "controls/text_buffer.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
-#include "tests/core/file_messages.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/file_messages.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {

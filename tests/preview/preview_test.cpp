@@ -5,8 +5,8 @@
 #include "core/file_open.h"
 #include "frame/enablement.h"
 #include "support/settings.h"
-#include "tests/core/file_messages.h"
-#include "tests/kelvor_fixture.h"
+#include "tests/kit/file_messages.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {

@@ -1,5 +1,5 @@
 #include "platform/platform.h"
-#include "tests/platform/scratch_directory.h"
+#include "tests/kit/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -7,7 +7,7 @@
 #include "controls/report_view.h"
 #include "controls/side_bar.h"
 #include "qt/popup_place.h"
-#include "tests/platform/scratch_directory.h"
+#include "tests/kit/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -6,7 +6,7 @@
 
 #include "controls/web_browser.h"
 #include "qt/binders/binders.h"
-#include "tests/fake_platform.h"
+#include "tests/kit/fake_platform.h"
 #include "tests/qt/form_fixture.h"
 #include "tests/qt/loopback_listener.h"
 

@@ -12,8 +12,8 @@
 #include "program/startup.h"
 #include "qt/qt_platform.h"
 #include "support/settings.h"
-#include "tests/fake_platform.h"
-#include "tests/fresh_state.h"
+#include "tests/kit/fake_platform.h"
+#include "tests/kit/fresh_state.h"
 
 namespace kelvor {
 namespace {

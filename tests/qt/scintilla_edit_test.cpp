@@ -10,7 +10,7 @@
 
 #include "qt/convert.h"
 #include "qt/popup_place.h"
-#include "tests/edit_control_contract.h"
+#include "tests/kit/edit_control_contract.h"
 
 namespace kelvor::qt {
 namespace {

@@ -1,7 +1,7 @@
 #include <csignal>
 
 #include "qt/application.h"
-#include "tests/platform/scratch_directory.h"
+#include "tests/kit/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "frame/main_frame.h"
-#include "tests/frame_fixture.h"
+#include "tests/kit/frame_fixture.h"
 
 namespace kelvor {
 namespace {

@@ -16,7 +16,7 @@
 #include "files/places.h"
 #include "files/system_calls.h"
 #include "support/settings.h"
-#include "tests/fake_platform.h"
+#include "tests/kit/fake_platform.h"
 
 namespace kelvor {
 namespace {

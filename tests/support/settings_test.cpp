@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "tests/fake_platform.h"
-#include "tests/platform/faults.h"
+#include "tests/kit/fake_platform.h"
+#include "tests/kit/faults.h"
 
 namespace kelvor {
 namespace {

@@ -1,0 +1,130 @@
+#include "controls/form.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "controls/combo_box.h"
+#include "controls/mdi_area.h"
+#include "controls/tab_strip.h"
+#include "tests/kit/fake_platform.h"
+
+namespace kelvor {
+namespace {
+
+TEST(Events, AFailingHandlerStopsNeitherTheOthersNorItsCaller) {
+    Event<> inner;
+    Event<> outer;
+    std::string order;
+    inner.connect([] { throw Error(13, "Type mismatch"); });
+    inner.connect([&] { order += "i"; });
+    outer.connect([&] {
+        inner.raise();
+        order += "o";
+        throw std::bad_alloc();
+    });
+    outer.connect([] { throw std::length_error("too long"); });
+    std::string told;
+    setErrorSink([&](const Error& error) { told += std::to_string(error.number()) + " " + error.description() + ";"; });
+    outer.raise();
+    setErrorSink({});
+    EXPECT_EQ(order, "io");
+    EXPECT_EQ(told, "13 Type mismatch;7 Out of memory;5 too long;");
+}
+
+TEST(Events, AHandlerTakenOffMeanwhileIsNotRunAndOneOfAnEndedEventCanBeTakenOff) {
+    Connection outliving;
+    Connection second;
+    int calls = 0;
+    Event<> event;
+    event.connect([&] { second.reset(); });
+    second = event.connectScoped([&] { ++calls; });
+    outliving = event.connectScoped([] {});
+    event.raise();
+    EXPECT_EQ(calls, 0);
+}
+
+class Forms : public testing::Test {
+protected:
+    Forms() {
+        for (Form* each : {&first, &second, &frame}) {
+            each->queryUnload.connect([this, each](bool&) { order += "?" + each->name(); });
+            each->unloaded.connect([this, each] { order += "-" + each->name(); });
+            each->activated.connect([this, each] { order += each->name(); });
+        }
+    }
+
+    FakePlatform platform;
+    Form frame{"f", "", Form::Kind::frame};
+    Form first{"1", "", Form::Kind::child};
+    Form second{"2", "", Form::Kind::child};
+    std::string order;
+};
+
+TEST_F(Forms, TheFrameAsksAllItsChildrenBeforeTheFirstGoes) {
+    // A load procedure that fails is told and leaves its form loaded.
+    setLoadErrorSink([&](Form& form, const Error& error) { order += "!" + form.name() + error.description(); });
+    frame.onLoad = [] { throw Error(5, "!"); };
+    for (Form* each : {&first, &second, &frame}) each->load();
+    setLoadErrorSink({});
+    Connection refusal = second.queryUnload.connectScoped([](bool& cancel) { cancel = true; });
+    EXPECT_EQ(loadedForms().front(), &frame);
+    EXPECT_FALSE(frame.unload());
+    refusal.reset();
+    EXPECT_TRUE(frame.unload());
+    EXPECT_EQ(order, "!f!?f?1?2?f?1?2-1-2-f");
+}
+
+TEST_F(Forms, TheAreaTellsOnlyTheChildThatComesForward) {
+    MdiArea area;
+    for (Form* child : {&first, &second}) area.show(*child);
+    for (int i = 0; i < 2; ++i) area.activate(first);
+    area.remove(second);
+    EXPECT_EQ(order, "121");
+}
+
+TEST_F(Forms, AFormThatUnloadsItselfLivesToTheEndOfTheEvent) {
+    auto dialog = std::make_shared<Form>("dialog", "");
+    const std::weak_ptr watched = dialog;
+    dialog->unloaded.connect([&dialog] { retire(std::exchange(dialog, nullptr)); });
+    dialog->resized.connect([&] {
+        dialog->unload();
+        EXPECT_FALSE(watched.expired());
+    });
+    dialog->load();
+    dialog->resized.raise();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(Forms, RemovingTabsKeepsANeighbourSelectedWithoutAClick) {
+    const char* rows[][3] = {{"2", "2", "3"}, {"3", "3", "2"}, {"2", "1", "2"}, {"1", "3", "1"}};
+    for (const auto& [selected, removed, then] : rows) {
+        TabStrip tabs(frame, "tabs");
+        for (const char* key : {"1", "2", "3"}) tabs.add(key, "");
+        tabs.setSelectedItem(selected);
+        tabs.clicked.connect([] { ADD_FAILURE() << "a click"; });
+        tabs.remove(removed);
+        EXPECT_EQ(tabs.selectedItem().key, then) << removed << " of which " << selected << " was selected";
+    }
+}
+
+TEST_F(Forms, AListRaisesEachChoiceOnceAndKeepsItWhileRowsComeAndGo) {
+    ComboBox list(frame, "list");
+    int clicks = 0;
+    list.clicked.connect([&] { ++clicks; });
+    list.setSorted(true);
+    for (const char* item : {"banana", "(none)", "Apple", "cherry"}) list.addItem(item);
+    EXPECT_EQ(list.list(), (std::vector<std::string>{"(none)", "Apple", "banana", "cherry"}));
+    for (int i = 0; i < 2; ++i) list.setListIndex(2);
+    EXPECT_EQ(clicks, 1);
+    list.choose(2);
+    EXPECT_EQ(clicks, 2) << "the user may choose the same row again";
+    list.insertItem(0, "first");
+    EXPECT_EQ(list.listIndex(), 3);
+    list.removeItem(3);
+    EXPECT_EQ(list.listIndex(), -1);
+}
+
+}  // namespace
+}  // namespace kelvor

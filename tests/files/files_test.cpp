@@ -1,0 +1,198 @@
+#include "files/files.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/kit/faults.h"
+
+namespace kelvor {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ReadFile, GivesAllBytesHoweverTheyCome) {
+    const ScratchDirectory directory;
+    std::string bytes;
+    for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i * 7 + i / 256);
+    for (const std::size_t most : {1000, 1 << 20}) {
+        Saboteur saboteur{.mostBytes = most};
+        const ScopedSystemCalls scope(saboteur.calls());
+        EXPECT_TRUE(readFile(directory.write("file", bytes)) == bytes) << most;
+        EXPECT_EQ(readFile(directory.write("file", "")), "");
+        // What the kernel writes as it is read has no size.
+        EXPECT_NE(readFile("/proc/self/maps").find("[stack]"), std::string::npos);
+    }
+}
+
+TEST(ReadFile, EndsWhereTheFileDoesNot) {
+    const ScratchDirectory directory;
+    const auto path = directory.write("file", "");
+    auto calls = kernelCalls();
+    calls.pread = [](int, void*, std::size_t size, off_t) { return static_cast<ssize_t>(size); };
+    const ScopedSystemCalls scope(calls);
+    EXPECT_EQ(errorOf([&] { readFile(path); }), "75 The file has no end: " + path);
+}
+
+TEST(Files, RefuseAtOnceWhatIsNoFile) {
+    const ScratchDirectory directory;
+    directory.write("file", "x");
+    ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("loop", directory / "loop");
+    fs::create_symlink("nowhere", directory / "dangling");
+    const struct {
+        std::string path;
+        std::string read;
+        std::string save;
+    } rows[] = {
+        {directory.path(), "75 This is a folder, not a file: ", "75 This is a folder, not a file: "},
+        {directory / "pipe", "75 This is a pipe, not a file: ", "75 This is a pipe, not a file: "},
+        {"/dev/zero", "75 This is a device, not a file: ", "75 This is a device, not a file: "},
+        {directory / "loop", "75 The links lead in a circle: ", "75 The links lead in a circle: "},
+        {directory / "dangling", "53 File not found: ", "76 This is a link to a file that does not exist: "},
+        {directory / "missing/file", "53 File not found: ", "76 The folder does not exist: "},
+        {directory / "file/below", "76 The folder does not exist: ", "76 The folder does not exist: "},
+        {directory / std::string(256, 'n'), "52 The file name is too long: ", "52 The file name is too long: "},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(errorOf([&] { readFile(row.path); }), row.read + row.path);
+        EXPECT_EQ(errorOf([&] { saveFileInPlace(row.path, "text"); }), row.save + row.path);
+    }
+    EXPECT_EQ(directory.entryCount(), 4U);
+}
+
+TEST(Files, TellWhatTheUserMayNotDo) {
+    const ScratchDirectory directory;
+    chmod(directory.path().c_str(), 0755);
+    const auto readOnly = directory.write("read-only", "old");
+    const auto shown = directory.write("shown", "old");
+    chmod(readOnly.c_str(), 0444);
+    // Root is bound by a file's mode, others by its owner too.
+    EXPECT_TRUE(isReadOnly(readOnly));
+    EXPECT_FALSE(isReadOnly(shown));
+    EXPECT_FALSE(isReadOnly(directory / "missing"));
+    EXPECT_EQ(errorOf([&] { saveFileInPlace(readOnly, "new"); }), "70 The file is read-only: " + readOnly);
+    const bool ownsFiles = geteuid() != 0;
+    const int status = asOrdinaryUser([&] {
+        EXPECT_EQ(isReadOnly(shown), !ownsFiles);
+        EXPECT_EQ(errorOf([&] { saveFileInPlace(shown, "new"); }), ownsFiles ? "" : "70 Permission denied: " + shown);
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(directory.read("read-only"), "old");
+}
+
+TEST(AppendToFile, AddsLinesAndFollowsNoLink) {
+    const ScratchDirectory directory;
+    for (const char* line : {"one\n", "two\n"}) EXPECT_TRUE(appendToFile(directory / "log", line));
+    EXPECT_EQ(directory.read("log"), "one\ntwo\n");
+    EXPECT_EQ(fs::status(directory / "log").permissions(), fs::perms(0600));
+
+    directory.write("victim", "x");
+    fs::create_symlink("victim", directory / "link");
+    mkfifo((directory / "pipe").c_str(), 0600);
+    for (const char* name : {"link", "pipe", "missing/log", "."})
+        EXPECT_FALSE(appendToFile(directory / name, "line\n")) << name;
+    EXPECT_FALSE(appendToFile("/dev/null", "line\n"));
+    EXPECT_EQ(directory.read("victim"), "x");
+}
+
+/// A call that always fails.
+auto refusal(int code) {
+    return [code](auto...) {
+        errno = code;
+        return -1;
+    };
+}
+
+TEST(RenameFile, NeverTakesAnotherFilesPlace) {
+    // Disks that know no rename of this kind, some of them no second names either.
+    const struct {
+        int ofRename;
+        int ofLink;
+    } disks[] = {{0, 0}, {EINVAL, 0}, {ENOSYS, 0}, {EINVAL, EPERM}, {EINVAL, ENOSYS}, {EINVAL, EOPNOTSUPP}};
+    for (const auto& disk : disks) {
+        auto calls = kernelCalls();
+        if (disk.ofRename != 0) calls.renameToNew = refusal(disk.ofRename);
+        if (disk.ofLink != 0) calls.link = refusal(disk.ofLink);
+        const ScopedSystemCalls scope(calls);
+        const ScratchDirectory directory;
+        const auto one = directory.write("one", "1");
+        const auto two = directory.write("two", "2");
+        EXPECT_EQ(errorOf([&] { renameFile(one, two); }), "58 File already exists: " + two);
+        EXPECT_EQ(errorOf([&] { renameFile(directory / "none", two + "2"); }),
+                  "53 File not found: " + directory / "none");
+        EXPECT_EQ(directory.read("one") + directory.read("two"), "12");
+        renameFile(one, directory / "three");
+        EXPECT_EQ(directory.read("two") + directory.read("three"), "21");
+        EXPECT_EQ(directory.entryCount(), 2U);
+    }
+}
+
+TEST(RenameFile, LeavesOneNameWhenTheOldOneDoesNotGo) {
+    for (const auto& [code, kept] : {std::pair(EACCES, "old"), {ENOENT, "new"}}) {
+        const ScratchDirectory directory;
+        const auto old = directory.write("old", "text");
+        auto calls = kernelCalls();
+        calls.renameToNew = refusal(EINVAL);
+        // Another program may have taken the old name away meanwhile.
+        calls.unlink = [&, code = code](const char* path) {
+            if (path == old && code != ENOENT) return refusal(code)();
+            ::unlink(path);
+            return path == old ? refusal(code)() : 0;
+        };
+        const ScopedSystemCalls scope(calls);
+        EXPECT_EQ(errorOf([&] { renameFile(old, directory / "new"); }),
+                  code == ENOENT ? "" : "70 Permission denied: " + old);
+        EXPECT_EQ(directory.read(kept), "text");
+        EXPECT_EQ(directory.entryCount(), 1U);
+    }
+}
+
+TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
+    const ScratchDirectory directory;
+    for (const char* name : {"b.htm", "Ä.HTM", "a.html", "bad\xFF\xE9.htm", ".h", "a[1].x", "ississi", "日.htm"})
+        directory.write(name, "");
+    fs::create_directory(directory / "folder.htm");
+    fs::create_directory_symlink("folder.htm", directory / "link to folder.htm");
+    fs::create_symlink("b.htm", directory / "link.htm");
+    fs::create_symlink("nowhere", directory / "dangling.htm");
+    using Names = std::vector<std::string>;
+    const std::pair<const char*, Names> rows[] = {
+        {"*.htm", {"Ä.HTM", "b.htm", "bad\xFF\xE9.htm", "link.htm", "日.htm"}},
+        {"ä.*", {"Ä.HTM"}},
+        {"?.htm", {"Ä.HTM", "b.htm", "日.htm"}},
+        {"*??.htm", {"bad\xFF\xE9.htm", "link.htm"}},
+        {"a[1].*", {"a[1].x"}},
+        {"*issx*", {}},
+        {"*ss*si**", {"ississi"}},
+    };
+    for (const auto& [pattern, names] : rows) {
+        EXPECT_EQ(filesMatching(directory.path(), pattern), names) << pattern;
+        EXPECT_EQ(listingFinds(directory / pattern), !names.empty()) << pattern;
+    }
+    EXPECT_EQ(filesMatching(directory.path(), "*.*").size(), 9U);
+    for (const char* name : {"link.htm", "folder.htm"}) EXPECT_TRUE(listingFinds(directory / name)) << name;
+    for (const char* name : {"B.htm", "*.css", "folder*", "missing/*", "b.htm/*", "dangling.htm"})
+        EXPECT_FALSE(listingFinds(directory / name)) << name;
+
+    for (const char* name : {"missing", "b.htm"}) {
+        const std::string told = "76 The folder does not exist: " + directory / name;
+        EXPECT_EQ(errorOf([&] { filesMatching(directory / name, "*"); }), told);
+        EXPECT_EQ(errorOf([&] { directoriesIn(directory / name); }), told);
+    }
+    const auto closed = directory / "folder.htm";
+    chmod(directory.path().c_str(), 0755);
+    fs::permissions(closed, fs::perms(0));
+    const int status = asOrdinaryUser([&] {
+        EXPECT_TRUE(listingFinds(closed + "/b.htm")) << "only an attempt can tell";
+        EXPECT_EQ(errorOf([&] { filesMatching(closed, "*"); }), "70 Permission denied: " + closed);
+    });
+    EXPECT_EQ(status, 0);
+    fs::permissions(closed, fs::perms(0700));
+
+    // Tried at each place for each star this would take for ever.
+    std::string stars;
+    for (int i = 0; i < 30; ++i) stars += "*a";
+    EXPECT_FALSE(nameMatches(std::string(250, 'a'), stars + "b"));
+}
+
+}  // namespace
+}  // namespace kelvor

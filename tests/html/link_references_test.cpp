@@ -1,0 +1,59 @@
+#include "html/link_references.h"
+
+#include <gtest/gtest.h>
+
+#include "batch/link_case.h"
+#include "controls/form.h"
+#include "controls/text_buffer.h"
+#include "tests/kit/fake_platform.h"
+
+namespace kelvor {
+namespace {
+
+class References : public testing::Test {
+protected:
+    FakePlatform platform;
+    Form form{"test", ""};
+    TextBuffer box{form, "box"};
+};
+
+TEST_F(References, ChangeCaseBetweenTheQuotesOfTheAttributeAlone) {
+    struct Row {
+        std::string before;
+        std::string attribute;
+        std::string lower;
+        std::string upper;
+        bool refused;
+    };
+    const std::vector<Row> rows = {
+        {R"(<A HREF="Foo.HTM">)", "HREF=\"", R"(<A HREF="foo.htm">)", R"(<A HREF="FOO.HTM">)", false},
+        {R"(href="A" HREF = "B" HREF='c')", "HREF=\"", R"(href="a" HREF = "B" HREF='c')",
+         R"(href="A" HREF = "B" HREF='c')", false},
+        {R"(x-name="A" NAME="")", "NAME=\"", R"(x-name="a" NAME="")", R"(x-name="A" NAME="")", false},
+        {R"(HREF="X<Y" HREF="Z")", "HREF=\"", R"(HREF="X<Y" HREF="z")", R"(HREF="X<Y" HREF="Z")", true},
+        {R"(HREF="Y<")", "HREF=\"", R"(HREF="y<")", R"(HREF="Y<")", false},
+        {R"(HREF="Aa" HREF="Bc)", "HREF=\"", R"(HREF="aa" HREF="Bc)", R"(HREF="AA" HREF="Bc)", true},
+        {R"(HREF="Aa>HREF="Bb")", "HREF=\"", R"(HREF="aa>href="bb")", R"(HREF="AA>HREF="BB")", false},
+        // In the other case these are longer or shorter; what follows keeps its place.
+        {"SRC=\"ß\u0130\" \u017Frc=\"Ä\u212A\" SRC=\"Zz\"", "SRC=\"", "SRC=\"ßi\u0307\" \u017Frc=\"äk\" SRC=\"zz\"",
+         "SRC=\"SS\u0130\" \u017Frc=\"Ä\u212A\" SRC=\"ZZ\"", false},
+    };
+    for (const Row& row : rows) {
+        for (const LinkCase wanted : {LinkCase::lower, LinkCase::upper}) {
+            box.setText(row.before);
+            EXPECT_EQ(changeLinkCase(box, row.attribute, wanted), !row.refused) << row.before;
+            EXPECT_EQ(box.text(), wanted == LinkCase::lower ? row.lower : row.upper);
+        }
+    }
+}
+
+/// The time limit of a test is far below what a search begun anew for each would take.
+TEST_F(References, ManyUnclosedOnesCostNoMoreThanTheirLength) {
+    std::string text;
+    for (int i = 0; i < 1'000'000; ++i) text += "HREF=x";
+    box.setText(text);
+    EXPECT_TRUE(parseLinkReferences(box.textView(), "HREF=").badLinks);
+}
+
+}  // namespace
+}  // namespace kelvor

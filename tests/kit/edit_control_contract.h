@@ -1,0 +1,347 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <random>
+
+#include "controls/edit_control.h"
+#include "controls/form.h"
+#include "tests/kit/fake_platform.h"
+#include "text/code_points.h"
+
+namespace kelvor {
+
+/// A step on a marked text, what it leaves, and how often it raises each event.
+struct StepRow {
+    std::string before;
+    std::function<void(EditControl&)> step;
+    std::string after;
+    int changes;
+    int moves;
+};
+
+/// What every edit control does alike; instantiated with each class that is one.
+template <typename Surface>
+class EditControlContract : public testing::Test {
+protected:
+    EditControlContract() {
+        edit.changed.connect([this] { ++changes; });
+        edit.selectionChanged.connect([this] { ++moves; });
+    }
+
+    /// Sets the text and its selection: "[" and "]" stand around it, "|" at the caret, else the caret is at the start.
+    void put(std::string text) {
+        const auto take = [&text](const char* marks) {
+            const auto place = text.find_first_of(marks);
+            if (place == std::string::npos) return 0;
+            text.erase(place, 1);
+            return static_cast<int>(place);
+        };
+        const int start = take("[|");
+        const int end = take("]");
+        edit.setText(text);
+        edit.setSelStart(start);
+        edit.setSelLength(end - start);
+        changes = moves = 0;
+    }
+
+    /// The text with its selection, marked as for put().
+    std::string shown() const {
+        std::string text = edit.text();
+        const auto start = static_cast<std::size_t>(edit.selStart());
+        const auto length = static_cast<std::size_t>(edit.selLength());
+        if (length == 0) return text.insert(start, "|");
+        return text.insert(start + length, "]").insert(start, "[");
+    }
+
+    void check(const std::vector<StepRow>& rows) {
+        for (const auto& row : rows) {
+            SCOPED_TRACE("from " + row.before + " to " + row.after);
+            put(row.before);
+            row.step(edit);
+            EXPECT_EQ(shown(), row.after);
+            EXPECT_EQ(changes, row.changes);
+            EXPECT_EQ(moves, row.moves);
+        }
+    }
+
+    void load(const std::string& bytes) { edit.LoadFile(directory.write("loaded", bytes)); }
+    std::string saved() {
+        edit.SaveFile(directory.path("saved"));
+        return directory.read("saved");
+    }
+
+    FakePlatform platform;
+    TestDirectory directory;
+    Form form{"contract", "Contract"};
+    std::unique_ptr<Surface> surface = std::make_unique<Surface>(form, "Text1");
+    EditControl& edit = *surface;
+    int changes = 0;
+    int moves = 0;
+};
+
+TYPED_TEST_SUITE_P(EditControlContract);
+
+TYPED_TEST_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce) {
+    this->check({
+        {"abc|", [](auto& control) { control.setText("xy"); }, "|xy", 1, 1},
+        {"|abc", [](auto& control) { control.setText("abc"); }, "|abc", 1, 0},
+        {"a[bc]d", [](auto& control) { control.setSelText("XYZ"); }, "aXYZ|d", 1, 1},
+        {"a|c", [](auto& control) { control.setSelText(""); }, "a|c", 1, 0},
+        {"", [](auto& control) { control.setSelText("\xFF\xE2\x82ä"); }, "\uFFFD\uFFFD\uFFFDä|", 1, 1},
+        {"abc|", [](auto& control) { control.setSelStart(-1); }, "|abc", 0, 1},
+        {"|abc", [](auto& control) { control.setSelStart(99); }, "abc|", 0, 1},
+        {"äb|", [](auto& control) { control.setSelStart(1); }, "|äb", 0, 1},
+        {"a[bc]", [](auto& control) { control.setSelLength(-5); }, "a|bc", 0, 1},
+        {"a|bc", [](auto& control) { control.setSelLength(2147483647); }, "a[bc]", 0, 1},
+        {"|äb", [](auto& control) { control.setSelLength(1); }, "|äb", 0, 0},
+        {"a|bc", [](auto& control) { control.selectAll(); }, "[abc]", 0, 1},
+        {"a|c", [](auto& control) { control.setSelColor(0xFF); }, "a|c", 1, 0},
+        {"the same|", [](auto& control) { control.setSelColor(0xFF); }, "the same|", 1, 0},
+        {"a|c", [](auto& control) { control.setBackColor(0xFF); }, "a|c", 0, 0},
+        // What the clipboard got from one row stays for the next.
+        {"a[b]c", [](auto& control) { control.paste(); }, "a[b]c", 0, 0},
+        {"a[b\r\nc]d", [](auto& control) { control.copy(); }, "a[b\r\nc]d", 0, 0},
+        {"[a]d", [](auto& control) { control.paste(); }, "b\r\nc|d", 1, 1},
+        {"[äö]d", [](auto& control) { control.cut(); }, "|d", 1, 1},
+        {"a|d", [](auto& control) { control.cut(), control.copy(); }, "a|d", 0, 0},
+        {"d|", [](auto& control) { control.paste(); }, "däö|", 1, 1},
+    });
+}
+
+TYPED_TEST_P(EditControlContract, FindsInItsRange) {
+    using Place = std::optional<int>;
+    constexpr int word = find_option::wholeWord;
+    constexpr int wordAndCase = find_option::wholeWord + find_option::matchCase;
+    const auto find = [](const char* pattern, Place start = {}, Place end = {}, int options = 0) {
+        return [=](EditControl& control) { control.Find(pattern, start, end, options); };
+    };
+    this->check({
+        {"dog cat| cat", find("cat"), "dog [cat] cat", 0, 1},
+        {"cat [dog cat] cat", find("cat"), "cat dog [cat] cat", 0, 1},
+        {"cat [dog ca]t", find("cat"), "cat [dog ca]t", 0, 0},
+        {"cat [dog cat] cat", find("cat", {}, 10), "cat [dog cat] cat", 0, 0},
+        {"[cat] dog cat", find("cat", 3), "cat dog [cat]", 0, 1},
+        {"cat cat", find("cat", 1, 6), "|cat cat", 0, 0},
+        {"cat cat", find("cat", 1, 1000), "cat [cat]", 0, 1},
+        {"cat|", find("cat", 99), "cat|", 0, 0},
+        {"cat|", find("cat", -1), "cat|", 0, 0},
+        {"äcat", find("cat", 2, {}, word), "|äcat", 0, 0},
+        {"catx", find("cat", 0, 3, word), "|catx", 0, 0},
+        {"CAT cats cat", find("cat", {}, {}, wordAndCase), "CAT cats [cat]", 0, 1},
+        {"äb", find("ä", 1), "[ä]b", 0, 1},
+        {"aä", find("ä", 0, 2), "|aä", 0, 0},
+    });
+    EXPECT_EQ(this->edit.Find("ä"), 1);
+    EXPECT_EQ(this->edit.Find("a"), -1);
+}
+
+TYPED_TEST_P(EditControlContract, CountsWithinTheText) {
+    this->put("a\r\nä\rb|");
+    EXPECT_EQ(this->edit.GetLineFromChar(-1), 0);
+    EXPECT_EQ(this->edit.GetLineFromChar(99), 2);
+    EXPECT_EQ(this->edit.lineIndex(-1), 6);
+    EXPECT_EQ(this->edit.lineIndex(99), 7);
+    EXPECT_EQ(this->edit.characterCount(-1, 99), 6);
+    EXPECT_EQ(this->edit.characterCount(5, 3), 0);
+}
+
+inline std::size_t linesIn(const std::string& text) {
+    std::size_t lines = 1;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\n' || (text[at] == '\r' && text[at + 1] != '\n')) ++lines;
+    }
+    return lines;
+}
+
+TYPED_TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
+    std::mt19937 random(7);
+    const auto below = [&](int bound) { return std::uniform_int_distribution<int>(0, bound)(random); };
+    const std::string pieces[] = {"", "a", "\r", "\n", "\r\n", "ä", "€", "<B>x</B>", std::string("\0", 1)};
+    std::string expected;
+    std::optional<EditControl::Batch> batch;
+    constexpr int steps = 600;
+    for (int step = 0; step < steps; ++step) {
+        if (step == 200 || step == 400) batch.emplace(this->edit);
+        if (step == 300 || step == 500) batch.reset();
+        this->edit.setSelStart(below(this->edit.textLength()));
+        this->edit.setSelLength(below(4));
+        const auto start = static_cast<std::size_t>(this->edit.selStart());
+        const auto length = static_cast<std::size_t>(this->edit.selLength());
+        ASSERT_EQ(this->edit.selText(), expected.substr(start, length)) << step;
+        const auto& piece = pieces[below(8)];
+        expected.replace(start, length, piece);
+        this->edit.setSelText(piece);
+
+        const int at = below(this->edit.textLength());
+        const auto before = expected.substr(0, static_cast<std::size_t>(at));
+        ASSERT_EQ(this->edit.text(), expected) << step;
+        ASSERT_EQ(static_cast<std::size_t>(this->edit.characterCount()), characterCount(expected)) << step;
+        ASSERT_EQ(static_cast<std::size_t>(this->edit.characterCount(0, at)), characterCount(before)) << step;
+        ASSERT_EQ(static_cast<std::size_t>(this->edit.lineCount()), linesIn(expected)) << step;
+        if (!before.ends_with('\r')) {
+            const int line = this->edit.GetLineFromChar(at);
+            ASSERT_EQ(static_cast<std::size_t>(line) + 1, linesIn(before)) << step;
+            ASSERT_EQ(static_cast<std::size_t>(this->edit.lineIndex(line)), before.find_last_of("\r\n") + 1) << step;
+        }
+    }
+    for (const auto& [go, text] :
+         {std::pair(&EditControl::undo, std::string()), std::pair(&EditControl::redo, expected),
+          std::pair(&EditControl::undo, std::string())}) {
+        for (int step = 0; step < steps; ++step) (this->edit.*go)();
+        EXPECT_EQ(this->edit.text(), text);
+        EXPECT_EQ(static_cast<std::size_t>(this->edit.characterCount()), characterCount(text));
+    }
+}
+
+TYPED_TEST_P(EditControlContract, TakesStepsBack) {
+    this->load("one");
+    this->edit.undo();
+    EXPECT_EQ(this->shown(), "|one") << "a loaded text has no step";
+    this->edit.setText("two");
+    this->edit.setSelStart(3);
+    this->edit.setSelText("!");
+    {
+        const EditControl::Batch batch(this->edit);
+        this->edit.setSelStart(0);
+        this->edit.setSelText("<");
+        this->edit.undo();
+        {
+            const EditControl::Batch inner(this->edit);
+            this->edit.setText("new");
+        }
+        this->edit.setSelText(">");
+    }
+    EXPECT_EQ(this->shown(), ">|new");
+    { const EditControl::Batch empty(this->edit); }
+    for (const char* text : {"two!", "two", "one", "one"}) {
+        this->edit.undo();
+        EXPECT_EQ(this->edit.text(), text);
+    }
+    this->put("[on]e");
+    this->edit.setSelText("XYZ");
+    this->edit.setSelStart(4);
+    this->edit.undo();
+    EXPECT_EQ(this->shown(), "on|e");
+    EXPECT_EQ(this->changes, 2);
+    EXPECT_EQ(this->moves, 3);
+    {
+        const EditControl::Batch batch(this->edit);
+        this->edit.setSelText("x");
+        this->load("loaded");
+        this->edit.setSelText("y");
+    }
+    EXPECT_EQ(this->shown(), "y|loaded");
+    for (int i = 0; i < 2; ++i) this->edit.undo();
+    EXPECT_EQ(this->shown(), "|loaded") << "a load forgets all steps";
+    this->edit.redo();
+    this->load("loaded");
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "|loaded");
+}
+
+TYPED_TEST_P(EditControlContract, DoesStepsAgain) {
+    this->put("[on]e");
+    this->edit.setSelText("XYZ");
+    this->edit.setSelStart(4);
+    this->edit.setSelText("!");
+    for (int i = 0; i < 2; ++i) this->edit.undo();
+    this->changes = 0;
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZ|e");
+    EXPECT_EQ(this->changes, 1);
+    {
+        const EditControl::Batch batch(this->edit);
+        this->edit.redo();
+    }
+    EXPECT_EQ(this->edit.text(), "XYZe") << "nothing inside a batch";
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZe!|");
+    this->edit.redo();
+    EXPECT_EQ(this->changes, 2);
+    this->edit.undo();
+    this->edit.setSelText("?");
+    this->edit.redo();
+    EXPECT_EQ(this->shown(), "XYZe?|") << "a change leaves nothing to do again";
+}
+
+TYPED_TEST_P(EditControlContract, HandlersSeeTheOutcome) {
+    this->put("a[b]c");
+    std::vector<std::string> seen;
+    this->edit.changed.connect([&] { seen.push_back("changed " + this->shown()); });
+    this->edit.selectionChanged.connect([&] { seen.push_back("moved " + this->shown()); });
+    this->edit.setSelText("xy");
+    {
+        const EditControl::Batch batch(this->edit);
+        for (int i = 0; i < 2; ++i) {
+            const EditControl::Batch inner(this->edit);
+            this->edit.setSelText("z");
+        }
+        EXPECT_EQ(this->edit.Find("a"), 0);
+    }
+    { const EditControl::Batch reading(this->edit); }
+    EXPECT_EQ(seen, (std::vector<std::string>{"changed axy|c", "moved axy|c", "changed [a]xyzzc", "moved [a]xyzzc"}));
+    // A handler may write again.
+    bool once = true;
+    this->edit.changed.connect([&] {
+        if (std::exchange(once, false)) this->edit.setText("abc!");
+    });
+    this->edit.setText("abc");
+    EXPECT_EQ(this->shown(), "|abc!");
+}
+
+TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
+    using namespace std::string_literals;
+    std::string allBytes;
+    for (int byte = 0; byte < 256; ++byte) allBytes += static_cast<char>(byte);
+    const struct {
+        std::string bytes;
+        std::string text;
+        Encoding encoding = Encoding::utf8;
+        std::string lineEnd;
+    } rows[] = {
+        {"\xEF\xBB\xBF\xC3\xA4", "ä", Encoding::utf8WithMark, "\r\n"},
+        {"a\nb\r\nc\rd\ne", "a\nb\r\nc\rd\ne", Encoding::utf8, "\n"},
+        {"a\rb\rc\n", "a\rb\rc\n", Encoding::utf8, "\r"},
+        {"a\r\nb\n", "a\r\nb\n", Encoding::utf8, "\r\n"},
+        {"\xFF\xFEx\0\r\0\n\0\xE4\0"s, "x\r\nä", Encoding::utf16LittleEndian, "\r\n"},
+        {"\xE4\x80\x81\xFF", "ä€\u0081ÿ", Encoding::windows1252, "\r\n"},
+        {allBytes, decode(allBytes).text, Encoding::windows1252, "\n"},
+    };
+    for (const auto& row : rows) {
+        this->load(row.bytes);
+        EXPECT_EQ(this->edit.text(), row.text);
+        EXPECT_EQ(this->edit.encoding(), row.encoding) << row.text;
+        EXPECT_EQ(this->edit.lineEnd(), row.lineEnd) << row.text;
+        EXPECT_EQ(this->saved(), row.bytes) << row.text;
+        this->platform.clipboardText = "1\r\n2\r3\n";
+        this->edit.paste();
+        EXPECT_EQ(this->edit.text(), "1" + row.lineEnd + "2" + row.lineEnd + "3" + row.lineEnd + row.text);
+        this->edit.undo();
+        EXPECT_EQ(this->edit.text(), row.text);
+    }
+}
+
+TYPED_TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
+    this->put("abc|");
+    this->load("\xE4\n");
+    EXPECT_EQ(this->saved(), "\xE4\n");
+    EXPECT_THROW(this->edit.LoadFile(this->directory.path("missing")), Error);
+    EXPECT_EQ(this->shown(), "|ä\n");
+    EXPECT_EQ(this->edit.lineEnd(), "\n");
+    EXPECT_EQ(this->changes, 1);
+    EXPECT_EQ(this->moves, 1);
+    this->edit.setSelText("Ж");
+    EXPECT_FALSE(this->edit.canBeSaved());
+    EXPECT_THROW(this->saved(), Error);
+    EXPECT_EQ(this->directory.read("saved"), "\xE4\n");
+}
+
+REGISTER_TYPED_TEST_SUITE_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce, FindsInItsRange,
+                            CountsWithinTheText, AgreesWithAPlainStringThroughAnyEditsAndBack, TakesStepsBack,
+                            DoesStepsAgain, HandlersSeeTheOutcome, FilesComeBackByteForByte,
+                            ALoadIsAChangeAndAFailedLoadOrSaveIsNone);
+
+}  // namespace kelvor

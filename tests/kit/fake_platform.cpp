@@ -1,0 +1,226 @@
+#include "tests/kit/fake_platform.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "base/event.h"
+#include "controls/form.h"
+#include "controls/menu_item.h"
+#include "controls/text_buffer.h"
+#include "files/places.h"
+
+namespace kelvor {
+
+namespace {
+
+std::string describe(const Message& message) {
+    return "[" + message.title + "] " + message.text;
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const auto& word : words) text += (text.empty() ? "" : "|") + word;
+    return text;
+}
+
+}  // namespace
+
+std::string numbersOf(const Date& day) {
+    return std::to_string(day.year) + "-" + std::to_string(day.month) + "-" + std::to_string(day.day);
+}
+
+FakePlatform::FakePlatform()
+    : platform_{.dialogs = *this,
+                .screen = *this,
+                .shell = *this,
+                .clock = *this,
+                .clipboard = *this,
+                .help = *this,
+                .windows = *this} {
+    setPlatform(&platform_);
+    setErrorSink([](const Error& error) {
+        ADD_FAILURE() << "unexpected error " << error.number() << ": " << error.description();
+    });
+}
+
+FakePlatform::~FakePlatform() {
+    verifyNothingOutstanding();
+    setPlatform(nullptr);
+    setErrorSink({});
+}
+
+void FakePlatform::expectMessage(const Message& message, Answer answer) {
+    steps_.push_back({.kind = "message", .message = message, .title = message.title, .answer = answer});
+}
+
+void FakePlatform::expectInput(const std::string& prompt, const std::string& title, const std::string& answer) {
+    steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});
+}
+
+void FakePlatform::expectOpen(const std::vector<std::string>& paths, std::function<void(const FileRequest&)> look) {
+    steps_.push_back({.kind = "open", .paths = paths, .look = std::move(look)});
+}
+
+void FakePlatform::expectSave(const std::string& path, std::function<void(const FileRequest&)> look) {
+    steps_.push_back({.kind = "save", .text = path, .look = std::move(look)});
+}
+
+void FakePlatform::expectColor(std::optional<int> color) {
+    steps_.push_back({.kind = "color", .color = color});
+}
+
+void FakePlatform::expectFolder(const std::string& title, const std::optional<std::string>& answer) {
+    steps_.push_back({.kind = "folder", .title = title, .text = answer.value_or("")});
+}
+
+void FakePlatform::expectModal(std::function<void(Form&)> steps) {
+    steps_.push_back({.kind = "modal", .modal = std::move(steps)});
+}
+
+void FakePlatform::expectPopup(std::function<void(MenuItem&)> steps) {
+    steps_.push_back({.kind = "popup", .popup = std::move(steps)});
+}
+
+void FakePlatform::verifyNothingOutstanding() {
+    for (const auto& step : steps_) ADD_FAILURE() << "expected " << step.kind << " never came: " << step.title;
+    steps_.clear();
+}
+
+std::optional<FakePlatform::Step> FakePlatform::next(const std::string& kind, const std::string& what) {
+    if (steps_.empty() || steps_.front().kind != kind) {
+        ADD_FAILURE() << "unexpected " << kind << ": " << what;
+        return {};
+    }
+    Step step = std::move(steps_.front());
+    steps_.pop_front();
+    return step;
+}
+
+Answer FakePlatform::message(const Message& message) {
+    if (answerAll_) return *answerAll_;
+    const auto step = next("message", describe(message));
+    if (!step) return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
+    EXPECT_EQ(message.text, step->message.text);
+    EXPECT_EQ(message.cause, step->message.cause) << describe(message);
+    EXPECT_EQ(message.title, step->message.title);
+    EXPECT_EQ(message.icon, step->message.icon) << describe(message);
+    EXPECT_EQ(message.buttons, step->message.buttons) << describe(message);
+    EXPECT_EQ(message.standard, step->message.standard) << describe(message);
+    return step->answer;
+}
+
+std::string FakePlatform::input(const InputRequest& request) {
+    const auto step = next("input", request.prompt);
+    if (!step) return {};
+    EXPECT_EQ(request.prompt, step->prompt);
+    EXPECT_EQ(request.title, step->title);
+    return step->text;
+}
+
+std::vector<std::string> FakePlatform::openFiles(const FileRequest& request) {
+    const auto step = next("open", request.title);
+    if (step && step->look) step->look(request);
+    return step ? step->paths : std::vector<std::string>{};
+}
+
+std::optional<std::string> FakePlatform::saveFile(const FileRequest& request) {
+    const auto step = next("save", request.title);
+    if (step && step->look) step->look(request);
+    if (!step || step->text.empty()) return {};
+    return step->text;
+}
+
+std::optional<int> FakePlatform::color(const std::string& title, int start) {
+    colorTitle = title;
+    colorStart = start;
+    const auto step = next("color", "");
+    return step ? step->color : std::nullopt;
+}
+
+std::optional<std::string> FakePlatform::folder(const std::string& title, const std::string& /*start*/) {
+    const auto step = next("folder", title);
+    if (!step || step->text.empty()) return {};
+    EXPECT_EQ(title, step->title);
+    return step->text;
+}
+
+void FakePlatform::processEvents() {
+    ++eventRounds;
+}
+
+bool FakePlatform::open(const std::string& target) {
+    opened.push_back(target);
+    return true;
+}
+
+void FakePlatform::start(const std::vector<std::string>& words, const std::string& /*workingDirectory*/) {
+    if (const auto failing = startFails.find(words.front()); failing != startFails.end())
+        throw Error(failing->second, "cannot start " + words.front());
+    started.push_back(joined(words));
+}
+
+void FakePlatform::create(Form& form) {
+    for (Control* control : form.controls()) {
+        control->follow([this, name = control->name()](Aspect aspect) {
+            if (aspect == Aspect::focus) focused = name;
+        });
+    }
+}
+
+void FakePlatform::destroy(Form& form) {
+    for (Control* control : form.controls()) control->follow({});
+}
+
+void FakePlatform::showModal(Form& form) {
+    const auto step = next("modal", form.name());
+    if (step) step->modal(form);
+}
+
+void FakePlatform::showModeless(Form& form, bool owned) {
+    shownModeless.push_back(form.name() + (owned ? " owned" : ""));
+}
+
+void FakePlatform::hide(Form& /*form*/) {
+}
+
+void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
+    menu.clicked.raise();
+    const auto step = next("popup", menu.name());
+    if (step) step->popup(menu);
+}
+
+std::unique_ptr<EditControl> FakePlatform::createEditControl(Form& form, const std::string& name) {
+    return std::make_unique<TextBuffer>(form, name);
+}
+
+TestDirectory::TestDirectory() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "kelvor-test-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw Error(error_number::pathAccess, "no test directory");
+    directory_ = pattern;
+    std::filesystem::create_directories(path("program/Templates"));
+    std::filesystem::create_directories(path("settings"));
+    inForce_ = std::make_shared<ScopedDirectories>(path("program"), path("settings"));
+}
+
+TestDirectory::~TestDirectory() {
+    inForce_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(directory_, ignored);
+}
+
+std::string TestDirectory::path(const std::string& name) const {
+    return directory_ + "/" + name;
+}
+
+std::string TestDirectory::write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(path(name), std::ios::binary) << bytes;
+    return path(name);
+}
+
+std::string TestDirectory::read(const std::string& name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace kelvor

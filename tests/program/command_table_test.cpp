@@ -1,0 +1,237 @@
+#include <map>
+#include <set>
+
+#include "core/file_close.h"
+#include "frame/enablement.h"
+#include "frame/menu_table.h"
+#include "program/command_table.h"
+#include "program/toolbar_commands.h"
+#include "support/programs.h"
+#include "support/settings.h"
+#include "tests/kit/kelvor_fixture.h"
+
+namespace kelvor {
+namespace {
+
+using Names = std::set<std::string>;
+
+class CommandSurface : public KelvorTest {
+protected:
+    CommandSurface() { start(); }
+
+    /// Checks what is shown and enabled beside a source in front, beside a preview, and without any document.
+    void expectCommands(bool source, bool document) {
+        SCOPED_TRACE(source ? "beside a source" : document ? "beside a preview" : "without a document");
+        MDIForm1& frame = mainForm();
+        std::string bar;
+        Names disabled;
+        for (const auto& item : frame.menus()) {
+            if (!item->parent() && item->visible()) bar += item->caption() + " ";
+            if (!item->enabled()) disabled.insert(item->name());
+        }
+        EXPECT_EQ(bar, source     ? "&File &Edit &Link &Tools For&mat Text Tool&bars &View &Window &Help "
+                       : document ? "&File &Tools Tool&bars &View &Window &Help "
+                                  : "&File &Tools Tool&bars &View &Help ");
+        Names wanted = {"mnuFile_Print"};
+        if (!source)
+            wanted.insert({"mnuEdit", "mnuFile_Close", "mnuFile_CloseAll", "mnuFile_Save", "mnuFile_SaveAll",
+                           "mnuFile_SaveAs", "mnuInsert_Image", "mnuInsert_Link", "mnuInsert_Scripts",
+                           "mnuInsert_SpecialChars", "mnuInsert_TableWiz", "mnuInsert_Tags", "mnuToolBars_forms",
+                           "mnuTools_ConvertSpec", "mnuTools_CreateTemplate", "mnuTools_Format", "mnuTools_FormatText",
+                           "mnuView_dropDown"});
+        if (!document) wanted.insert({"mnuView_Source", "mnuView_Preview"});
+        EXPECT_EQ(disabled, wanted);
+        const Names always = {"New", "Open", "Print", "Links", "About", "Exit"};
+        for (const auto& button : frame.Toolbar1.buttons())
+            EXPECT_EQ(button.enabled, source || always.contains(std::string(button.key))) << button.key;
+        for (const char* key : {"Source", "Preview", "VDir", "NoVDir"})
+            EXPECT_EQ(frame.Toolbar4.button(key).enabled, document) << key;
+        for (const ComboBox* list : {&frame.Combo1, &frame.Combo2, &frame.Combo3, &frame.Combo4})
+            EXPECT_EQ(list->enabled(), source) << list->name();
+        EXPECT_TRUE(source || !frame.Toolbar3.enabled());
+    }
+};
+
+TEST_F(CommandSurface, EveryRowIsUniqueAndHasACommandLikeEveryButtonOrIsListedAsStillToCome) {
+    Names names;
+    Names shortcuts;
+    std::map<MenuItem*, Names> accessKeys;
+    Names waiting(menuRowsToCome().begin(), menuRowsToCome().end());
+    waiting.insert("mnuFile_Print");
+    Names parents;
+    for (const MenuRow& row : menuTable()) parents.emplace(row.parent);
+    for (const auto& item : mainForm().menus()) {
+        SCOPED_TRACE(item->name());
+        EXPECT_TRUE(item->name().empty() || names.insert(item->name()).second);
+        EXPECT_TRUE(item->shortcut().empty() || shortcuts.insert(item->shortcut()).second);
+        const bool acts = !item->isSeparator() && !parents.contains(item->name());
+        EXPECT_TRUE(!acts || item->clicked.isConnected() != waiting.contains(item->name()));
+        const auto mark = item->caption().find('&');
+        // The two companions keep the marks that their names have in the other menus.
+        if (mark == std::string::npos || item->name() == "mnuTools_Mirrel") continue;
+        const char key = static_cast<char>(std::tolower(item->caption()[mark + 1]));
+        EXPECT_TRUE(accessKeys[item->parent()].insert({key}).second);
+    }
+    waiting = Names(buttonsToCome().begin(), buttonsToCome().end());
+    waiting.insert({"Print", ""});
+    for (const ToolBar* bar : {&mainForm().Toolbar1, &mainForm().Toolbar2, &mainForm().Toolbar3, &mainForm().Toolbar4})
+        for (const auto& button : bar->buttons())
+            EXPECT_NE(hasCommand(bar->name(), button.key), waiting.contains(std::string(button.key))) << button.key;
+}
+
+TEST_F(CommandSurface, RowsHaveTheTextsThatUsersKnow) {
+    for (const auto& [name, text] : {
+             std::pair{"mnuEdit_StripSel", "Strips Tags &within selected text "},
+             {"mnuEdit_FindReplace", "Find and &Replace Ctrl+R"},
+             {"mnuWindow_PreviousWindow", "&Previous Window Ctrl+Q"},
+         })
+        EXPECT_EQ(menu(name).caption() + " " + menu(name).shortcut(), text);
+}
+
+TEST_F(CommandSurface, ADocumentTurnsEverythingOnOnceAndItsEndOff) {
+    expectCommands(false, false);
+    open("a.htm", "x");
+    expectCommands(true, true);
+    menu("mnuToolBars_forms").click();
+    enableMenuItems();
+    EXPECT_TRUE(menu("mnuToolBars_forms").checked()) << "a second call leaves the user's choice alone";
+    mnuFile_Close_Click();
+    expectCommands(false, false);
+    EXPECT_FALSE(menu("mnuToolBars_forms").checked());
+    EXPECT_FALSE(mainForm().Toolbar3.visible());
+    EXPECT_FALSE(mainForm().Picture2.visible());
+}
+
+TEST_F(CommandSurface, PreviewTurnsOffWhatNeedsTheSource) {
+    CDocument& first = open("a.htm", "x");
+    const std::string second = open("b.htm", "y").StrUniqueID();
+    mainForm().TabStrip1.click(first.StrUniqueID());
+    menu("mnuView_Preview").click();
+    for (int round = 0; round < 2; ++round) {
+        expectCommands(false, true);
+        EXPECT_EQ(platform.focused, "WebBrowser1") << "no key reaches the text behind the page; round " << round;
+        EXPECT_TRUE(mainForm().Toolbar4.button("Preview").pressed);
+        EXPECT_FALSE(mainForm().Toolbar4.button("Source").pressed);
+        EXPECT_TRUE(menu("mnuView_Preview").checked());
+        EXPECT_FALSE(menu("mnuView_Source").checked());
+        EXPECT_FALSE(mainForm().Toolbar3.button("form_submit").enabled);
+        mainForm().TabStrip1.click(second);
+        expectCommands(true, true);
+        EXPECT_TRUE(mainForm().Toolbar3.enabled() && mainForm().Toolbar3.button("form_submit").enabled);
+        EXPECT_EQ(platform.focused, "Text1");
+        menu("mnuWindow_NextWindow").click();
+        EXPECT_EQ(platform.focused, "WebBrowser1");
+        mainForm().TabStrip1.click(second);
+        mainForm().TabStrip1.click(first.StrUniqueID());
+    }
+    mainForm().Toolbar4.click("Source");
+    EXPECT_EQ(first.ViewMode(), view_mode::source);
+    expectCommands(true, true);
+}
+
+TEST_F(CommandSurface, RowsThatNeedASelectionFollowIt) {
+    EditControl& text = open("a.htm", "one two").SourceRTB();
+    for (const int length : {0, 3, 0}) {
+        text.setSelStart(0);
+        text.setSelLength(length);
+        menu("mnuEdit").click();
+        menu("mnuTools_FormatText").click();
+        platform.expectPopup([&](MenuItem& popup) {
+            EXPECT_EQ(popup.name(), "mnuRClick");
+            for (const char* name : {"mnuEdit_StripSel", "mnuTools_FormatText_Case", "mnuRClick_Cut", "mnuRClick_Copy",
+                                     "mnuRClick_Center", "mnuRClick_Right", "mnuRClick_Format", "mnuRClick_Link",
+                                     "mnuRClick_Comment", "mnuRClick_Name", "mnuRClick_TextCase", "mnuRClick_SendSP"})
+                EXPECT_EQ(menu(name).enabled(), length > 0) << name;
+        });
+        text.mouseDown.raise({.button = MousePress::right});
+    }
+}
+
+TEST_F(CommandSurface, WrappingCommandsAreTheSameFromEveryPlace) {
+    EditControl& text = open("a.htm", "").SourceRTB();
+    for (const auto& [wrapped, places] : std::map<std::string, std::vector<std::string>>{
+             {"<B>x</B>", {"mnuTools_FormatText_Bold", "mnuRClick_Format_Bold", "Bold"}},
+             {"<I>x</I>", {"mnuTools_FormatText_Italics", "mnuRClick_Format_Italics", "Italics"}},
+             {"<U>x</U>", {"mnuTools_FormatText_Underline", "mnuRClick_Format_Underline", "Underline"}},
+             {"<SUB>x</SUB>", {"mnuTools_FormatText_Subscript", "mnuRClick_Format_Subscript"}},
+             {"<CENTER>x</CENTER>", {"mnuTools_FormatText_Center", "mnuRClick_Center", "Center"}},
+             {"<DIV ALIGN=\"right\">x</DIV>", {"mnuTools_FormatText_Right", "mnuRClick_Right", "Right"}},
+             {"<!-- x -->", {"mnuTools_FormatText_Comment", "mnuRClick_Comment"}},
+             {"<P>x</P>", {"mnuTools_FormatText_Para", "mnu_RClick_Para", "para"}},
+             {"<BR>", {"BR"}},
+         }) {
+        for (const std::string& place : places) {
+            text.setText("x");
+            text.selectAll();
+            enableRClickItems();
+            place.starts_with("mnu") ? menu(place).click() : mainForm().Toolbar1.click(place);
+            EXPECT_EQ(text.text(), wrapped) << place;
+        }
+    }
+    std::string focused;
+    for (const char* row : {"Underline", "Right", "Bold", "Center"}) {
+        text.setText("");
+        platform.focused = "-";
+        menu(std::string("mnuTools_FormatText_") + row).click();
+        focused += platform.focused;
+    }
+    EXPECT_EQ(focused, "Text1Text1--") << "two take the focus without a selection too";
+}
+
+TEST_F(CommandSurface, ToolbarRowsShowAndHideTheirBars) {
+    open("a.htm", "x");
+    MDIForm1& frame = mainForm();
+    for (const auto& [name, bar] : std::map<std::string, Control*>{{"mnuToolbars_Main", &frame.Toolbar1},
+                                                                   {"mnuToolBars_helpers", &frame.Toolbar2},
+                                                                   {"mnuToolBars_forms", &frame.Toolbar3},
+                                                                   {"mnuView_dropDown", &frame.Picture1}}) {
+        const bool shown = bar->visible();
+        EXPECT_EQ(menu(name).checked(), shown) << name;
+        menu(name).click();
+        EXPECT_EQ(bar->visible(), !shown) << name;
+        EXPECT_EQ(menu(name).checked(), !shown) << name;
+    }
+}
+
+TEST_F(CommandSurface, HelperButtonsStartTheirPrograms) {
+    for (const char* key : {"calc", "np", "exp", "mirrel"}) mainForm().Toolbar2.click(key);
+    menu("mnuTools_Tavlok").click();
+    const std::vector<std::string> programs = {programFor(DesktopTool::calculator), programFor(DesktopTool::textEditor),
+                                               programFor(DesktopTool::fileManager), files.program() + "/mirrel",
+                                               files.program() + "/tavlok"};
+    EXPECT_EQ(platform.started, programs);
+}
+
+TEST_F(CommandSurface, MappingButtonsStoreTheChoice) {
+    open("a.htm", "x");
+    for (const bool enforce : {true, false}) {
+        mainForm().Toolbar4.click(enforce ? "VDir" : "NoVDir");
+        EXPECT_EQ(vdirManager()->EnforceVDirs(), enforce);
+        EXPECT_EQ(mainForm().Toolbar4.button("VDir").pressed, enforce);
+        EXPECT_EQ(mainForm().Toolbar4.button("NoVDir").pressed, !enforce);
+        EXPECT_EQ(GetSetting(application, "User", "EnforceVDirs"), enforce ? "1" : "0");
+    }
+}
+
+TEST_F(CommandSurface, ARightPressOffersThePopupOfTheEmptyFrameAndOfTheViewBar) {
+    platform.expectPopup([](MenuItem& popup) { EXPECT_EQ(popup.name(), "mnuNoChild"); });
+    mainForm().mouseDown.raise({.button = MousePress::right});
+    mainForm().mouseDown.raise({.button = MousePress::left});
+    platform.expectPopup([this](MenuItem& popup) {
+        EXPECT_EQ(popup.name(), "mnuPreview");
+        menu("mnuPreview_AlignRight").click();
+    });
+    mainForm().Toolbar4.mouseDown.raise({.button = MousePress::right});
+    EXPECT_TRUE(menu("mnuPreview_AlignRight").checked());
+    EXPECT_FALSE(menu("mnuPreview_AlignLeft").checked());
+    EXPECT_EQ(GetSetting(application, "User", "PreviewAlign"), "4");
+    menu("mnuPreview_Close").click();
+    EXPECT_FALSE(mainForm().CoolBar2.visible());
+    EXPECT_FALSE(mainForm().Toolbar2.button("DocumentAssistant").pressed);
+    mainForm().Toolbar2.click("DocumentAssistant");
+    EXPECT_TRUE(mainForm().CoolBar2.visible());
+    EXPECT_EQ(mainForm().CoolBar2.align(), SideBar::right);
+}
+
+}  // namespace
+}  // namespace kelvor

@@ -1,0 +1,103 @@
+#include "program/startup.h"
+
+#include "core/file_close.h"
+#include "frame/file_dialogs.h"
+#include "program/single_instance.h"
+#include "support/settings.h"
+#include "tests/kit/file_messages.h"
+#include "tests/kit/kelvor_fixture.h"
+
+namespace kelvor {
+namespace {
+
+using Startup = KelvorTest;
+
+TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
+    SaveSetting(application, "UserStrings", "Rule", "<HR>");
+    files.write("program/VDirs.txt", "/srv|http://localhost\n\n/other|http://never\n");
+    platform.expectMessage({.text = "Unable to read VDirs.txt.  Please consult the online help.",
+                            .cause = "Line 2 has no \"|\".",
+                            .title = "File read failed",
+                            .icon = MessageIcon::critical});
+    platform.expectMessage({.text = "This is your first time using Kelvor.  Take a minute to setup your preferences "
+                                    "once the program has loaded.",
+                            .title = "First time user",
+                            .icon = MessageIcon::information});
+    SaveSetting(application, "User", "BGColor", "blue");
+    for (int index = 0; index < 16; ++index) SaveSetting(application, "Browsers", "B" + std::to_string(index), "b");
+    for (const char* error :
+         {"13\r\nError description: Type mismatch: \"blue\"",
+          "9\r\nError description: The preview menu has room for 15 browsers, and 16 are listed in the "
+          "preferences. The first 15 are shown."})
+        platform.expectMessage({.text = std::string("An application error has occurred:\r\n\r\nError number: ") + error,
+                                .title = "Application Error",
+                                .icon = MessageIcon::critical});
+    ASSERT_TRUE(startKelvor());
+    EXPECT_EQ(vdirManager()->VirtualDirectories().Count(), 1U);
+    EXPECT_EQ(GetSetting(application, "User", "LCase"), "") << "greeted until the options are applied";
+    EXPECT_EQ(lastDir, files.program());
+    EXPECT_EQ(mainForm().Combo4.list(), (std::vector<std::string>{"(User Strings)", "Rule"}));
+    EXPECT_FALSE(menu("mnuEdit").visible());
+    EXPECT_FALSE(menu("mnuFile_Line2").visible());
+    EXPECT_EQ(mainForm().Combo5.list().size(), 9U);
+    EXPECT_EQ(platform.shownModeless, std::vector<std::string>{"MDIForm1"});
+}
+
+TEST_F(Startup, TakesTheStoredDirectoryColoursMappingsAndNewDocument) {
+    SaveSetting(application, "User", "InitDir", "/var/www");
+    SaveSetting(application, "User", "BGColor", "255");
+    SaveSetting(application, "User", "ForeColor", "16777215");
+    SaveSetting(application, "User", "EnforceVDirs", "1");
+    SaveSetting(application, "User", "newFile", "True");
+    platform.expectMessage(noSuchFile(files.program() + "/Templates/Default Template.tpl"));
+    start();
+    EXPECT_EQ(lastDir, "/var/www");
+    EXPECT_TRUE(vdirManager()->EnforceVDirs());
+    EXPECT_EQ(mainForm().Combo3.text(), "(Size)");
+    EXPECT_EQ(mainForm().TabStrip1.count(), 0U);
+    EXPECT_TRUE(mainForm().enabled());
+
+    files.write("program/Templates/Default Template.tpl", "<HTML>\r\n");
+    checkNewFile();
+    EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "Untitled 1");
+    EXPECT_EQ(mainForm().untitledCount, 2);
+    EXPECT_TRUE(menu("mnuFile_Save").reachable());
+    const EditControl& text = mainForm().activeForm().Text1;
+    EXPECT_EQ(text.text(), "<HTML>\r\n");
+    EXPECT_EQ(text.backColor(), 255);
+    EXPECT_EQ(text.selColor(), 16777215);
+    EXPECT_TRUE(documentManager()->currentDocument().IsSaved());
+}
+
+TEST_F(Startup, RefusesASecondCopyAndLeavesTheSettingsAlone) {
+    const SingleInstance first;
+    ASSERT_TRUE(first.isFirst());
+    platform.expectMessage({.text = "Kelvor is already running.", .title = "Kelvor", .icon = MessageIcon::exclamation});
+    EXPECT_FALSE(startKelvor());
+    EXPECT_TRUE(platform.shownModeless.empty());
+    EXPECT_EQ(GetSetting(application, "User", "EnforceVDirs", "untouched"), "untouched");
+}
+
+TEST_F(Startup, ItsEndAsksForAllBeforeTheFirstGoesAndKeepsAllAfterACancel) {
+    start();
+    for (const char* name : {"a.htm", "b.htm"}) {
+        open(name, "old");
+        type("new");
+    }
+    platform.expectMessage(saveQuestion(files.path("a.htm")), Answer::yes);
+    platform.expectMessage(saveQuestion(files.path("b.htm")), Answer::cancel);
+    mnuFile_Exit_Click();
+    EXPECT_EQ(documentManager()->MyDocuments().Count(), 2U);
+    EXPECT_EQ(files.read("a.htm"), "newold");
+    EXPECT_FALSE(SingleInstance().isFirst());
+    platform.expectMessage(saveQuestion(files.path("b.htm")), Answer::yes);
+    mnuFile_Exit_Click();
+    EXPECT_TRUE(loadedForms().empty());
+    EXPECT_EQ(documentManager(), nullptr);
+    EXPECT_EQ(vdirManager(), nullptr);
+    EXPECT_EQ(files.read("b.htm"), "newold");
+    EXPECT_TRUE(SingleInstance().isFirst());
+}
+
+}  // namespace
+}  // namespace kelvor

@@ -1,0 +1,47 @@
+#include <filesystem>
+
+#include "support/help_pages.h"
+#include "support/html_help.h"
+#include "support/report_error.h"
+#include "tests/kit/frame_fixture.h"
+#include "workbench/help_commands.h"
+
+namespace kelvor {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Help = FrameFixture;
+
+TEST_F(Help, ShowsThePageOfEachPlaceAndTheSites) {
+    const std::string file = directory.program() + "/HTML Help/Kelvor HTML Help.chm";
+    mnuHelp_sckeys_Click();
+    mnuHelp_tavlok_Click();
+    mnuHelp_mirrel_Click();
+    showHelpPage("frmFormTextBox", "Submit");
+    showHelpPage("preferences", "14");
+    EXPECT_EQ(platform.helpPages, (std::vector<std::string>{file + "::/33.html", file + "::/20.html",
+                                                            file + "::/26.html", file + "::/56.html", file}));
+    for (const HelpPage& row : helpPages)
+        EXPECT_EQ(helpPage(row.where, row.variant), row.page) << row.where << " twice";
+    mnuHelp_Web_Home_Click();
+    EXPECT_EQ(platform.opened, std::vector<std::string>{"https://www.kelvor.example/kelvorinfo.html"});
+}
+
+TEST_F(Help, ShowsTheLogInTheFirstEditorOfTheDesktopOrSaysThatThereIsNone) {
+    fs::create_directory(directory.path("bin"));
+    const ScopedVariable path("PATH", directory.path("none") + "::" + directory.path("bin"));
+    platform.expectMessage(
+        {.text = "No errors has been logged", .title = "No error log found", .icon = MessageIcon::information});
+    mnuHelp_ViewErrLog_Click();
+    directory.write("program/errorlog.txt", "a line\r\n");
+    mnuHelp_ViewErrLog_Click();
+    for (const auto* name : {"bin/xedit", "bin/kate", "bin/gedit"}) directory.write(name, "");
+    for (const auto* name : {"bin/xedit", "bin/kate"}) fs::permissions(directory.path(name), fs::perms(0755));
+    mnuHelp_ViewErrLog_Click();
+    EXPECT_EQ(platform.started,
+              (std::vector<std::string>{"gnome-text-editor|" + errorLogPath(), "kate|" + errorLogPath()}));
+}
+
+}  // namespace
+}  // namespace kelvor

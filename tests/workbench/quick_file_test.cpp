@@ -1,0 +1,143 @@
+#include "workbench/quick_file.h"
+
+#include <filesystem>
+
+#include "files/volumes.h"
+#include "frame/file_dialogs.h"
+#include "support/settings.h"
+#include "tests/kit/faults.h"
+#include "tests/kit/file_messages.h"
+#include "tests/kit/kelvor_fixture.h"
+
+namespace kelvor {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class QuickFile : public KelvorTest {
+protected:
+    QuickFile() {
+        std::filesystem::create_directories(files.path("site/pictures"));
+        for (const char* name : {"b.htm", "A.HTM", "c.txt", "noending"}) files.write(std::string("site/") + name, name);
+        SaveSetting(application, "User", "InitDir", files.path("site"));
+    }
+
+    FileList& list() { return mainForm().File1; }
+};
+
+TEST_F(QuickFile, ShowsTheLastDirectoryAtStartAndKeepsTheFilter) {
+    SaveSetting(application, "User", "QuickFileLastFilter", "1");
+    start();
+    EXPECT_EQ(mainForm().Dir1.path(), files.path("site"));
+    EXPECT_EQ(mainForm().Drive1.drive(), volumeOf(files.path("site"), mountedVolumes()));
+    EXPECT_EQ(mainForm().Dir1.rows().back().name, "pictures");
+    EXPECT_EQ(mainForm().Combo5.text(), "*.htm");
+    EXPECT_EQ(list().list(), (Names{"A.HTM", "b.htm"}));
+    mainForm().Combo5.choose(3);
+    EXPECT_EQ(list().list(), Names{"c.txt"});
+    EXPECT_EQ(GetSetting(application, "User", "QuickFileLastFilter"), "3");
+    mainForm().Combo5.type("*");
+    EXPECT_EQ(list().list(), (Names{"A.HTM", "b.htm", "c.txt", "noending"}));
+    EXPECT_EQ(GetSetting(application, "User", "QuickFileLastFilter"), "-1");
+}
+
+TEST_F(QuickFile, OpensTheSelectedFilesTellsOfOneThatIsGoneAndOffersNothingInAnEmptyList) {
+    start();
+    for (std::size_t index = 0; index < 3; ++index) list().setSelected(index, true);
+    const std::string gone = files.path("site/b.htm");
+    std::filesystem::remove(gone);
+    platform.expectPopup([this](MenuItem& popup) {
+        EXPECT_EQ(popup.name(), "mnuQuickOpen");
+        menu("mnuQuickOpen_Open").click();
+    });
+    platform.expectMessage(noSuchFile(gone));
+    platform.expectMessage(openError(gone));
+    list().mouseDown.raise({.button = MousePress::right});
+    EXPECT_EQ(mainForm().TabStrip1.count(), 2U);
+    EXPECT_EQ(mainForm().recentFiles.Count(), 2U);
+    EXPECT_TRUE(menu("mnuEdit").visible());
+    list().doubleClick(0);
+    EXPECT_EQ(mainForm().activeForm().caption(), files.path("site/A.HTM"));
+    list().keyUp.raise(13);
+    EXPECT_EQ(mainForm().TabStrip1.count(), 4U);
+    mainForm().Dir1.setPath(files.path("site/pictures"));
+    list().mouseDown.raise({.button = MousePress::right});
+}
+
+TEST_F(QuickFile, StartsAsItsSettingsSayUnlessTheyCannotBeShown) {
+    SaveSetting(application, "User", "InitDir", "//srv/share");
+    SaveSetting(application, "User", "QuickFileLastFilter", "-1");
+    SaveSetting(application, "User", "QuickFile", "true");
+    start();
+    EXPECT_EQ(mainForm().Drive1.drive(), "/");
+    EXPECT_EQ(mainForm().Dir1.path(), std::filesystem::current_path().string());
+    EXPECT_EQ(mainForm().Combo5.listIndex(), 0) << "the typed filter of the last run is gone";
+    EXPECT_FALSE(mainForm().CoolBar1.visible()) << "only the exact word counts";
+    mainForm().Toolbar2.click("quick_file");
+    EXPECT_TRUE(mainForm().CoolBar1.visible());
+    EXPECT_TRUE(mainForm().Toolbar2.button("quick_file").pressed);
+    menu("mnuView_QuickFile").click();
+    EXPECT_FALSE(mainForm().CoolBar1.visible());
+    EXPECT_EQ(GetSetting(application, "User", "QuickFile"), "true");
+}
+
+TEST_F(QuickFile, WhatCannotBeShownLeavesTheListsWhereTheyAreButReadAnew) {
+    start();
+    for (const std::string& directory : {std::string("\\\\server\\share"), std::string(), files.path("gone")}) {
+        lastDir = directory;
+        SetQuickView();
+        EXPECT_EQ(mainForm().Dir1.path(), files.path("site")) << directory;
+    }
+    std::string told;
+    setErrorSink([&](const Error& error) { told = std::to_string(error.number()) + " " + error.description(); });
+    guarded([] { mainForm().Drive1.setDrive("/media/gone"); });
+    EXPECT_EQ(told, "68 Device unavailable: /media/gone");
+    lastDir = "C:\\web";
+    guarded(SetQuickView);
+    EXPECT_EQ(told, "68 Device unavailable: C:\\web");
+    files.write("site/new.htm", "");
+    mainForm().Dir1.open(mainForm().Dir1.currentRow());
+    EXPECT_EQ(list().list().size(), 5U);
+}
+
+TEST_F(QuickFile, ADirectoryThatCannotBeReadIsToldAndTheListsStay) {
+    start();
+    const std::string closed = files.path("site/pictures");
+    std::filesystem::permissions(files.path(""), std::filesystem::perms(0755));
+    std::filesystem::permissions(closed, std::filesystem::perms(0));
+    const int status = asOrdinaryUser([&] {
+        const Names listed = list().list();
+        std::string told;
+        setErrorSink([&](const Error& error) { told += error.description() + "\n"; });
+        DirectoryList& directories = mainForm().Dir1;
+        guarded([&] { directories.open(static_cast<int>(directories.rows().size()) - 1); });
+        guarded([&] { list().setPath(closed); });
+        EXPECT_EQ(told, "Permission denied: " + closed + "\nPermission denied: " + closed + "\n");
+        EXPECT_EQ(directories.path(), files.path("site"));
+        EXPECT_EQ(directories.rows().back().name, "pictures");
+        EXPECT_EQ(list().path(), files.path("site"));
+        EXPECT_EQ(list().list(), listed);
+    });
+    EXPECT_EQ(status, 0);
+    std::filesystem::permissions(closed, std::filesystem::perms(0700));
+}
+
+TEST(Volumes, AreTheMountPointsThatPeopleUse) {
+    const char* mountInfo =
+        "22 1 8:1 / / rw,relatime - ext4 /dev/sda1 rw\n"
+        "23 22 0:21 / /proc rw,nosuid - proc proc rw\n"
+        "25 22 8:2 / /usr rw shared:3 - ext4 /dev/sda2 rw\n"
+        "27 22 7:0 / /var ro - squashfs /dev/loop0 ro\n"
+        "28 22 0:40 / /home rw - nfs4 server:/home rw\n"
+        "29 22 8:3 / /not\\040there rw - vfat /dev/sdb1 rw\n"
+        "junk\n";
+    EXPECT_EQ(volumesIn(mountInfo), (Names{"/", "/home", "/usr"}));
+    const Names volumes = {"/", "/home", "/home/media"};
+    EXPECT_EQ(volumeOf("/home/me/x", volumes), "/home");
+    EXPECT_EQ(volumeOf("/home/media", volumes), "/home/media");
+    EXPECT_EQ(volumeOf("/homer", volumes), "/");
+    EXPECT_EQ(volumeOf("C:\\web", volumes), "");
+}
+
+}  // namespace
+}  // namespace kelvor

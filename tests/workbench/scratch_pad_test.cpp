@@ -1,0 +1,80 @@
+#include "workbench/scratch_pad.h"
+
+#include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
+#include "tests/kit/frame_fixture.h"
+
+namespace kelvor {
+namespace {
+
+struct Pad : FrameFixture {
+    Pad() { showScratchPad(); }
+
+    void expectQuestion(Answer answer) {
+        platform.expectMessage({.text = "The scratch pad contents have changed. Would you like to save before closing?",
+                                .title = "Text Changed",
+                                .icon = MessageIcon::question,
+                                .buttons = MessageButtons::yesNoCancel},
+                               answer);
+    }
+
+    ScratchPad& pad = scratchPad();
+};
+
+TEST_F(Pad, WhatIsSentStandsBelowWhatIsThere) {
+    EditControl& text = openText("a.htm", "one two").Text1;
+    for (const int start : {0, 4}) {
+        text.setSelStart(start);
+        text.setSelLength(3);
+        mnuRClick_SendSP_Click();
+    }
+    EXPECT_EQ(pad.spRTF1.text(), "\r\n\r\none\r\n\r\ntwo");
+    expectQuestion(Answer::no);
+    EXPECT_TRUE(pad.unload());
+    EXPECT_EQ(platform.focused, "Text1");
+}
+
+TEST_F(Pad, TheMenuActsOnThePadAndSavesOnlyAText) {
+    platform.clipboardText = "é\r\nb";
+    platform.expectPopup([this](MenuItem&) {
+        EXPECT_FALSE(pad.mnusp_save.reachable());
+        pad.mnusp_paste.click();
+        pad.mnusp_selAll.click();
+        pad.mnusp_cut.click();
+        pad.append("x");
+        pad.mnusp_clear.click();
+        pad.mnusp_paste.click();
+    });
+    pad.cmdEdit.click();
+    lastDir = "/before";
+    mainForm().CommonD1.fileName = "other.htm";
+    platform.expectPopup([this](MenuItem&) { pad.mnusp_save.click(); });
+    platform.expectSave(directory.path("pad.txt"), [](const FileRequest& request) {
+        EXPECT_EQ(request.directory, "/before");
+        EXPECT_EQ(request.fileName, "");
+        EXPECT_TRUE(request.overwritePrompt);
+    });
+    pad.spRTF1.mouseDown.raise({.button = MousePress::right});
+    EXPECT_EQ(directory.read("pad.txt"), "é\r\nb");
+    EXPECT_EQ(lastDir + "/", directory.path(""));
+    EXPECT_TRUE(pad.unload()) << "no question once it is saved";
+}
+
+TEST_F(Pad, ClosingItOrTheProgramAsksForATextThatWasNotSaved) {
+    pad.append("x");
+    expectQuestion(Answer::cancel);
+    EXPECT_FALSE(mainForm().unload());
+    expectQuestion(Answer::yes);
+    const std::string nowhere = directory.path("no/such/pad.txt");
+    platform.expectSave(nowhere);
+    expectError(76, "The folder does not exist: " + nowhere);
+    EXPECT_FALSE(pad.unload()) << "a save that failed keeps the text";
+    expectQuestion(Answer::yes);
+    platform.expectSave("");
+    const EventScope scope;
+    EXPECT_TRUE(mainForm().unload()) << "a save dialog that was cancelled does not";
+    EXPECT_FALSE(pad.isLoaded()) << "the question has been answered";
+}
+
+}  // namespace
+}  // namespace kelvor
