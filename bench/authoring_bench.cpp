@@ -215,10 +215,10 @@ void ConvertCharacters(benchmark::State& state) {
         text.replace(static_cast<std::size_t>(hit) * 120, 2,
                      specialChars[static_cast<std::size_t>(hit % 62)].character);
     const auto command = [&](auto& bench) {
-        convert().cmdConvert.click();
+        toolForm<Convert>().cmdConvert.click();
         return bench.dialogs.lastText == std::to_string(state.range(0)) + " replacements made.";
     };
-    compare<Surface>(state, text, bareConvert, command, []() -> Form& { return convert(); });
+    compare<Surface>(state, text, bareConvert, command, []() -> Form& { return toolForm<Convert>(); });
 }
 BENCHMARK(ConvertCharacters<qt::ScintillaEdit>)
     ->Arg(0)

@@ -22,7 +22,7 @@ std::size_t referencesIn(const std::string& file, const std::string& attribute) 
 /// From Apply to the end of the run; the result is the number of the references.
 TaskResult changeLinksTask(const std::vector<std::string>& arguments) {
     mainForm().load();  // a run ends with the frame
-    CaseChange& form = caseChange();
+    CaseChange& form = toolForm<CaseChange>();
     form.load();
     form.optWhere.select(2);
     form.lblStartDir.setCaption(arguments.at(0));

@@ -9,7 +9,7 @@ namespace {
 
 /// From Begin to the filled list of results; the result is the sum of all counts.
 TaskResult extendedFindTask(const std::vector<std::string>& arguments) {
-    ExtendedFind& form = extendedFind();
+    ExtendedFind& form = toolForm<ExtendedFind>();
     form.load();
     form.lblDirFolder.setCaption(arguments.at(0));
     form.rtbFind.setText(arguments.at(1));

@@ -36,7 +36,7 @@ void addPairs(Multi& form, const std::string& pair) {
 TaskResult multiTask(const std::vector<std::string>& arguments) {
     initSpecialChars();
     const auto pages = pagesIn(arguments.at(0));
-    Multi& form = multi();
+    Multi& form = toolForm<Multi>();
     form.load();
     addPairs(form, arguments.at(1));
     form.lbxTargetFiles.addRows(pages);

@@ -31,7 +31,7 @@ const std::string& page() {
 
 void ScanIntoTheShownList(benchmark::State& state) {
     program().open("page.htm", " <A NAME=x>");
-    NamedLinks& dialog = namedLinks();
+    NamedLinks& dialog = toolForm<NamedLinks>();
     dialog.load();
     platform().windows.showModeless(dialog, true);
     ListBox& list = dialog.nameAnchors;

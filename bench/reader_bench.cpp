@@ -33,15 +33,15 @@ void hear(QAccessibleEvent* event) {
 }
 
 void replaceAll() {
-    FindReplace& dialog = findReplace();
+    FindReplace& dialog = toolForm<FindReplace>();
     dialog.txtFindText.setText(oldText);
     dialog.txtReplace.setText(newText);
     dialog.cmdReplaceAll.click();
 }
 
 void convertAll() {
-    convert().load();
-    convert().cmdConvert.click();
+    toolForm<Convert>().load();
+    toolForm<Convert>().cmdConvert.click();
 }
 
 void changeCase() {

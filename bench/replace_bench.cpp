@@ -26,7 +26,7 @@ EditControl& shownText() {
 
 /// The dialog, filled in.
 FindReplace& filledDialog() {
-    FindReplace& dialog = findReplace();
+    FindReplace& dialog = toolForm<FindReplace>();
     dialog.txtFindText.setText(oldText);
     dialog.txtReplace.setText(newText);
     return dialog;

@@ -55,7 +55,7 @@ constexpr int resultRows = 20'000;
 /// The list of results on the screen, with its rows.
 ReportView& fillResults() {
     program();
-    ExtendedFind& form = extendedFind();
+    ExtendedFind& form = toolForm<ExtendedFind>();
     if (!form.isLoaded()) mnuEdit_eFind_Click();
     form.SSTab1.setTabEnabled(1, true);
     form.SSTab1.setTab(1);

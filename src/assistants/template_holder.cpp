@@ -16,7 +16,6 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 #include "support/messages.h"
 #include "text/code_points.h"
 #include "text/text_search.h"
@@ -79,25 +78,12 @@ bool mayBeRenamed(const std::string& oldName, const std::string& name) {
 
 }  // namespace
 
-TemplateHolder& templateHolder() {
-    static FormInstance<TemplateHolder> instance;
-    return instance.get();
+void TemplateHolder::Form_Activate() {
+    if (lbxTemplates.count() > 0) lbxTemplates.SetFocus();
 }
 
-TemplateHolder::TemplateHolder() : Form("templateHolder", "Templates") {
-    onLoad = [this] { Form_Load(); };
-    activated.connect([this] {
-        if (lbxTemplates.count() > 0) lbxTemplates.SetFocus();
-    });
-    lbxTemplates.doubleClicked.connect([this] { cmdOpen_Click(); });
-    lbxTemplates.beforeLabelEdit.connect([this] { templatePath_ = lbxTemplates.selectedText().value_or(""); });
-    lbxTemplates.afterLabelEdit.connect(
-        [this](const std::string& text, bool& cancel) { lbxTemplates_AfterLabelEdit(text, cancel); });
-    cmdOpen.clicked.connect([this] { cmdOpen_Click(); });
-    cmdEdit.clicked.connect([this] { cmdEdit_Click(); });
-    cmdDelete.clicked.connect([this] { deleteTemplate(); });
-    cmdClose.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+void TemplateHolder::lbxTemplates_BeforeLabelEdit() {
+    templatePath_ = lbxTemplates.selectedText().value_or("");
 }
 
 void TemplateHolder::Form_Load() {
@@ -179,7 +165,7 @@ void mnuTools_CreateTemplate_Click() {
         {.prompt = "Enter a descriptive name for the template.\r\n\r\nNote: This name must also be a valid filename.",
          .title = "Create Template."});
     if (name.empty() || !validFileName(name)) return;
-    TemplateHolder& holder = templateHolder();
+    TemplateHolder& holder = toolForm<TemplateHolder>();
     holder.load();
     holder.addTpl(name);
     activeText().SetFocus();
@@ -196,7 +182,7 @@ void mnuFile_New_Click() {
                      .icon = MessageIcon::critical});
         return;
     }
-    openToolForm(templateHolder(), ShowMode::modal);
+    openToolForm(toolForm<TemplateHolder>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

@@ -4,32 +4,37 @@
 #include <string>
 #include <vector>
 
-#include "controls/button.h"
-#include "controls/form.h"
 #include "controls/list_view.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// The templates: files "*.tpl" in the program's Templates directory, from which new documents are made.
-class TemplateHolder : public Form {
+class TemplateHolder : public ToolDialog {
 public:
-    TemplateHolder();
+    TemplateHolder() : ToolDialog("templateHolder", "Templates") {}
 
-    ListView lbxTemplates{*this, "lbxTemplates"};
-    Button cmdOpen{*this, "cmdOpen", "&Open"};
-    Button cmdEdit{*this, "cmdEdit", "&Edit"};
-    Button cmdDelete{*this, "cmdDelete", "&Delete"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
+    ListView lbxTemplates{*this,
+                          "lbxTemplates",
+                          {.doubleClicked = &TemplateHolder::cmdOpen_Click,
+                           .beforeLabelEdit = &TemplateHolder::lbxTemplates_BeforeLabelEdit,
+                           .afterLabelEdit = &TemplateHolder::lbxTemplates_AfterLabelEdit}};
+    Button cmdOpen{*this, "cmdOpen", "&Open", &TemplateHolder::cmdOpen_Click};
+    Button cmdEdit{*this, "cmdEdit", "&Edit", &TemplateHolder::cmdEdit_Click};
+    Button cmdDelete{*this, "cmdDelete", "&Delete", &TemplateHolder::deleteTemplate};
+    Button cmdClose{*this, "cmdClose", "&Close", &TemplateHolder::unload};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &TemplateHolder::showHelp};
 
     /// Writes the active document's text and one line end (CR LF) as a new template. A name that is taken is told,
     /// and another one asked for.
     void addTpl(const std::string& name);
 
 private:
-    void Form_Load();
+    void Form_Load() override;
+    void Form_Activate() override;
     void cmdOpen_Click();
     void cmdEdit_Click();
+    void lbxTemplates_BeforeLabelEdit();
     void lbxTemplates_AfterLabelEdit(const std::string& text, bool& cancel);
     void populateTemplateBox();
     void deleteTemplate();
@@ -37,9 +42,6 @@ private:
 
     std::string templatePath_;  ///< the template whose name is being edited
 };
-
-/// The one dialog.
-TemplateHolder& templateHolder();
 
 /// The stems of all templates, in the order in which a person reads them. Without any an error 5.
 std::vector<std::string> listTemplateNames();

@@ -8,7 +8,6 @@
 #include "frame/tool_forms.h"
 #include "html/special_chars.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -45,36 +44,9 @@ void putInto(EditControl& text, const ConvertedText& converted) {
     text.setSelStart(converted.caret);
 }
 
-/// Keeps the user from the form while it lives.
-class DisabledForm {
-public:
-    explicit DisabledForm(Convert& form) : form_(form) { setEnabled(false); }
-    ~DisabledForm() { setEnabled(true); }
-    DisabledForm(const DisabledForm&) = delete;
-    DisabledForm& operator=(const DisabledForm&) = delete;
-
-private:
-    void setEnabled(bool enabled) {
-        form_.setEnabled(enabled);
-        form_.cmdConvert.setEnabled(enabled);
-        form_.cmdClose.setEnabled(enabled);
-    }
-
-    Convert& form_;
-};
-
 }  // namespace
 
-Convert& convert() {
-    static FormInstance<Convert> instance;
-    return instance.get();
-}
-
-Convert::Convert() : Form("convert", "Convert Special Characters") {
-    optType.clicked.connect([this](int index) { optType_Click(index); });
-    cmdConvert.clicked.connect([this] { cmdConvert_Click(); });
-    cmdClose.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+Convert::Convert() : ToolDialog("convert", "Convert Special Characters") {
     for (Label* label : {&lblStart, &lblFinish}) label->setVisible(false);
     for (Label* label : {&lblStartString, &lblFinishString}) label->setUseMnemonic(true);
     optType.select(toEntity);
@@ -86,7 +58,8 @@ void Convert::optType_Click(int index) {
 }
 
 void Convert::cmdConvert_Click() {
-    const DisabledForm disabledForm(*this);
+    const DisabledForm disabled(*this);
+    const ScopedRun run(run_, LongRun::Cancel::never);
     lblStart.setVisible(true);
     lblFinish.setVisible(true);
     pumpEvents();
@@ -104,19 +77,17 @@ void Convert::convertSpecialChars() {
     text.setSelLength(0);
     initConvertGauge();
     ConvertedText converted{.text = text.text()};
-    {
-        const Hourglass hourglass;
-        const bool toEntities = optType.selected() == toEntity;
-        for (const SpecialCharEntry& row : specialChars) {
-            progBar1.setValue(static_cast<int>(&row - specialChars.data()));
-            if (row.convertible != 1) continue;
-            showPair(row, toEntities);
-            pumpEvents();
-            replaceAll(converted, toEntities ? row.character : row.entity, toEntities ? row.entity : row.character);
-        }
-        putInto(text, converted);
-        progBar1.setValue(progBar1.minimum());
+    const bool toEntities = optType.selected() == toEntity;
+    for (const SpecialCharEntry& row : specialChars) {
+        progBar1.setValue(static_cast<int>(&row - specialChars.data()));
+        if (row.convertible != 1) continue;
+        showPair(row, toEntities);
+        pumpEvents();
+        replaceAll(converted, toEntities ? row.character : row.entity, toEntities ? row.entity : row.character);
     }
+    putInto(text, converted);
+    progBar1.setValue(progBar1.minimum());
+    platform().screen.setMousePointer(MousePointer::standard);
     platform().dialogs.message({.text = std::to_string(converted.replacements) + " replacements made.",
                                 .title = "Special Character Conversion",
                                 .icon = MessageIcon::information});
@@ -131,7 +102,7 @@ void Convert::showPair(const SpecialCharEntry& row, bool toEntities) {
 }
 
 void mnuTools_ConvertSpec_Click() {
-    openToolForm(convert(), ShowMode::modal);
+    openToolForm(toolForm<Convert>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

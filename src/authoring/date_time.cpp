@@ -3,7 +3,6 @@
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -17,18 +16,8 @@ std::string digits(int number, std::size_t width) {
 
 }  // namespace
 
-DateTimeDialog& dateTimeDialog() {
-    static FormInstance<DateTimeDialog> instance;
-    return instance.get();
-}
-
-DateTimeDialog::DateTimeDialog() : Form("frmDateTime", "Date and Time") {
-    onLoad = [this] { Form_Load(); };
-    MonthView1.changed.connect([this] { FillListBox(MonthView1.value()); });
-    lstDates.doubleClicked.connect([this] { cmdInsert_Click(); });
-    cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
-    cmdCancel.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+void DateTimeDialog::MonthView1_Click() {
+    FillListBox(MonthView1.value());
 }
 
 void DateTimeDialog::Form_Load() {
@@ -53,8 +42,8 @@ void DateTimeDialog::cmdInsert_Click() {
 
 void mnuInsert_Date_Click() {
     EditControl& text = activeText();
-    dateTimeDialog().setHookedRTB(&text);
-    openToolForm(dateTimeDialog(), ShowMode::modal);
+    toolForm<DateTimeDialog>().setHookedRTB(&text);
+    openToolForm(toolForm<DateTimeDialog>(), ShowMode::modal);
     text.SetFocus();
 }
 

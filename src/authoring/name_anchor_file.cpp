@@ -8,7 +8,6 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -19,19 +18,8 @@ constexpr int windowText = -1;
 
 }  // namespace
 
-NameAnchorFile& nameAnchorFile() {
-    static FormInstance<NameAnchorFile> instance;
-    return instance.get();
-}
-
-NameAnchorFile::NameAnchorFile() : Form("nameAnchorFile", "Link to named anchor in a file") {
-    onLoad = [this] { Form_Load(); };
-    unloaded.connect([] { setActiveFormName(std::string(documentForm)); });
-    nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
-    cmdCommonD.clicked.connect([this] { cmdCommonD_Click(); });
-    cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
-    cmdClose.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+void NameAnchorFile::Form_Unload() {
+    setActiveFormName(std::string(documentForm));
 }
 
 void NameAnchorFile::Form_Load() {
@@ -93,7 +81,7 @@ void NameAnchorFile::cmdMakeLink_Click() {
 }
 
 void mnuRClick_Link_linkToNameFile_Click() {
-    openToolForm(nameAnchorFile(), ShowMode::modal);
+    openToolForm(toolForm<NameAnchorFile>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

@@ -6,22 +6,8 @@
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
-
-NamedLinks& namedLinks() {
-    static FormInstance<NamedLinks> instance;
-    return instance.get();
-}
-
-NamedLinks::NamedLinks() : Form("namedLinks", "Line to named anchor") {
-    onLoad = [this] { Form_Load(); };
-    nameAnchors.doubleClicked.connect([this] { cmdMakeLink_Click(); });
-    cmdMakeLink.clicked.connect([this] { cmdMakeLink_Click(); });
-    cmdClose.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-}
 
 void NamedLinks::Form_Load() {
     // What is wrong with an anchor is told, and the dialog offers those before it.
@@ -47,7 +33,7 @@ void mnuRClick_Link_linkToName_Click() {
                      .icon = MessageIcon::exclamation});
         return;
     }
-    openToolForm(namedLinks(), ShowMode::modal);
+    openToolForm(toolForm<NamedLinks>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

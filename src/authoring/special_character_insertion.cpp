@@ -5,7 +5,6 @@
 #include "editing/insertion.h"
 #include "frame/tool_switch.h"
 #include "html/special_chars.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -15,18 +14,8 @@ constexpr ToolSwitch specialCharsSwitch("mnuInsert_SpecialChars", "Special Chars
 
 }  // namespace
 
-SpecialCharacterInsertion& specialCharacterInsertion() {
-    static FormInstance<SpecialCharacterInsertion> instance;
-    return instance.get();
-}
-
-SpecialCharacterInsertion::SpecialCharacterInsertion() : Form("specialCharacterInsertion", "Special Characters") {
-    onLoad = [this] { Form_Load(); };
-    unloaded.connect([] { specialCharsSwitch.release(); });
-    lstSpecChars.doubleClicked.connect([this] { lstSpecChars_DblClick(); });
-    cmdInsert.clicked.connect([this] { lstSpecChars_DblClick(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    cmdClose.clicked.connect([this] { unload(); });
+void SpecialCharacterInsertion::Form_Unload() {
+    specialCharsSwitch.release();
 }
 
 void SpecialCharacterInsertion::Form_Load() {
@@ -46,7 +35,7 @@ void SpecialCharacterInsertion::lstSpecChars_DblClick() {
 }
 
 void mnuInsert_SpecialChars_Click() {
-    specialCharsSwitch.flip(specialCharacterInsertion());
+    specialCharsSwitch.flip(toolForm<SpecialCharacterInsertion>());
 }
 
 }  // namespace kelvor

@@ -11,7 +11,6 @@
 #include "frame/tool_switch.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/html_help.h"
 #include "text/line_ends.h"
 #include "text/text_encoding.h"
 
@@ -34,21 +33,13 @@ void reportTagsMissing() {
 
 }  // namespace
 
-Tags& tags() {
-    static FormInstance<Tags> instance;
-    return instance.get();
-}
-
-Tags::Tags() : Form("tags", "Tags") {
-    onLoad = [this] { Form_Load(); };
-    activated.connect([this] { Form_Activate(); });
-    unloaded.connect([] { tagsSwitch.release(); });
-    ListView1.doubleClicked.connect([this] { ListView1_DblClick(); });
+Tags::Tags() : ToolDialog("tags", "Tags") {
     ListView1.setColumnWidth(0, tagWidth);
     ListView1.setColumnWidth(1, closeTagWidth);
-    cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    cmdClose.clicked.connect([this] { unload(); });
+}
+
+void Tags::Form_Unload() {
+    tagsSwitch.release();
 }
 
 void Tags::Form_Load() {
@@ -94,7 +85,7 @@ void Tags::cmdInsert_Click() {
 }
 
 void mnuInsert_Tags_Click() {
-    tagsSwitch.flip(tags());
+    tagsSwitch.flip(toolForm<Tags>());
 }
 
 std::optional<std::vector<std::string>> tagFields(std::string_view line) {

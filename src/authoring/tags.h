@@ -5,34 +5,32 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/button.h"
-#include "controls/form.h"
 #include "controls/frame.h"
 #include "controls/report_view.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// The tags of tags.txt in the program directory, each to be inserted at the selection; stays open beside the document.
-class Tags : public Form {
+class Tags : public ToolDialog {
 public:
     Tags();
 
-    ReportView ListView1{*this, "ListView1", {"Tag", "Close Tag", "Description"}};
+    ReportView ListView1{
+        *this, "ListView1", {"Tag", "Close Tag", "Description"}, {.doubleClicked = &Tags::ListView1_DblClick}};
     Frame frmDivider{*this, "frmDivider"};
-    Button cmdInsert{*this, "cmdInsert", "&Insert"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdInsert{*this, "cmdInsert", "&Insert", &Tags::cmdInsert_Click};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &Tags::showHelp};
+    Button cmdClose{*this, "cmdClose", "&Close", &Tags::unload};
 
 private:
-    void Form_Load();
-    void Form_Activate();
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload() override;
     void ListView1_DblClick();
     void cmdInsert_Click();
     void loadTags();
 };
-
-/// The one window.
-Tags& tags();
 
 /// The menu row that opens the window and closes it.
 void mnuInsert_Tags_Click();

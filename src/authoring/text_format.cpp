@@ -6,7 +6,6 @@
 #include "html/colors.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -39,22 +38,10 @@ std::string inFontTag(const TextFormatting& formatting) {
 
 }  // namespace
 
-TextFormat& textFormat() {
-    static FormInstance<TextFormat> instance;
-    return instance.get();
-}
-
-TextFormat::TextFormat() : Form("textFormat", "Quick Text Format") {
-    onLoad = [this] { Form_Load(); };
+TextFormat::TextFormat() : ToolDialog("textFormat", "Quick Text Format") {
     // "(n/a)" comes before all names and shows at first.
     cboFont.setSorted(true);
-    cboFont.clicked.connect([this] { cboFont_Click(); });
-    txtFonts.gotFocus.connect([this] { selectAllOf(txtFonts); });
-    Command1.clicked.connect([this] { Command1_Click(); });
-    rtbUserText.gotFocus.connect([this] { selectAllOf(rtbUserText); });
-    cmdInsert.clicked.connect([this] { cmdInsert_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    cmdClose.clicked.connect([this] { unload(); });
+    selectThemselves(txtFonts, rtbUserText);
 }
 
 void TextFormat::Form_Load() {
@@ -110,7 +97,7 @@ void TextFormat::buildFormattedString() {
 }
 
 void mnuFormatText_Quick_Click() {
-    openToolForm(textFormat(), ShowMode::modal);
+    openToolForm(toolForm<TextFormat>(), ShowMode::modal);
 }
 
 std::string formattedText(const TextFormatting& formatting) {

@@ -3,21 +3,20 @@
 #include <array>
 #include <string>
 
-#include "controls/button.h"
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
 #include "controls/edit_control.h"
-#include "controls/form.h"
 #include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/option_group.h"
 #include "controls/text_box.h"
 #include "editing/htmlkeys.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// Marks up a text by what the user ticks and chooses, with no tag typed by hand.
-class TextFormat : public Form {
+class TextFormat : public ToolDialog {
 public:
     TextFormat();
 
@@ -34,18 +33,18 @@ public:
     Frame frameAlignment{*this, "frameAlignment", "Alignment"};
     OptionGroup optAlign{*this, "optAlign", {"&None", "C&enter", "&Right"}};
     Frame frameFont{*this, "frameFont", "Font Tag Construction"};
-    ComboBox cboFont{*this, "cboFont"};
+    ComboBox cboFont{*this, "cboFont", ComboBox::Style::dropDownList, {.clicked = &TextFormat::cboFont_Click}};
     TextBox txtFonts{*this, "txtFonts"};
     ComboBox cboFontSize{*this, "cboFontSize"};
-    Button Command1{*this, "Command1", "Font Color"};
+    Button Command1{*this, "Command1", "Font Color", &TextFormat::Command1_Click};
     Label lblFontCol{*this, "lblFontCol", "(n/a)"};
     EditControl& rtbUserText{addEditControl("rtbUserText")};
-    Button cmdInsert{*this, "cmdInsert", "&Insert"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
+    Button cmdInsert{*this, "cmdInsert", "&Insert", &TextFormat::cmdInsert_Click};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &TextFormat::showHelp};
+    Button cmdClose{*this, "cmdClose", "&Close", &TextFormat::unload};
 
 private:
-    void Form_Load();
+    void Form_Load() override;
     void fillComboBoxes();
     void cboFont_Click();
     void Command1_Click();
@@ -55,9 +54,6 @@ private:
 
     htmlkeys keys_;
 };
-
-/// The one dialog.
-TextFormat& textFormat();
 
 /// Shows the dialog over the selection.
 void mnuFormatText_Quick_Click();

@@ -7,15 +7,12 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
 namespace {
 
 const std::string noDirectory = "(double click to select folder)";
-const std::string closeCaption = "&Close";
-const std::string cancelCaption = "&Cancel";
 
 /// Choices of optWhere.
 constexpr int activeDocument = 0;
@@ -55,27 +52,10 @@ Error notInEncoding(const std::string& file) {
 
 }  // namespace
 
-CaseChange& caseChange() {
-    static FormInstance<CaseChange> instance;
-    return instance.get();
-}
-
-CaseChange::CaseChange() : Form("frmCaseChange", "File/URL Reference Case Changer") {
-    onLoad = [this] { Form_Load(); };
-    activated.connect([this] { Form_Activate(); });
-    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    optWhere.clicked.connect([this](int) { optWhere_Click(); });
-    lblStartDir.doubleClicked.connect([this] { lblStartDir_DblClick(); });
-    cmdAddFiles.clicked.connect([this] { browseForFiles(); });
-    cmdRemoveOne.clicked.connect([this] { cmdRemoveOne_Click(); });
-    cmdClear.clicked.connect([this] { cmdClear_Click(); });
-    for (std::size_t box = 0; box < chkVal.size(); ++box) chkVal[box].clicked.connect([this] { checkApplyButton(); });
+CaseChange::CaseChange() : ToolDialog("frmCaseChange", "File/URL Reference Case Changer") {
     objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
         objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
-    cmdApply.clicked.connect([this] { cmdApply_Click(); });
-    cmdClose.clicked.connect([this] { cmdClose_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
 }
 
 void CaseChange::Form_Load() {
@@ -91,13 +71,9 @@ void CaseChange::Form_Activate() {
     optWhere.select(hasDocument ? activeDocument : listOfFiles);
 }
 
-void CaseChange::Form_QueryUnload(bool& cancel) const {
-    cancel = cancel || isRunning();
-}
-
 /// Also after a run that was left without files, or by an error.
-bool CaseChange::isRunning() const {
-    return cmdClose.caption() == cancelCaption;
+void CaseChange::Form_QueryUnload(bool& cancel) {
+    cancel = cancel || run_.isGoingOn();
 }
 
 void CaseChange::optWhere_Click() {
@@ -142,7 +118,7 @@ void CaseChange::checkApplyButton() {
     const int where = optWhere.selected();
     const bool ready = where == activeDocument || (where == listOfFiles && lstFiles.count() > 0) ||
                        (where == directoryTree && lblStartDir.caption() != noDirectory);
-    if (!isRunning()) cmdApply.setEnabled(ready && !getReplaceValues().empty());
+    if (!run_.isGoingOn()) cmdApply.setEnabled(ready && !getReplaceValues().empty());
 }
 
 void CaseChange::checkButtons() {
@@ -165,31 +141,20 @@ void CaseChange::cmdApply_Click() {
     endRun();
 }
 
-void CaseChange::cmdClose_Click() {
-    if (isRunning()) {
-        cancelVal_ = confirms("Are you sure that you wish to cancel?", "Confirm cancel");
-    } else {
-        unload();
-    }
-}
-
 void CaseChange::beginRun() {
-    cancelVal_ = false;
     scope_ = optWhere.selected();
     ListView1.clear();
-    for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, false);
-    cmdApply.setEnabled(false);
-    cmdClose.setCaption(cancelCaption);
-    platform().screen.setMousePointer(MousePointer::hourglass);
+    run_.begin();
     SSTab1.setTab(resultsPage);
 }
 
 void CaseChange::endRun() {
-    for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, true);
-    cmdApply.setEnabled(true);
+    run_.end();
     cmdApply.SetFocus();
-    cmdClose.setCaption(closeCaption);
-    platform().screen.setMousePointer(MousePointer::standard);
+}
+
+void CaseChange::setTabsEnabled(bool enabled) {
+    for (const int page : {filesPage, optionsPage}) SSTab1.setTabEnabled(page, enabled);
 }
 
 /// Collects the files of the run, which cannot be cancelled meanwhile; false when there are none, and the user has been
@@ -223,7 +188,7 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
             ListView1.addRow({file, attribute}, allAreChanged ? allChanged : someRefused);
         }
         pumpEvents();
-        if (cancelVal_ || !isLoaded()) break;
+        if (run_.isCancelled() || !isLoaded()) break;
     }
 }
 
@@ -268,7 +233,7 @@ void CaseChange::disableFrame3() {
 }
 
 void mnuTools_ChangeLinks_Click() {
-    openToolForm(caseChange(), ShowMode::floating);
+    openToolForm(toolForm<CaseChange>(), ShowMode::floating);
 }
 
 }  // namespace kelvor

@@ -5,10 +5,8 @@
 
 #include "KVFileSystem/dir_walker.h"
 #include "batch/link_case.h"
-#include "controls/button.h"
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
-#include "controls/form.h"
 #include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
@@ -16,12 +14,14 @@
 #include "controls/report_view.h"
 #include "controls/tab_control.h"
 #include "controls/text_buffer.h"
+#include "frame/long_run.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// The File/URL Reference Case Changer: brings the quoted values of chosen attributes to one case, in the active
 /// document, in listed files or in the files of a directory.
-class CaseChange : public Form {
+class CaseChange : public ToolDialog {
 public:
     CaseChange();
 
@@ -30,16 +30,18 @@ public:
     OptionGroup optWhere{
         *this,
         "optWhere",
-        {"Change the active &document", "Change the files of a l&ist", "Change the files of a director&y"}};
+        {"Change the active &document", "Change the files of a l&ist", "Change the files of a director&y"},
+        &CaseChange::optWhere_Click};
     Frame Frame2{*this, "Frame2", "Active Document"};
     Label Label3{*this, "Label3", "Only the contents of the active document will be affected by the case change."};
     Frame Frame3{*this, "Frame3", "List of Files"};
     ListBox lstFiles{*this, "lstFiles"};
-    Button cmdAddFiles{*this, "cmdAddFiles", "Add &Files"};
-    Button cmdRemoveOne{*this, "cmdRemoveOne", "&Remove File"};
-    Button cmdClear{*this, "cmdClear", "Clear &List"};
+    Button cmdAddFiles{*this, "cmdAddFiles", "Add &Files", &CaseChange::browseForFiles};
+    Button cmdRemoveOne{*this, "cmdRemoveOne", "&Remove File", &CaseChange::cmdRemoveOne_Click};
+    Button cmdClear{*this, "cmdClear", "Clear &List", &CaseChange::cmdClear_Click};
     Frame Frame1{*this, "Frame1", "Directory"};
-    Label lblStartDir{*this, "lblStartDir", "(double click to select folder)"};
+    Label lblStartDir{
+        *this, "lblStartDir", "(double click to select folder)", {.doubleClicked = &CaseChange::lblStartDir_DblClick}};
     CheckBox chkSubDir{*this, "chkSubDir", "Include subdirectories"};
     Label Label2{*this, "Label2", "Filter:"};
     ComboBox cboFilter{*this, "cboFilter"};
@@ -49,27 +51,27 @@ public:
     ControlArray<CheckBox> chkVal{
         *this,
         "chkVal",
-        {"USEMAP=\"", "NAME=\"", "TARGET=\"", "BACKGROUND=\"", "VALUE=\"", "ACTION=\"", "HREF=\"", "SRC=\""}};
+        {"USEMAP=\"", "NAME=\"", "TARGET=\"", "BACKGROUND=\"", "VALUE=\"", "ACTION=\"", "HREF=\"", "SRC=\""},
+        Handler<>(&CaseChange::checkApplyButton)};
     Frame Frame5{*this, "Frame5", "Case"};
     OptionGroup optCase{*this, "optCase", {"Lowercase", "Uppercase"}};
 
     ReportView ListView1{*this, "ListView1", {"Filename", "Attribute"}};
 
-    Button cmdApply{*this, "cmdApply", "&Apply"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
+    Button cmdApply{*this, "cmdApply", "&Apply", &CaseChange::cmdApply_Click};
+    Button cmdClose{*this, "cmdClose", "&Close", &CaseChange::cmdClose_Click};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &CaseChange::showHelp};
 
 private:
-    void Form_Load();
-    void Form_Activate();
+    void Form_Load() override;
+    void Form_Activate() override;
     void optWhere_Click();
     void lblStartDir_DblClick();
     void cmdRemoveOne_Click();
     void cmdClear_Click();
     void cmdApply_Click();
-    void cmdClose_Click();
-    void Form_QueryUnload(bool& cancel) const;
-    bool isRunning() const;
+    void cmdClose_Click() { run_.closePressed(); }
+    void Form_QueryUnload(bool& cancel) override;
     void objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName, bool& fCancel);
     void browseForFiles();
     void checkApplyButton();
@@ -77,6 +79,7 @@ private:
     std::vector<std::string> getReplaceValues() const;
     void beginRun();
     void endRun();
+    void setTabsEnabled(bool enabled);
     bool fillFileWad();
     void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);
     bool changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode);
@@ -94,11 +97,12 @@ private:
     Form hidden_{"rtbHidden", ""};
     TextBuffer rtbHidden_{hidden_, "rtbHidden"};
     int scope_ = 0;  ///< of the run in progress
-    bool cancelVal_ = false;
+    LongRun run_{{.close = cmdClose,
+                  .controls = {&cmdApply},
+                  .question = "Are you sure that you wish to cancel?",
+                  .title = "Confirm cancel",
+                  .also = [this](bool reachable) { setTabsEnabled(reachable); }}};
 };
-
-/// The one dialog.
-CaseChange& caseChange();
 
 void mnuTools_ChangeLinks_Click();
 

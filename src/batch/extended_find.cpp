@@ -9,16 +9,12 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 #include "support/messages.h"
 #include "text/line_ends.h"
 
 namespace kelvor {
 
 namespace {
-
-const std::string closeCaption = "&Close";
-const std::string cancelCaption = "&Cancel";
 
 /// Pages of SSTab1.
 constexpr int criteriaPage = 0;
@@ -54,62 +50,24 @@ void tellNoFiles(const std::string& searchDir) {
 
 }  // namespace
 
-ExtendedFind& extendedFind() {
-    static FormInstance<ExtendedFind> instance;
-    return instance.get();
-}
-
-ExtendedFind::ExtendedFind() : Form("frmEfind", "Extended Find") {
-    onLoad = [this] { Form_Load(); };
-    unloaded.connect(focusDocument);
-    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
+ExtendedFind::ExtendedFind() : ToolDialog("frmEfind", "Extended Find", AtEnd::focusDocument) {
     objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
         objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
-    lblDirFolder.doubleClicked.connect([this] { lblDirFolder_DblClick(); });
-    rtbFind.changed.connect([this] { checkBegin(); });
-    cmdBegin.clicked.connect([this] { cmdBegin_Click(); });
-    cmdClose.clicked.connect([this] { cmdClose_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    ListView1.doubleClicked.connect([this] { openMulti(); });
-    ListView1.returnPressed.connect([this] { openMulti(); });
-    ListView1.columnClicked.connect([this](int column) { ListView1.sortBy(column, column == 0); });
-    ListView1.mouseDown.connect([this](const MousePress& press) { ListView1_MouseDown(press); });
-    mnuLV1_open.clicked.connect([this] { openMulti(); });
-    mnuLV1_Clear.clicked.connect([this] { ListView1.setSelectedRow(-1); });
     ListView1.setMultiSelect(true);
     ListView1.setRightAligned(countColumn);
     lblDirFolder.setToolTip("Double click to browse...");
     cmdBegin.setEnabled(false);
     ProgressBar1.setVisible(false);
-    setUpMenu();
-}
-
-void ExtendedFind::setUpMenu() {
     mnuLV1.makePopup();
-    mnuLV1_open.setCaption("Open selected files");
-    mnuLV1_line1.setCaption("-");
-    mnuLV1_Clear.setCaption("Clear all Selections");
 }
 
 void ExtendedFind::Form_Load() {
     keys_.setHookedRTB(&rtbFind);
-    cancelVal_ = false;
     ProgressBar1.setValue(0);
     SSTab1.setTabEnabled(resultsPage, false);
     fillFilterCombo();
     rtbFind.SetFocus();
-}
-
-/// Closing the window acts like the Cancel button, which is not there for the user while files are gathered.
-void ExtendedFind::Form_QueryUnload(bool& cancel) {
-    if (!isRunning()) return;
-    cancel = true;
-    if (cmdClose.enabled()) confirmCancel();
-}
-
-bool ExtendedFind::isRunning() const {
-    return cmdClose.caption() == cancelCaption;
 }
 
 void ExtendedFind::fillFilterCombo() {
@@ -128,7 +86,7 @@ void ExtendedFind::lblDirFolder_DblClick() {
 
 void ExtendedFind::cmdBegin_Click() {
     lblStatus.setCaption("Gathering files...");
-    disableControls();
+    const ScopedRun run(run_);
     platform().screen.processEvents();
     foundFiles_.clear();
     SSTab1.setTab(criteriaPage);
@@ -141,7 +99,7 @@ void ExtendedFind::gatherFiles(const std::vector<std::string>& filters, const st
     walkForEach(objDirWalk_, filters, directory, chkSubDir.value());
     if (!isLoaded()) return;
     if (!foundFiles_.empty()) return findMatch();
-    resetControls();
+    run_.end();
     cmdBegin.SetFocus();
     tellNoFiles(directory);
 }
@@ -156,7 +114,7 @@ void ExtendedFind::findMatch() {
     // The end of the program ends the run too.
     const auto goesOn = [this] {
         pumpEvents();
-        return !cancelVal_ && isLoaded();
+        return !run_.isCancelled() && isLoaded();
     };
     FileCount counter(withLineEnd(rtbFind.textView(), "\r\n"), chkCase.value(), goesOn);
     cmdClose.setEnabled(true);
@@ -175,7 +133,7 @@ void ExtendedFind::findMatch() {
 }
 
 void ExtendedFind::buildResultsTable() {
-    resetControls();
+    run_.end();
     ListView1.addRows(std::exchange(results_, {}));
     SSTab1.setTabEnabled(resultsPage, true);
     SSTab1.setTab(resultsPage);
@@ -184,38 +142,18 @@ void ExtendedFind::buildResultsTable() {
     ListView1.SetFocus();
 }
 
+/// While files are gathered there is nothing to cancel.
 void ExtendedFind::disableControls() {
-    setCriteriaEnabled(false);
-    cancelVal_ = false;
-    cmdClose.setCaption(cancelCaption);
     cmdClose.setEnabled(false);
     SSTab1.setTabEnabled(resultsPage, false);
-    platform().screen.setMousePointer(MousePointer::hourglass);
 }
 
 void ExtendedFind::resetControls() {
-    platform().screen.setMousePointer(MousePointer::standard);
-    setCriteriaEnabled(true);
     chkSubDir.setValue(false);
     chkCase.setValue(false);
-    cmdClose.setCaption(closeCaption);
-    cmdClose.setEnabled(true);
     ProgressBar1.setVisible(false);
     ProgressBar1.setValue(0);
     lblStatus.setCaption("Status:");
-}
-
-void ExtendedFind::setCriteriaEnabled(bool enabled) {
-    setAllEnabled({&chkSubDir, &chkCase, &cmdBegin, &lblDirFolder, &cboFilter, &rtbFind}, enabled);
-}
-
-void ExtendedFind::cmdClose_Click() {
-    if (isRunning()) return confirmCancel();
-    unload();
-}
-
-void ExtendedFind::confirmCancel() {
-    cancelVal_ = confirms("Are you sure you want to cancel?", "Confirm Cancel");
 }
 
 void ExtendedFind::ListView1_MouseDown(const MousePress& press) {
@@ -238,7 +176,7 @@ void ExtendedFind::openMulti() {
 }
 
 void mnuEdit_eFind_Click() {
-    openToolForm(extendedFind(), ShowMode::floating);
+    openToolForm(toolForm<ExtendedFind>(), ShowMode::floating);
 }
 
 }  // namespace kelvor

@@ -8,7 +8,6 @@
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/html_help.h"
 #include "support/settings.h"
 #include "text/code_points.h"
 
@@ -27,20 +26,9 @@ std::vector<Setting> storedHistory() {
 
 }  // namespace
 
-Find& findForm() {
-    static FormInstance<Find> instance;
-    return instance.get();
-}
-
-Find::Find() : Form("find", "Find") {
-    onLoad = [this] { Form_Load(); };
-    unloaded.connect(focusDocument);
+Find::Find() : ToolDialog("find", "Find", AtEnd::focusDocument) {
     documentClosed_ = CDocument::closed().connectScoped([this] { docCaption_.clear(); });
-    cboFindText.changed.connect([this] { cboFindText_Change(); });
-    cboFindText.gotFocus.connect([this] { selectAllOf(cboFindText); });
-    cmdFind.clicked.connect([this] { cmdFind_Click(); });
-    cmdClose.clicked.connect([this] { unload(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+    selectThemselves(cboFindText);
 }
 
 void Find::Form_Load() {
@@ -125,7 +113,7 @@ bool refuseEmptyFindText(const std::string& text) {
 }
 
 void mnuEdit_Find_Click() {
-    openToolForm(findForm(), ShowMode::floating);
+    openToolForm(toolForm<Find>(), ShowMode::floating);
 }
 
 }  // namespace kelvor

@@ -2,30 +2,29 @@
 
 #include <string>
 
-#include "controls/button.h"
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
 #include "controls/edit_control.h"
-#include "controls/form.h"
 #include "controls/label.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// Searches the active document for a text, from match to match; stays open beside the document.
-class Find : public Form {
+class Find : public ToolDialog {
 public:
     Find();
 
     Label lblFindText{*this, "lblFindText", "Enter the text you wish to find:"};
-    ComboBox cboFindText{*this, "cboFindText", ComboBox::Style::editable};
+    ComboBox cboFindText{*this, "cboFindText", ComboBox::Style::editable, {.changed = &Find::cboFindText_Change}};
     CheckBox chkCase{*this, "chkCase", "&Match Case"};
     CheckBox chkWord{*this, "chkWord", "&Whole Word"};
-    Button cmdFind{*this, "cmdFind", "&Find"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
+    Button cmdFind{*this, "cmdFind", "&Find", &Find::cmdFind_Click};
+    Button cmdClose{*this, "cmdClose", "&Close", &Find::unload};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &Find::showHelp};
 
 private:
-    void Form_Load();
+    void Form_Load() override;
     void cboFindText_Change();
     void cmdFind_Click();
     void fillFindHist();
@@ -43,9 +42,6 @@ private:
     int searchEnd_ = 0;
     int foundAt_ = 0;
 };
-
-/// The one dialog.
-Find& findForm();
 
 /// Writes a searched text into the history: at its end while there are fewer than five, then on top, and the
 /// last one goes.

@@ -6,15 +6,11 @@
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/html_help.h"
 #include "text/line_ends.h"
 
 namespace kelvor {
 
 namespace {
-
-const std::string closeCaption = "&Close";
-const std::string cancelCaption = "&Cancel";
 
 int sizeOf(const std::string& text) {
     return static_cast<int>(text.size());
@@ -29,22 +25,8 @@ Answer askToReplace() {
 
 }  // namespace
 
-FindReplace& findReplace() {
-    static FormInstance<FindReplace> instance;
-    return instance.get();
-}
-
-FindReplace::FindReplace() : Form("findReplace", "Find and Replace") {
-    onLoad = [this] { Form_Load(); };
-    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect(focusDocument);
-    for (EditControl* box : {&txtFindText, &txtReplace}) box->gotFocus.connect([box] { selectAllOf(*box); });
-    txtFindText.changed.connect([this] { txtFindText_Change(); });
-    chkWithin.clicked.connect([this] { chkWithin_Click(); });
-    cmdReplaceOne.clicked.connect([this] { cmdReplaceOne_Click(); });
-    cmdReplaceAll.clicked.connect([this] { cmdReplaceAll_Click(); });
-    cmdClose.clicked.connect([this] { cmdClose_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+FindReplace::FindReplace() : ToolDialog("findReplace", "Find and Replace", AtEnd::focusDocument) {
+    selectThemselves(txtFindText, txtReplace);
 }
 
 void FindReplace::Form_Load() {
@@ -55,8 +37,8 @@ void FindReplace::Form_Load() {
 }
 
 void FindReplace::Form_QueryUnload(bool& cancel) {
-    if (!isRunningAllAtOnce()) return;
-    cancelRequested_ = true;
+    if (!run_.isGoingOn()) return;
+    run_.cancel();
     cancel = true;
 }
 
@@ -81,22 +63,15 @@ void FindReplace::cmdReplaceAll_Click() {
     replace();
 }
 
-bool FindReplace::isRunningAllAtOnce() const {
-    return cmdClose.caption() == cancelCaption;
-}
-
 void FindReplace::cmdClose_Click() {
-    if (isRunningAllAtOnce()) {
-        cancelRequested_ = true;
-    } else {
-        unload();
-    }
+    if (run_.isGoingOn()) return run_.cancel();
+    unload();
 }
 
-/// An error on the way leaves the controls as disableC has made them.
+/// An error on the way leaves the controls as the run has made them.
 void FindReplace::replace() {
     if (refuseEmptyFindText(txtFindText.text())) return txtFindText.SetFocus();
-    disableC();
+    run_.begin(replaceOneMode_ ? LongRun::Cancel::never : LongRun::Cancel::offered);
     Run run = beginRun();
     if (replaceOneMode_) {
         replaceAsking(run);
@@ -114,7 +89,6 @@ FindReplace::Run FindReplace::beginRun() {
     searchStart_ = within ? edit.selStart() : 0;
     const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();
     edit.setSelLength(0);
-    platform().screen.setMousePointer(MousePointer::hourglass);
     return {edit, txtFindText.text(), withLineEnd(txtReplace.textView(), edit.lineEnd()), options, searchEnd};
 }
 
@@ -124,7 +98,7 @@ void FindReplace::endRun(Run& run) {
                                 .title = "Find and Replace",
                                 .icon = MessageIcon::information});
     run.edit.setSelLength(0);
-    enableC();
+    run_.end();
 }
 
 /// The form can be closed between two questions; that ends the run.
@@ -146,8 +120,8 @@ void FindReplace::replaceAsking(Run& run) {
 void FindReplace::replaceAllAtOnce(Run& run) {
     const EditControl::Batch batch(run.edit);
     while (findMatch(run)) {
-        if (cancelRequested_) askToCancel();
-        if (cancelRequested_) return;
+        if (run_.isCancelled()) run_.askToCancel();
+        if (run_.isCancelled()) return;
         replaceMatch(run);
         pumpEvents();
     }
@@ -168,36 +142,14 @@ void FindReplace::replaceMatch(Run& run) {
     ++run.count;
 }
 
-void FindReplace::askToCancel() {
-    cancelRequested_ = confirms("Cancel find and replace?", "Confirm cancel");
-}
-
-void FindReplace::disableC() {
-    cancelRequested_ = false;
-    setControlsEnabled(false);
-    if (replaceOneMode_) {
-        cmdClose.setEnabled(false);
-    } else {
-        cmdClose.setCaption(cancelCaption);
-    }
-}
-
-void FindReplace::enableC() {
-    setControlsEnabled(true);
-    if (!replaceOneMode_) cmdClose.setCaption(closeCaption);
-    cmdClose.setEnabled(true);
-}
-
-/// What no run leaves to the user: these controls, the frame, and all that could reach the document from elsewhere.
-void FindReplace::setControlsEnabled(bool enabled) {
-    setAllEnabled({&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne, &cmdReplaceAll, &cmdHelp},
-                  enabled);
+/// No other window must reach the document meanwhile.
+void FindReplace::setOthersEnabled(bool enabled) const {
     for (Form* other : loadedForms())
         if (other != this && other->kind() != Form::Kind::child) other->setEnabled(enabled);
 }
 
 void mnuEdit_FindReplace_Click() {
-    openToolForm(findReplace(), ShowMode::floating);
+    openToolForm(toolForm<FindReplace>(), ShowMode::floating);
 }
 
 }  // namespace kelvor

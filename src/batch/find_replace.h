@@ -2,31 +2,31 @@
 
 #include <string>
 
-#include "controls/button.h"
 #include "controls/check_box.h"
 #include "controls/edit_control.h"
-#include "controls/form.h"
 #include "controls/label.h"
 #include "editing/htmlkeys.h"
+#include "frame/long_run.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// Replaces a text in the active document or in its selection, with a question at each match or all at once.
-class FindReplace : public Form {
+class FindReplace : public ToolDialog {
 public:
     FindReplace();
 
     Label lblFindText{*this, "lblFindText", "Enter the text you wish to find:"};
-    EditControl& txtFindText{addEditControl("txtFindText")};
+    EditControl& txtFindText{addEditControl("txtFindText", &FindReplace::txtFindText_Change)};
     Label lblReplace{*this, "lblReplace", "Enter the replacement text."};
     EditControl& txtReplace{addEditControl("txtReplace")};
-    CheckBox chkWithin{*this, "chkWithin", "Replace within &selected range."};
+    CheckBox chkWithin{*this, "chkWithin", "Replace within &selected range.", &FindReplace::chkWithin_Click};
     CheckBox chkWord{*this, "chkWord", "&Whole Word"};
     CheckBox chkCase{*this, "chkCase", "&Match Case"};
-    Button cmdReplaceOne{*this, "cmdReplaceOne", "Replace &One"};
-    Button cmdReplaceAll{*this, "cmdReplaceAll", "Replace &All"};
-    Button cmdClose{*this, "cmdClose", "&Close"};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
+    Button cmdReplaceOne{*this, "cmdReplaceOne", "Replace &One", &FindReplace::cmdReplaceOne_Click};
+    Button cmdReplaceAll{*this, "cmdReplaceAll", "Replace &All", &FindReplace::cmdReplaceAll_Click};
+    Button cmdClose{*this, "cmdClose", "&Close", &FindReplace::cmdClose_Click};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &FindReplace::showHelp};
 
 private:
     /// What one run works on.
@@ -39,14 +39,13 @@ private:
         int count = 0;
     };
 
-    void Form_Load();
-    void Form_QueryUnload(bool& cancel);
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel) override;
     void chkWithin_Click();
     void txtFindText_Change();
     void cmdReplaceOne_Click();
     void cmdReplaceAll_Click();
     void cmdClose_Click();
-    bool isRunningAllAtOnce() const;
     void replace();
     Run beginRun();
     void endRun(Run& run);
@@ -54,21 +53,20 @@ private:
     void replaceAllAtOnce(Run& run);
     bool findMatch(Run& run);
     void replaceMatch(Run& run);
-    void askToCancel();
-    void disableC();
-    void enableC();
-    void setControlsEnabled(bool enabled);
+    void setOthersEnabled(bool enabled) const;
 
     htmlkeys findKeys_;
     htmlkeys replaceKeys_;
     bool replaceOneMode_ = false;
-    bool cancelRequested_ = false;
     int searchStart_ = 0;
     int foundAt_ = 0;
+    LongRun run_{{.close = cmdClose,
+                  .controls = {&txtFindText, &txtReplace, &chkWord, &chkCase, &chkWithin, &cmdReplaceOne,
+                               &cmdReplaceAll, &cmdHelp},
+                  .question = "Cancel find and replace?",
+                  .title = "Confirm cancel",
+                  .also = [this](bool reachable) { setOthersEnabled(reachable); }}};
 };
-
-/// The one dialog.
-FindReplace& findReplace();
 
 void mnuEdit_FindReplace_Click();
 

@@ -9,7 +9,6 @@
 #include "html/special_chars.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/html_help.h"
 #include "support/report_error.h"
 
 namespace kelvor {
@@ -26,9 +25,6 @@ constexpr int columnWidths[] = {2408, 2407};
 
 constexpr const char* temporaryName = "temp.$$$";
 constexpr const char* messageTitle = "Multifile Find and Replace";
-
-const std::string idleCaption = "&Close";
-const std::string runningCaption = "&Cancel";
 
 constexpr const char* caseExplanation =
     "Allows for case matching in the target files.  Once enabled, this option applies to all the items on the "
@@ -80,59 +76,13 @@ void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const st
 
 }  // namespace
 
-Multi& multi() {
-    static FormInstance<Multi> instance;
-    return instance.get();
-}
-
-/// The form while files are rewritten.
-class Multi::Running {
-public:
-    explicit Running(Multi& form) : form_(form) { form_.disableControls(); }
-    ~Running() { form_.enableControls(); }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-private:
-    Multi& form_;
-};
-
-Multi::Multi() : Form("multi", "Mutlifile find and replace"), Label5(*this, "Label5", caseExplanation) {
-    connectSummary();
-    connectTargets();
-    onLoad = [this] { txtFind.SetFocus(); };
-    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect(focusDocument);
-    cmdStart.clicked.connect([this] { cmdStart_Click(); });
-    cmdClose.clicked.connect([this] { cmdClose_Click(); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
+Multi::Multi()
+    : ToolDialog("multi", "Mutlifile find and replace", AtEnd::focusDocument),
+      Label5(*this, "Label5", caseExplanation) {
+    selectThemselves(txtFind, txtReplace);
     setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart}, false);
     Option1.select(toEntityOption);
     Command1_Click();
-}
-
-void Multi::connectSummary() {
-    mfrTab.clicked.connect([this](int) { mfrTab_Click(); });
-    txtFind.gotFocus.connect([this] { selectAllOf(txtFind); });
-    txtReplace.gotFocus.connect([this] { selectAllOf(txtReplace); });
-    cmdAdd.clicked.connect([this] { cmdAdd_Click(); });
-    cmdClear.clicked.connect([this] { cmdClear_Click(); });
-    cmdRemoveItem.clicked.connect([this] { cmdRemoveItem_Click(); });
-    cmdRemoveSummary.clicked.connect([this] { cmdRemoveSummary_Click(); });
-    Command1.clicked.connect([this] { Command1_Click(); });
-    cmdAddSC.clicked.connect([this] { cmdAddSC_Click(); });
-}
-
-void Multi::connectTargets() {
-    cmdBrowse.clicked.connect([this] { cmdBrowse_Click(); });
-    cmdRemove.clicked.connect([this] { cmdRemove_Click(); });
-    cmdClearFiles.clicked.connect([this] { cmdClearFiles_Click(); });
-}
-
-void Multi::Form_QueryUnload(bool& cancel) {
-    if (!isRunning()) return;
-    cancel = true;
-    cmdClose_Click();
 }
 
 void Multi::mfrTab_Click() {
@@ -239,16 +189,12 @@ void Multi::checkTargets() {
 }
 
 void Multi::checkStartButton() {
-    cmdStart.setEnabled(!isRunning() && lstSummary.count() > 0 && lbxTargetFiles.count() > 0);
-}
-
-bool Multi::isRunning() const {
-    return cmdClose.caption() == runningCaption;
+    cmdStart.setEnabled(!run_.isGoingOn() && lstSummary.count() > 0 && lbxTargetFiles.count() > 0);
 }
 
 void Multi::cmdStart_Click() {
     mfrTab.setTab(summaryTab);
-    const Running running(*this);
+    const ScopedRun run(run_);
     fillFindAndReplaceCollections();
     initGauges();
     pumpEvents();
@@ -274,7 +220,7 @@ void Multi::findReplaceMulti() {
     int number = 0;
     for (const std::string& target : targets) {
         pumpEvents();
-        if (cancelVal_) break;
+        if (run_.isCancelled()) break;
         const std::string temporary = getTempDir() + temporaryName;
         clearTemporary(temporary);
         rewriteOrTell(target, rewrite, temporary);
@@ -283,36 +229,17 @@ void Multi::findReplaceMulti() {
     }
 }
 
-void Multi::setSummaryEnabled(bool enabled) {
-    setAllEnabled({&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart}, enabled);
-}
-
 void Multi::disableControls() {
-    platform().screen.setMousePointer(MousePointer::hourglass);
-    cancelVal_ = false;
-    setSummaryEnabled(false);
     cmdClose.setDefault(true);
-    cmdClose.setCaption(runningCaption);
 }
 
 void Multi::enableControls() {
-    platform().screen.setMousePointer(MousePointer::standard);
-    setSummaryEnabled(true);
     ProgressBar1.setValue(0);
     cmdClose.setDefault(false);
-    cmdClose.setCaption(idleCaption);
     chkCase.setEnabled(true);
     chkCase.setValue(false);
     cmdAddSC.setEnabled(true);
     cmdStart.SetFocus();
-}
-
-void Multi::cmdClose_Click() {
-    if (!isRunning()) {
-        unload();
-        return;
-    }
-    cancelVal_ = confirms("Are you sure that you want to cancel?", "Cancel multifile find and replace");
 }
 
 std::vector<FindItem> specialCharItems(bool toEntity) {
@@ -328,7 +255,7 @@ std::vector<FindItem> specialCharItems(bool toEntity) {
 
 void mnuTools_multi_Click() {
     guarded(offerToDeleteAbandoned);
-    openToolForm(multi(), ShowMode::modal);
+    openToolForm(toolForm<Multi>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

@@ -3,14 +3,17 @@
 #include <string>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
 /// A push button; its caption holds "&" before the access key.
 class Button : public Control {
 public:
-    Button(Form& form, std::string name, std::string caption)
-        : Control(form, std::move(name)), caption_(std::move(caption)) {}
+    Button(Form& form, std::string name, std::string caption, const Handler<>& click = {})
+        : Control(form, std::move(name)), caption_(std::move(caption)) {
+        click.connectTo(clicked, form);
+    }
 
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }

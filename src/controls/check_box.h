@@ -3,14 +3,17 @@
 #include <string>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
 /// A box to tick; its caption holds "&" before the access key.
 class CheckBox : public Control {
 public:
-    CheckBox(Form& form, std::string name, std::string caption)
-        : Control(form, std::move(name)), caption_(std::move(caption)) {}
+    CheckBox(Form& form, std::string name, std::string caption, const Handler<>& click = {})
+        : Control(form, std::move(name)), caption_(std::move(caption)) {
+        click.connectTo(clicked, form);
+    }
 
     const std::string& caption() const { return caption_; }
 

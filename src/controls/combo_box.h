@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/handler.h"
 #include "controls/text_field.h"
 
 namespace kelvor {
@@ -12,8 +13,18 @@ class ComboBox : public TextField {
 public:
     enum class Style { editable, dropDownList };
 
+    struct Handlers {
+        Handler<> clicked;
+        Handler<> changed;
+    };
+
     explicit ComboBox(Form& form, std::string name, Style style = Style::dropDownList)
         : TextField(form, std::move(name)), style_(style) {}
+    ComboBox(Form& form, std::string name, Style style, const Handlers& handlers)
+        : ComboBox(form, std::move(name), style) {
+        handlers.clicked.connectTo(clicked, form);
+        handlers.changed.connectTo(changed, form);
+    }
 
     Style style() const { return style_; }
 

@@ -14,9 +14,12 @@ template <typename T>
 class ControlArray {
 public:
     /// @param captions  one control for each
-    ControlArray(Form& form, const std::string& name, const std::vector<std::string>& captions) {
+    /// @param more      what each of them is given behind its caption
+    template <typename... More>
+    ControlArray(Form& form, const std::string& name, const std::vector<std::string>& captions, const More&... more) {
         for (const std::string& caption : captions)
-            controls_.push_back(std::make_unique<T>(form, name + "_" + std::to_string(controls_.size()), caption));
+            controls_.push_back(
+                std::make_unique<T>(form, name + "_" + std::to_string(controls_.size()), caption, more...));
     }
 
     std::size_t size() const { return controls_.size(); }

@@ -97,8 +97,9 @@ bool Form::unload() {
     return true;
 }
 
-EditControl& Form::addEditControl(const std::string& name) {
+EditControl& Form::addEditControl(const std::string& name, const Handler<>& changed) {
     editControls_.push_back(platform().windows.createEditControl(*this, name));
+    changed.connectTo(editControls_.back()->changed, *this);
     return *editControls_.back();
 }
 

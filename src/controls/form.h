@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 #include "controls/mouse_press.h"
 
 namespace kelvor {
@@ -67,7 +68,7 @@ public:
 
 protected:
     /// Makes an edit control of the platform's kind and owns it; for member initialisers.
-    EditControl& addEditControl(const std::string& name);
+    EditControl& addEditControl(const std::string& name, const Handler<>& changed = {});
 
 private:
     friend class Control;
@@ -86,6 +87,19 @@ private:
     std::vector<Control*> controls_;
     std::vector<std::unique_ptr<EditControl>> editControls_;
     Control::Follower follower_;
+};
+
+/// Keeps the user from a form while it lives; afterwards the form is as it was.
+class DisabledForm {
+public:
+    explicit DisabledForm(Form& form) : form_(form), wasEnabled_(form.enabled()) { form_.setEnabled(false); }
+    ~DisabledForm() { form_.setEnabled(wasEnabled_); }
+    DisabledForm(const DisabledForm&) = delete;
+    DisabledForm& operator=(const DisabledForm&) = delete;
+
+private:
+    Form& form_;
+    bool wasEnabled_;
 };
 
 /// The loaded forms in the order of loading; the frame is the first.

@@ -3,14 +3,21 @@
 #include <string>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
 /// A text beside the fields.
 class Label : public Control {
 public:
-    explicit Label(Form& form, std::string name, std::string caption = {})
-        : Control(form, std::move(name)), caption_(std::move(caption)) {}
+    struct Handlers {
+        Handler<> doubleClicked;
+    };
+
+    explicit Label(Form& form, std::string name, std::string caption = {}, const Handlers& handlers = {})
+        : Control(form, std::move(name)), caption_(std::move(caption)) {
+        handlers.doubleClicked.connectTo(doubleClicked, form);
+    }
 
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 #include "controls/list_rows.h"
 
 namespace kelvor {
@@ -12,7 +13,13 @@ namespace kelvor {
 /// Rows of texts, of which one can be selected.
 class ListBox : public Control {
 public:
-    using Control::Control;
+    struct Handlers {
+        Handler<> doubleClicked;
+    };
+
+    explicit ListBox(Form& form, std::string name, const Handlers& handlers = {}) : Control(form, std::move(name)) {
+        handlers.doubleClicked.connectTo(doubleClicked, form);
+    }
 
     const std::vector<std::string>& rows() const { return rows_; }
     std::size_t count() const { return rows_.size(); }

@@ -7,7 +7,17 @@ namespace kelvor {
 /// A list whose texts the user can edit in place.
 class ListView : public ListBox {
 public:
-    using ListBox::ListBox;
+    struct Handlers {
+        Handler<> doubleClicked;
+        Handler<> beforeLabelEdit;
+        Handler<const std::string&, bool&> afterLabelEdit;
+    };
+
+    explicit ListView(Form& form, std::string name, const Handlers& handlers = {})
+        : ListBox(form, std::move(name), {.doubleClicked = handlers.doubleClicked}) {
+        handlers.beforeLabelEdit.connectTo(beforeLabelEdit, form);
+        handlers.afterLabelEdit.connectTo(afterLabelEdit, form);
+    }
 
     /// The user's edit of a row's text in place, from its begin to its end.
     /// @return whether the new text was taken

@@ -2,7 +2,9 @@
 
 namespace kelvor {
 
-MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent) : Control(form, std::move(name)), parent_(parent) {
+MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent, std::string caption, const Handler<>& click)
+    : Control(form, std::move(name)), parent_(parent), caption_(std::move(caption)) {
+    click.connectTo(clicked, form);
 }
 
 bool MenuItem::reachable() const {

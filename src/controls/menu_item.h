@@ -3,6 +3,7 @@
 #include <string>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
@@ -10,7 +11,7 @@ namespace kelvor {
 class MenuItem : public Control {
 public:
     /// @param parent  the menu it stands in; nullptr for one of the bar or a popup
-    MenuItem(Form& form, std::string name, MenuItem* parent);
+    MenuItem(Form& form, std::string name, MenuItem* parent, std::string caption = {}, const Handler<>& click = {});
 
     MenuItem* parent() const { return parent_; }
 

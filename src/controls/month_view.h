@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/handler.h"
 #include "platform/dates.h"
 
 namespace kelvor {
@@ -8,7 +9,9 @@ namespace kelvor {
 /// A calendar of one month in which a day is chosen.
 class MonthView : public Control {
 public:
-    using Control::Control;
+    MonthView(Form& form, std::string name, const Handler<>& choice = {}) : Control(form, std::move(name)) {
+        choice.connectTo(changed, form);
+    }
 
     const Date& value() const { return value_; }
     /// Raises `changed` when the day differs; also the user's act.

@@ -2,8 +2,10 @@
 
 namespace kelvor {
 
-OptionGroup::OptionGroup(Form& form, const std::string& name, const std::vector<std::string>& captions)
+OptionGroup::OptionGroup(Form& form, const std::string& name, const std::vector<std::string>& captions,
+                         const Handler<int>& click)
     : buttons_(form, name, captions) {
+    click.connectTo(clicked, form);
     for (std::size_t index = 0; index < buttons_.size(); ++index)
         buttons_[index].pressed.connect([this, index] { select(static_cast<int>(index)); });
 }

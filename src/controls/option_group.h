@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/control_array.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
@@ -34,7 +35,8 @@ private:
 /// Choices of which one at most is selected: the buttons "name_0", "name_1" and so on.
 class OptionGroup {
 public:
-    OptionGroup(Form& form, const std::string& name, const std::vector<std::string>& captions);
+    OptionGroup(Form& form, const std::string& name, const std::vector<std::string>& captions,
+                const Handler<int>& click = {});
 
     std::size_t size() const { return buttons_.size(); }
     OptionButton& operator[](std::size_t index) const { return buttons_[index]; }

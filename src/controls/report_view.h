@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 #include "controls/list_rows.h"
 #include "controls/mouse_press.h"
 
@@ -18,9 +19,21 @@ public:
         bool selected = false;
     };
 
+    struct Handlers {
+        Handler<> doubleClicked;
+        Handler<> returnPressed;
+        Handler<int> columnClicked;
+        Handler<MousePress> mouseDown;
+    };
+
     /// @param columns  the headers' captions
-    ReportView(Form& form, std::string name, std::vector<std::string> columns)
-        : Control(form, std::move(name)), columns_(std::move(columns)) {}
+    ReportView(Form& form, std::string name, std::vector<std::string> columns, const Handlers& handlers = {})
+        : Control(form, std::move(name)), columns_(std::move(columns)) {
+        handlers.doubleClicked.connectTo(doubleClicked, form);
+        handlers.returnPressed.connectTo(returnPressed, form);
+        handlers.columnClicked.connectTo(columnClicked, form);
+        handlers.mouseDown.connectTo(mouseDown, form);
+    }
 
     const std::vector<std::string>& columns() const { return columns_; }
 

@@ -2,8 +2,10 @@
 
 namespace kelvor {
 
-TabControl::TabControl(Form& form, std::string name, const std::vector<std::string>& captions)
+TabControl::TabControl(Form& form, std::string name, const std::vector<std::string>& captions,
+                       const Handler<int>& click)
     : Control(form, std::move(name)) {
+    click.connectTo(clicked, form);
     for (const std::string& caption : captions) pages_.push_back({caption});
 }
 

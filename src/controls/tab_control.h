@@ -4,13 +4,14 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/handler.h"
 
 namespace kelvor {
 
 /// Pages of controls behind tabs, of which one is shown. Pages are numbered from 0.
 class TabControl : public Control {
 public:
-    TabControl(Form& form, std::string name, const std::vector<std::string>& captions);
+    TabControl(Form& form, std::string name, const std::vector<std::string>& captions, const Handler<int>& click = {});
 
     std::size_t count() const { return pages_.size(); }
     const std::string& caption(int page) const { return at(page).caption; }

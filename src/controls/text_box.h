@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "controls/handler.h"
 #include "controls/text_field.h"
 
 namespace kelvor {

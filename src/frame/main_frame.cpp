@@ -52,14 +52,6 @@ EditWindow& MDIForm1::activeForm() const {
     return *window;
 }
 
-DisabledFrame::DisabledFrame() : wasEnabled_(mainForm().enabled()) {
-    mainForm().setEnabled(false);
-}
-
-DisabledFrame::~DisabledFrame() {
-    mainForm().setEnabled(wasEnabled_);
-}
-
 MDIForm1& mainForm() {
     if (!instance()) instance() = std::make_unique<MDIForm1>();
     return *instance();

@@ -78,21 +78,15 @@ private:
     std::unordered_map<std::string, MenuItem*> menusByName_;
 };
 
-/// Keeps the frame from taking commands while it lives; afterwards the frame is as it was.
-class DisabledFrame {
-public:
-    DisabledFrame();
-    ~DisabledFrame();
-    DisabledFrame(const DisabledFrame&) = delete;
-    DisabledFrame& operator=(const DisabledFrame&) = delete;
-
-private:
-    bool wasEnabled_;
-};
-
 /// The one frame, made on first use.
 MDIForm1& mainForm();
 /// Ends the frame; the next use makes a new one.
 void releaseMainForm();
+
+/// Keeps the frame from taking commands while it lives.
+class DisabledFrame : DisabledForm {
+public:
+    DisabledFrame() : DisabledForm(mainForm()) {}
+};
 
 }  // namespace kelvor

@@ -6,16 +6,20 @@
 
 namespace kelvor {
 
-About::About() : Form("frmAbout", "About Kelvor") {
-    lblVersion.setCaption("Version " KELVOR_VERSION);
-    cmdSysInfo.clicked.connect([] { runProgram(programFor(DesktopTool::systemInformation)); });
-    cmdHelp.clicked.connect(showHelpHome);
-    cmdOK.clicked.connect([this] { unload(); });
+std::string programVersion() {
+    return KELVOR_VERSION;
+}
+
+void About::cmdSysInfo_Click() {
+    runProgram(programFor(DesktopTool::systemInformation));
+}
+
+void About::cmdHelp_Click() {
+    showHelpHome();
 }
 
 void mnuHelp_About_Click() {
-    static FormInstance<About> about;
-    openToolForm(about.get(), ShowMode::modal);
+    openToolForm(toolForm<About>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

@@ -1,23 +1,31 @@
 #pragma once
 
-#include "controls/button.h"
-#include "controls/form.h"
+#include <string>
+
 #include "controls/label.h"
+#include "frame/tool_dialog.h"
 
 namespace kelvor {
 
+/// "major.minor.patch".
+std::string programVersion();
+
 /// The program's name and version.
-class About : public Form {
+class About : public ToolDialog {
 public:
-    About();
+    About() : ToolDialog("frmAbout", "About Kelvor") {}
 
     Label lblTitle{*this, "lblTitle", "Kelvor"};
-    Label lblVersion{*this, "lblVersion"};
+    Label lblVersion{*this, "lblVersion", "Version " + programVersion()};
     Label lblDescription{*this, "lblDescription", "An editor for people who write web pages by hand."};
     Label lblLicence{*this, "lblLicence", "Free software under the GNU General Public License, version 3 or later."};
-    Button cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
-    Button cmdHelp{*this, "cmdHelp", "&Help"};
-    Button cmdOK{*this, "cmdOK", "OK"};
+    Button cmdSysInfo{*this, "cmdSysInfo", "&System Info...", &About::cmdSysInfo_Click};
+    Button cmdHelp{*this, "cmdHelp", "&Help", &About::cmdHelp_Click};
+    Button cmdOK{*this, "cmdOK", "OK", &About::unload};
+
+private:
+    void cmdSysInfo_Click();
+    void cmdHelp_Click();
 };
 
 /// Shows the About box.

@@ -8,7 +8,6 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
-#include "support/html_help.h"
 
 namespace kelvor {
 
@@ -34,40 +33,11 @@ std::string askForFile() {
 
 }  // namespace
 
-ScratchPad& scratchPad() {
-    static FormInstance<ScratchPad> instance;
-    return instance.get();
-}
-
-ScratchPad::ScratchPad() : Form("frmScratchPad", "Scratch Pad") {
-    onLoad = [this] { Form_Load(); };
-    queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
-    unloaded.connect([this] { Form_Unload(); });
-    spRTF1.changed.connect([this] { textChanged_ = true; });
+ScratchPad::ScratchPad() : ToolDialog("frmScratchPad", "Scratch Pad") {
     spRTF1.mouseDown.connect([this](const MousePress& press) {
         if (press.button == MousePress::right) showMenu(nullptr);
     });
-    cmdEdit.clicked.connect([this] { showMenu(&cmdEdit); });
-    cmdHelp.clicked.connect([this] { showHelpPage(name()); });
-    setUpMenu();
-}
-
-void ScratchPad::setUpMenu() {
-    mnusp.setCaption("spMenu");
     mnusp.makePopup();
-    mnusp_cut.setCaption("Cut");
-    mnusp_copy.setCaption("Copy");
-    mnusp_paste.setCaption("Paste");
-    mnusp_selAll.setCaption("Select all");
-    mnusp_clear.setCaption("Clear contents");
-    mnusp_save.setCaption("Save contents");
-    for (MenuItem* line : {&mnusp_line1, &mnusp_line2, &mnusp_line3}) line->setCaption("-");
-    mnusp_cut.clicked.connect([this] { spRTF1.cut(); });
-    mnusp_copy.clicked.connect([this] { spRTF1.copy(); });
-    mnusp_paste.clicked.connect([this] { spRTF1.paste(); });
-    mnusp_selAll.clicked.connect([this] { mnusp_selAll_Click(); });
-    mnusp_clear.clicked.connect([this] { spRTF1.setText(""); });
-    mnusp_save.clicked.connect([this] { mnusp_save_Click(); });
 }
 
 void ScratchPad::Form_Load() {
@@ -120,13 +90,13 @@ void ScratchPad::append(std::string_view text) {
 }
 
 void showScratchPad() {
-    openToolForm(scratchPad(), ShowMode::floating);
+    openToolForm(toolForm<ScratchPad>(), ShowMode::floating);
 }
 
 void mnuRClick_SendSP_Click() {
     // A pad whose load failed is gone again, and ends with this scope.
     const EventScope scope;
-    ScratchPad& pad = scratchPad();
+    ScratchPad& pad = toolForm<ScratchPad>();
     showScratchPad();
     if (pad.isLoaded()) pad.append(activeText().selText());
 }

@@ -112,7 +112,7 @@ TEST_F(Templates, TheActiveTextBecomesATemplateUnderAFreeName) {
     mnuTools_CreateTemplate_Click();
     EXPECT_EQ(files.read("program/Templates/a.b.tpl"), "<HTML>\r\n");
     EXPECT_EQ(files.read("program/Templates/Page.tpl"), "<P>");
-    templateHolder().unload();
+    toolForm<TemplateHolder>().unload();
 }
 
 }  // namespace

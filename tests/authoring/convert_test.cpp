@@ -55,11 +55,11 @@ TEST_F(ConvertDialog, RewritesTheConvertibleRowsOnly) {
 TEST_F(ConvertDialog, WithoutADocumentTheErrorLeavesItUsable) {
     int told = 0;
     setErrorSink([&](const Error& error) { told = error.number(); });
-    convert().load();
-    convert().cmdConvert.click();
+    toolForm<Convert>().load();
+    toolForm<Convert>().cmdConvert.click();
     EXPECT_EQ(told, error_number::objectNotSet);
-    EXPECT_TRUE(convert().enabled() && convert().cmdConvert.enabled() && mainForm().enabled());
-    convert().cmdClose.click();
+    EXPECT_TRUE(toolForm<Convert>().enabled() && toolForm<Convert>().cmdConvert.enabled() && mainForm().enabled());
+    toolForm<Convert>().cmdClose.click();
 }
 
 using StripTags = KelvorTest;

@@ -21,7 +21,7 @@ protected:
         std::filesystem::create_directories(files.path("site/sub"));
         mnuEdit_eFind_Click();
     }
-    ~ExtendedFindForm() override { extendedFind().unload(); }
+    ~ExtendedFindForm() override { toolForm<ExtendedFind>().unload(); }
 
     /// Picks the folder "site" and enters the text.
     void enter(const std::string& text) {
@@ -49,7 +49,7 @@ protected:
                                answer);
     }
 
-    ExtendedFind& form = extendedFind();
+    ExtendedFind& form = toolForm<ExtendedFind>();
 };
 
 TEST_F(ExtendedFindForm, BeginsWithAFolderAndATextOnly) {

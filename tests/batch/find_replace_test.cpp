@@ -16,7 +16,7 @@ protected:
         form().unload();
     }
 
-    FindReplace& form() { return findReplace(); }
+    FindReplace& form() { return toolForm<FindReplace>(); }
     /// Shows the form over a text, with its selection in brackets, which is the range.
     void show(std::string text, const std::string& sought, const std::string& replacement) {
         const auto start = text.find('[');

@@ -13,7 +13,7 @@ class FindForm : public FrameFixture {
 protected:
     ~FindForm() override { find().unload(); }
 
-    Find& find() { return findForm(); }
+    Find& find() { return toolForm<Find>(); }
     void press(const std::string& text) {
         find().cboFindText.type(text);
         find().cmdFind.click();

@@ -46,7 +46,7 @@ protected:
         start();
         form.load();
     }
-    ~MultiForm() override { multi().unload(); }
+    ~MultiForm() override { toolForm<Multi>().unload(); }
 
     void add(const std::string& find, const std::string& replacement) {
         form.txtFind.type(find);
@@ -65,7 +65,7 @@ protected:
     }
     std::string summary(int row) { return form.lstSummary.cell(row, 0) + "|" + form.lstSummary.cell(row, 1); }
 
-    Multi& form = multi();
+    Multi& form = toolForm<Multi>();
 };
 
 TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {

@@ -151,8 +151,8 @@ TEST_F(Document, ASearchDoesNotGoOnInADocumentThatIsOpenedAgain) {
     for (int time = 0; time < 2; ++time) {
         const EditControl& text = open("a.htm", "cat cat").SourceRTB();
         if (time == 0) mnuEdit_Find_Click();
-        if (time == 0) findForm().cboFindText.type("cat");
-        findForm().cmdFind.click();
+        if (time == 0) toolForm<Find>().cboFindText.type("cat");
+        toolForm<Find>().cmdFind.click();
         EXPECT_EQ(text.selStart(), 0) << time;
         mnuFile_Close_Click();
     }

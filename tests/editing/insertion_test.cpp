@@ -247,12 +247,12 @@ TEST_F(Insertion, TheFirstTwoCommasOfATagsLinePartItAndALineWithoutEndsTheList) 
         fault.clear();
         mnuInsert_Tags_Click();
         std::string seen;
-        const ReportView& list = tags().ListView1;
+        const ReportView& list = toolForm<Tags>().ListView1;
         for (int i = 0; i < static_cast<int>(list.count()); ++i)
             seen += list.cell(i, 0) + "|" + list.cell(i, 1) + "|" + list.cell(i, 2) + "/";
         EXPECT_EQ(seen + fault, cells);
-        EXPECT_TRUE(tags().isLoaded());
-        tags().unload();
+        EXPECT_TRUE(toolForm<Tags>().isLoaded());
+        toolForm<Tags>().unload();
     }
 }
 
@@ -261,7 +261,7 @@ TEST_F(Insertion, TheFloatingToolsServeTheDocumentOrTheTableWizardsCell) {
         EXPECT_EQ(mainForm().menu("mnuInsert_Tags").checked(), tagsAre);
         EXPECT_EQ(mainForm().Toolbar1.button("Tags").pressed, tagsAre);
         EXPECT_EQ(mainForm().Toolbar1.button("Special Chars").pressed, charactersAre);
-        EXPECT_EQ(std::pair(tags().isLoaded(), specialCharacterInsertion().isLoaded()),
+        EXPECT_EQ(std::pair(toolForm<Tags>().isLoaded(), toolForm<SpecialCharacterInsertion>().isLoaded()),
                   std::pair(tagsAre, charactersAre));
     };
     platform.expectMessage({.text = "The tags.lst file does not exist.\r\nPlease restore from backup, re-install, "
@@ -274,15 +274,15 @@ TEST_F(Insertion, TheFloatingToolsServeTheDocumentOrTheTableWizardsCell) {
     mnuInsert_Tags_Click();
     mnuInsert_SpecialChars_Click();
     areOpen(true, true);
-    tags().activated.raise();
+    toolForm<Tags>().activated.raise();
     EXPECT_EQ(platform.focused, "ListView1");
     const auto tag = [](int row) {
         return [row] {
-            tags().ListView1.setSelectedRow(row);
-            tags().cmdInsert.click();
+            toolForm<Tags>().ListView1.setSelectedRow(row);
+            toolForm<Tags>().cmdInsert.click();
         };
     };
-    const auto sharpS = [&list = specialCharacterInsertion().lstSpecChars] {
+    const auto sharpS = [&list = toolForm<SpecialCharacterInsertion>().lstSpecChars] {
         EXPECT_EQ(list.cell(30, 0), "ß");
         list.doubleClick(30);
     };

@@ -142,10 +142,10 @@ TEST_F(Program, ADialogThatFindsStandsBesideTheMatch) {
     openByDialog({files.write("a.htm", "word")});
     const QWidget& page = *dynamic_cast<QAbstractScrollArea&>(text()).viewport();
     press(Qt::Key_F, Qt::ControlModifier);
-    QWidget& dialog = *platform.windows().widgetOf(findForm());
+    QWidget& dialog = *platform.windows().widgetOf(toolForm<Find>());
     dialog.move(page.mapToGlobal(QPoint(0, 0)));
-    findForm().cboFindText.setText("word");
-    findForm().cmdFind.click();
+    toolForm<Find>().cboFindText.setText("word");
+    toolForm<Find>().cmdFind.click();
     EXPECT_FALSE(dialog.frameGeometry().contains(page.mapToGlobal(QPoint(6, 6))));
 }
 
@@ -191,7 +191,7 @@ protected:
     }
     void insertTag(std::string_view place, const char* tag) {
         moveBefore(place);
-        pick(tags(), "ListView1", 0, tag);
+        pick(toolForm<Tags>(), "ListView1", 0, tag);
     }
 
     /// Chooses a menu row of which a prompt comes.
@@ -239,9 +239,9 @@ TEST_F(Page, TheTextHasTheKeyboardAfterASaveOverAFileAndAfterAnInsertFromTheTags
     EXPECT_EQ(files.read("there.htm"), "one two");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
     choose("mnuInsert_Tags");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(platform.windows().widgetOf(tags())));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(platform.windows().widgetOf(toolForm<Tags>())));
     select("two");
-    pick(tags(), "ListView1", 0, "<B>");
+    pick(toolForm<Tags>(), "ListView1", 0, "<B>");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
     EXPECT_TRUE(platform.windows().widgetOf(mainForm().activeForm())->isAncestorOf(QApplication::focusWidget()));
 }
@@ -265,7 +265,7 @@ TEST_F(Page, WrittenWithTheCommandsAloneHasNoErrorForAChecker) {
     choose("mnuTools_FormatText_Para");
     typeBefore("</P>", "Market, caf");
     choose("mnuInsert_SpecialChars");
-    pick(specialCharacterInsertion(), "lstSpecChars", 1, "&eacute;");
+    pick(toolForm<SpecialCharacterInsertion>(), "lstSpecChars", 1, "&eacute;");
     choose("mnuInsert_SpecialChars");
     typeBefore("</P>", " and ");
     source().setSelText("\xC3\xBC");

@@ -18,7 +18,7 @@ struct Pad : FrameFixture {
                                answer);
     }
 
-    ScratchPad& pad = scratchPad();
+    ScratchPad& pad = toolForm<ScratchPad>();
 };
 
 TEST_F(Pad, WhatIsSentStandsBelowWhatIsThere) {

@@ -1,0 +1,49 @@
+#include "frame/long_run.h"
+
+#include <utility>
+
+#include "controls/form.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+void LongRun::begin(Cancel cancel) {
+    begun_ = true;
+    cancelled_ = false;
+    goesOn_ = cancel == Cancel::offered;
+    platform().screen.setMousePointer(MousePointer::hourglass);
+    parts_.close.setEnabled(goesOn_);
+    if (goesOn_) parts_.close.setCaption("&Cancel");
+    setReachable(false);
+}
+
+void LongRun::end() {
+    if (!std::exchange(begun_, false)) return;
+    goesOn_ = false;
+    platform().screen.setMousePointer(MousePointer::standard);
+    parts_.close.setCaption("&Close");
+    parts_.close.setEnabled(true);
+    setReachable(true);
+}
+
+void LongRun::askToCancel() {
+    cancelled_ = confirms(parts_.question, parts_.title);
+}
+
+void LongRun::closePressed() {
+    if (goesOn_) return askToCancel();
+    parts_.close.form().unload();
+}
+
+void LongRun::keepOpen(bool& cancel) {
+    if (!goesOn_) return;
+    cancel = true;
+    if (parts_.close.enabled()) askToCancel();
+}
+
+void LongRun::setReachable(bool reachable) const {
+    for (Control* control : parts_.controls) control->setEnabled(reachable);
+    parts_.also(reachable);
+}
+
+}  // namespace kelvor
