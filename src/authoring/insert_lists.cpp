@@ -5,7 +5,7 @@
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "support/fields.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 
 namespace kelvor {
 
@@ -34,7 +34,7 @@ void loadComboBoxes() {
 
 void setUpUStrings() {
     ComboBox& list = mainForm().Combo4;
-    if (const auto stored = GetAllSettings(application, "UserStrings")) {
+    if (const auto stored = user::strings.all()) {
         for (const Setting& string : *stored) {
             userStrings.Add(string.value, string.key);
             list.addItem(string.key);

@@ -8,7 +8,7 @@
 #include "frame/main_frame.h"
 #include "html/relative_path.h"
 #include "platform/platform.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 #include "text/letter_case.h"
 
 namespace kelvor {
@@ -57,16 +57,16 @@ std::optional<std::string> chooseFileToLink(const std::string& title) {
 
 std::string linkTarget(const std::string& path) {
     const std::string target = useRelativePaths() ? makeRelativePath(mainForm().activeForm().caption(), path) : path;
-    return GetSetting(application, "User", "LCase") == "True" ? toLower(target) : target;
+    return user::lowerCaseLinks.isTrue() ? toLower(target) : target;
 }
 
 bool useRelativePaths() {
-    return GetSetting(application, "User", "relPath", "True") == "True";
+    return user::relativeLinks.isTrue("True");
 }
 
 std::string makeRelativePath(std::string_view fromPath, std::string_view toPath) {
     const bool isUntitled = documentManager()->currentDocument().IsUntitled();
-    const bool slashes = GetSetting(application, "User", "Slash", "False") == "True";
+    const bool slashes = user::slashesInLinks.isTrue("False");
     return relativePath(fromPath, toPath, isUntitled, slashes ? '/' : '\\');
 }
 

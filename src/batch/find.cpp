@@ -8,20 +8,19 @@
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
 #include "support/fields.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 #include "text/code_points.h"
 
 namespace kelvor {
 
 namespace {
 
-constexpr std::string_view history = "Find_Hist";
 constexpr std::size_t historySize = 5;
 const std::string firstSearch = "&Find";
 const std::string nextSearch = "Find &Next";
 
 std::vector<Setting> storedHistory() {
-    return GetAllSettings(application, history).value_or(std::vector<Setting>());
+    return user::searchedTexts.all().value_or(std::vector<Setting>());
 }
 
 }  // namespace
@@ -93,7 +92,7 @@ void Find::search(EditControl& edit, const std::string& text) {
 void addFindToReg(const std::string& text) {
     const auto stored = storedHistory();
     const auto save = [](std::size_t number, const std::string& value) {
-        SaveSetting(application, history, "FindItem" + std::to_string(number), value);
+        user::searchedTexts.store("FindItem" + std::to_string(number), value);
     };
     if (stored.size() < historySize) return save(stored.size() + 1, text);
     save(1, text);

@@ -1,14 +1,13 @@
 #include "core/recent_files.h"
 
 #include "frame/main_frame.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 
 namespace kelvor {
 
 namespace {
 
 constexpr std::size_t capacity = 5;
-constexpr const char* section = "Recent_Files";
 
 }  // namespace
 
@@ -27,12 +26,12 @@ void addOpenFile(const std::string& path) {
 void registerOpenFiles() {
     const auto& files = mainForm().recentFiles;
     for (std::size_t index = 0; index < files.Count(); ++index)
-        SaveSetting(application, section, "file " + std::to_string(index + 1), files.Item(index));
+        user::recentFiles.store("file " + std::to_string(index + 1), files.Item(index));
 }
 
 void getRegistered_OpenFiles() {
     try {
-        auto stored = GetAllSettings(application, section);
+        auto stored = user::recentFiles.all();
         if (!stored) throw Error(error_number::typeMismatch, "Type mismatch");
         // A longer section is somebody else's work; the list and its menu hold five.
         if (stored->size() > capacity) stored->resize(capacity);

@@ -3,12 +3,12 @@
 #include "files/paths.h"
 #include "frame/main_frame.h"
 #include "platform/platform.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 
 namespace kelvor {
 
 int preferredFilterIndex() {
-    return settingNumber(GetSetting(application, "User", "DFilter", "0")) + 1;
+    return user::fileFilter.number(0) + 1;
 }
 
 void prepareSaveDialog(int flags) {

@@ -14,13 +14,11 @@
 #include "platform/platform.h"
 #include "support/messages.h"
 #include "support/programs.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 
 namespace kelvor {
 
 namespace {
-
-constexpr const char* section = "Browsers";
 
 constexpr std::size_t capacity = 15;
 
@@ -88,7 +86,7 @@ void previewDefault() {
 void previewAlternate(const std::string& label) {
     CDocument& document = documentManager()->currentDocument();
     if (!savedForPreview(document)) return;
-    auto words = commandWords(GetSetting(application, section, label));
+    auto words = commandWords(user::browsers.value(label));
     if (words.empty()) return reportNoBrowser();
     words.push_back(std::filesystem::absolute(document.LongFileName()).string());
     try {
@@ -103,7 +101,7 @@ void setUpBrowsers() {
         browserRow(index).setCaption("");
         browserRow(index).setVisible(false);
     }
-    const auto stored = GetAllSettings(application, section);
+    const auto stored = user::browsers.all();
     if (!stored) return;
     const std::size_t shown = std::min(stored->size(), capacity);
     for (std::size_t index = 0; index < shown; ++index) {
@@ -126,7 +124,7 @@ void ChangeViewMode(int mode) {
 }
 
 void setEnforceVDirs(bool enforce) {
-    SaveSetting(application, "User", "EnforceVDirs", enforce ? "1" : "0");
+    user::mappedAddresses.store(enforce ? "1" : "0");
     mainForm().Toolbar4.setValue("VDir", enforce);
     mainForm().Toolbar4.setValue("NoVDir", !enforce);
     vdirManager()->setEnforceVDirs(enforce);

@@ -19,7 +19,7 @@
 #include "program/single_instance.h"
 #include "support/fields.h"
 #include "support/report_error.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 #include "workbench/document_assistant.h"
 #include "workbench/quick_file.h"
 
@@ -55,14 +55,14 @@ void startVDirs() {
 }
 
 void readUserSettings() {
-    if (GetSetting(application, "User", "LCase").empty()) firstTimeUser();
-    const std::string directory = GetSetting(application, "User", "InitDir");
+    if (user::lowerCaseLinks.text().empty()) firstTimeUser();
+    const std::string directory = user::startDirectory.text();
     lastDir = directory.empty() ? programDirectory() : directory;
-    showQuickFile(GetSetting(application, "User", "QuickFile", "True") == "True");
-    ToggleDocumentAssistant(settingBoolean(GetSetting(application, "User", "DocumentAssistant", "True")));
-    setEnforceVDirs(GetSetting(application, "User", "EnforceVDirs", "0") == "1");
-    editorBackColor = settingNumber(GetSetting(application, "User", "BGColor", "-1"));
-    editorForeColor = settingNumber(GetSetting(application, "User", "ForeColor", "-1"));
+    showQuickFile(user::quickFile.isTrue("True"));
+    ToggleDocumentAssistant(user::documentAssistant.boolean("True"));
+    setEnforceVDirs(user::mappedAddresses.text("0") == "1");
+    editorBackColor = user::editorBackColor.number(-1);
+    editorForeColor = user::editorForeColor.number(-1);
 }
 
 /// Too many browsers are told, and the start goes on.
@@ -118,7 +118,7 @@ void grabReg() {
 }
 
 void checkNewFile() {
-    if (GetSetting(application, "User", "newFile", "False") != "True") return disableMenuItems();
+    if (!user::newFileAtStart.isTrue("False")) return disableMenuItems();
     if (fileOpen(templateFile("Default Template"), true)) mainForm().increaseUntitledCount();
 }
 

@@ -1,7 +1,7 @@
 #include "workbench/document_assistant.h"
 
 #include "frame/main_frame.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 
 namespace kelvor {
 
@@ -13,14 +13,14 @@ void alignBar(const char* wanted, const char* other, int side) {
     frame.menu(other).setChecked(false);
     frame.menu(wanted).setChecked(true);
     frame.CoolBar2.setAlign(side);
-    SaveSetting(application, "User", "PreviewAlign", std::to_string(side));
+    user::documentAssistantSide.store(std::to_string(side));
 }
 
 }  // namespace
 
 void ToggleDocumentAssistant(bool show) {
     MDIForm1& frame = mainForm();
-    const int side = settingNumber(GetSetting(application, "User", "PreviewAlign", std::to_string(SideBar::left)));
+    const int side = user::documentAssistantSide.number(SideBar::left);
     frame.menu("mnuView_DocumentAssistant").setChecked(show);
     frame.CoolBar2.setVisible(show);
     frame.Toolbar2.setValue("DocumentAssistant", show);

@@ -11,7 +11,7 @@
 #include "frame/main_frame.h"
 #include "platform/platform.h"
 #include "support/messages.h"
-#include "support/settings.h"
+#include "support/user_settings.h"
 #include "text/code_points.h"
 
 namespace kelvor {
@@ -19,7 +19,6 @@ namespace kelvor {
 namespace {
 
 constexpr const char* patterns[] = {"*.*", "*.htm", "*.asp", "*.txt", "*.vbs", "*.js", "*.cgi", "*.pl", "*.c"};
-constexpr const char* lastFilter = "QuickFileLastFilter";
 
 bool isNetworkPath(const std::string& path) {
     return path.starts_with("\\\\") || path.starts_with("//");
@@ -54,7 +53,7 @@ void initQuickView() {
     ComboBox& filter = mainForm().Combo5;
     showCurrentDirectory();
     for (const char* pattern : patterns) filter.addItem(pattern);
-    const int row = settingNumber(GetSetting(application, "User", lastFilter, "0"));
+    const int row = user::quickFileFilter.number(0);
     filter.setListIndex(row == -1 ? 0 : row);
     SetQuickView();
 }
@@ -92,7 +91,7 @@ void Dir1_Change() {
 void Combo5_Change() {
     const ComboBox& filter = mainForm().Combo5;
     mainForm().File1.setPattern(filter.text());
-    SaveSetting(application, "User", lastFilter, std::to_string(filter.listIndex()));
+    user::quickFileFilter.store(std::to_string(filter.listIndex()));
 }
 
 void File1_RightPress() {
