@@ -65,7 +65,7 @@ bool useRelativePaths() {
 }
 
 std::string makeRelativePath(std::string_view fromPath, std::string_view toPath) {
-    const bool isUntitled = documentManager()->currentDocument().IsUntitled();
+    const bool isUntitled = documentManager().currentDocument().IsUntitled();
     const bool slashes = user::slashesInLinks.isTrue("False");
     return relativePath(fromPath, toPath, isUntitled, slashes ? '/' : '\\');
 }

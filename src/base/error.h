@@ -51,4 +51,8 @@ inline Error outOfMemoryError() {
     return {error_number::outOfMemory, "Out of memory", "There is not enough memory."};
 }
 
+inline Error objectNotSetError() {
+    return {error_number::objectNotSet, "Object variable or With block variable not set"};
+}
+
 }  // namespace kelvor

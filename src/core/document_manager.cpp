@@ -1,19 +1,30 @@
 #include "core/document_manager.h"
 
+#include "base/single.h"
+
 namespace kelvor {
+
+namespace {
+
+Single<CDocumentManager>& instance() {
+    static Single<CDocumentManager> manager;
+    return manager;
+}
+
+}  // namespace
 
 bool CDocumentManager::UpdateLineStats(CDocument& document) {
     CRichTextBox& tracker = document.objKVRichTextBox();
     tracker.RefreshInformation();
     if (document.SourceRTB().selLength() != 0) return true;
-    frame_->StatusBar1.setPanelText(
+    frame_.StatusBar1.setPanelText(
         panel::position, std::to_string(tracker.characterPosition()) + "/" + std::to_string(tracker.lineNumber()));
     return true;
 }
 
 bool CDocumentManager::UpdateChars(CDocument& document) {
     const int characters = document.SourceRTB().characterCount();
-    frame_->StatusBar1.setPanelText(panel::characters, "Characters: " + std::to_string(characters) + " ");
+    frame_.StatusBar1.setPanelText(panel::characters, "Characters: " + std::to_string(characters) + " ");
     return true;
 }
 
@@ -32,9 +43,16 @@ CDocument& CDocumentManager::currentDocument() const {
     return *documents_.Item(mainForm().TabStrip1.selectedItem().tag);
 }
 
-std::unique_ptr<CDocumentManager>& documentManager() {
-    static std::unique_ptr<CDocumentManager> manager;
-    return manager;
+CDocumentManager& documentManager() {
+    return instance().get();
+}
+
+void makeDocumentManager() {
+    instance().make(mainForm());
+}
+
+void endDocumentManager() {
+    instance().end();
 }
 
 }  // namespace kelvor

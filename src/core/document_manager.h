@@ -13,14 +13,15 @@ class CDocumentManager : public DocumentOwner {
 public:
     using Documents = KeyedCollection<std::shared_ptr<CDocument>>;
 
+    explicit CDocumentManager(MDIForm1& frame) : frame_(frame) {}
+
     const Documents& MyDocuments() const { return documents_; }
     void setMyDocuments(Documents documents) { documents_ = std::move(documents); }
 
     bool UpdateLineStats(CDocument& document) override;
     bool UpdateChars(CDocument& document) override;
 
-    MDIForm1* KVMDIForm() const { return frame_; }
-    void setKVMDIForm(MDIForm1& frame) { frame_ = &frame; }
+    MDIForm1& KVMDIForm() const { return frame_; }
 
     void add(std::shared_ptr<CDocument> document) override;
     void remove(const std::string& key) override;
@@ -31,10 +32,14 @@ public:
 
 private:
     Documents documents_;
-    MDIForm1* frame_ = nullptr;
+    MDIForm1& frame_;
 };
 
-/// The one manager; empty before the start and after the frame's end.
-std::unique_ptr<CDocumentManager>& documentManager();
+/// The one manager. Before the start and after the frame's end an error 91.
+CDocumentManager& documentManager();
+
+/// Made by the start, and ended with the frame: the documents that are still open go with their manager.
+void makeDocumentManager();
+void endDocumentManager();
 
 }  // namespace kelvor

@@ -24,11 +24,11 @@ void reportNoSuchFile(const std::string& path) {
 std::shared_ptr<CDocument> newDocument() {
     MDIForm1& frame = mainForm();
     auto document = std::make_shared<CDocument>();
-    document->setDocumentManager(*documentManager());
+    document->setDocumentManager(documentManager());
     document->setDocTabStrip(frame.TabStrip1);
     document->setUniqueDocID(frame.fileCount);
     document->setUntitledCount(frame.untitledCount);
-    document->setVDirManagerRef(*vdirManager());
+    document->setVDirManagerRef(vdirManager());
     return document;
 }
 

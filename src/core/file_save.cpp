@@ -82,7 +82,7 @@ void fileSaveAs(CDocument& document, const std::string& path) {
 void cmdSaveAs() {
     using namespace dialog_flag;
     try {
-        CDocument& document = documentManager()->currentDocument();
+        CDocument& document = documentManager().currentDocument();
         fileSaveAs(document, askForName(document, overwritePrompt | hideReadOnly | noReadOnlyReturn));
     } catch (const Error& error) {
         if (error.number() == error_number::dialogCancelled) return;
@@ -96,7 +96,7 @@ void cmdSaveAs() {
 
 void mnuFile_Save_Click() {
     try {
-        fileSave(documentManager()->currentDocument());
+        fileSave(documentManager().currentDocument());
         focusDocument();
     } catch (const Error& error) {
         reportError(error, "File save error");
@@ -113,7 +113,7 @@ void mnuFile_SaveAll_Click() {
     std::vector<std::string> causes;
     std::string path;
     try {
-        for (const auto& document : documentManager()->MyDocuments().items()) {
+        for (const auto& document : documentManager().MyDocuments().items()) {
             const bool isUntitled = document->IsUntitled();
             if (isUntitled) path = askForName(*document, overwritePrompt | hideReadOnly);
             const Outcome saved = isUntitled ? saveUntitled(*document, path) : document->SaveDoc(path);
@@ -129,7 +129,7 @@ void mnuFile_SaveAll_Click() {
     }
     if (!causes.empty()) reportSomeNotSaved(causes);
     // Whatever was saved beside it, the panel tells of the document in front.
-    documentManager()->currentDocument().showSavedState();
+    documentManager().currentDocument().showSavedState();
 }
 
 }  // namespace kelvor

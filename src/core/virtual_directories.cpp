@@ -4,6 +4,7 @@
 
 #include "base/error.h"
 #include "base/outcome.h"
+#include "base/single.h"
 #include "files/files.h"
 #include "files/paths.h"
 #include "files/places.h"
@@ -16,6 +17,11 @@
 namespace kelvor {
 
 namespace {
+
+Single<CVirtualDirManager>& instance() {
+    static Single<CVirtualDirManager> manager;
+    return manager;
+}
 
 /// Adds the mapping of a line. A part beyond the second "|" is of no use and stays unread.
 void addLine(std::string_view line, const std::string& number, VirtualDirectories& directories) {
@@ -139,15 +145,18 @@ void CVirtualDirManager::WriteVDirsFailed(const std::string& cause) const {
                  .icon = MessageIcon::critical});
 }
 
-std::unique_ptr<CVirtualDirManager>& vdirManager() {
-    static std::unique_ptr<CVirtualDirManager> manager;
-    return manager;
+CVirtualDirManager& vdirManager() {
+    return instance().get();
 }
 
 void initVDirs() {
-    vdirManager() = std::make_unique<CVirtualDirManager>();
-    vdirManager()->setVDirFilePath(joinPath(programDirectory(), "VDirs.txt"));
-    if (const Outcome read = vdirManager()->ReadVDirs(); !read) vdirManager()->ReadVDirsFailed(read.cause());
+    CVirtualDirManager& manager = instance().make();
+    manager.setVDirFilePath(joinPath(programDirectory(), "VDirs.txt"));
+    if (const Outcome read = manager.ReadVDirs(); !read) manager.ReadVDirsFailed(read.cause());
+}
+
+void endVDirs() {
+    instance().end();
 }
 
 }  // namespace kelvor

@@ -92,10 +92,12 @@ private:
     std::function<std::vector<MappedFile*>()> files_;
 };
 
-/// The one manager; empty before initVDirs() and after the frame's end.
-std::unique_ptr<CVirtualDirManager>& vdirManager();
+/// The one manager. Before initVDirs() and after the frame's end an error 91.
+CVirtualDirManager& vdirManager();
 
-/// Creates the manager and reads its table; a failure is told and the program goes on.
+/// Makes the manager and reads its table; a failure is told and the program goes on. Called by the start.
 void initVDirs();
+/// Ends the manager, with the frame.
+void endVDirs();
 
 }  // namespace kelvor

@@ -29,7 +29,7 @@ void previousMdiWindow() {
 }
 
 void TabStrip1_Click() {
-    mainForm().mdi.show(documentManager()->currentDocument().SourceForm());
+    mainForm().mdi.show(documentManager().currentDocument().SourceForm());
 }
 
 }  // namespace kelvor

@@ -48,7 +48,7 @@ MenuItem& MDIForm1::menu(const std::string& name) const {
 
 EditWindow& MDIForm1::activeForm() const {
     auto* window = dynamic_cast<EditWindow*>(mdi.activeForm());
-    if (!window) throw Error(error_number::objectNotSet, "Object variable or With block variable not set");
+    if (!window) throw objectNotSetError();
     return *window;
 }
 

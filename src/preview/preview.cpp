@@ -77,14 +77,14 @@ void InLinePreview(CDocument& document) {
 }
 
 void previewDefault() {
-    CDocument& document = documentManager()->currentDocument();
+    CDocument& document = documentManager().currentDocument();
     if (!savedForPreview(document)) return;
     if (document.IsUntitled()) return reportNoFile(document.ShortFileName());
     openInDefaultBrowser(document.LongFileName());
 }
 
 void previewAlternate(const std::string& label) {
-    CDocument& document = documentManager()->currentDocument();
+    CDocument& document = documentManager().currentDocument();
     if (!savedForPreview(document)) return;
     auto words = commandWords(user::browsers.value(label));
     if (words.empty()) return reportNoBrowser();
@@ -112,7 +112,7 @@ void setUpBrowsers() {
 }
 
 void ChangeViewMode(int mode) {
-    CDocument& document = documentManager()->currentDocument();
+    CDocument& document = documentManager().currentDocument();
     if (mode == view_mode::source) {
         document.ChangeMode(view_mode::source);
         ControlFunctionForMode(view_mode::source);
@@ -127,7 +127,7 @@ void setEnforceVDirs(bool enforce) {
     user::mappedAddresses.store(enforce ? "1" : "0");
     mainForm().Toolbar4.setValue("VDir", enforce);
     mainForm().Toolbar4.setValue("NoVDir", !enforce);
-    vdirManager()->setEnforceVDirs(enforce);
+    vdirManager().setEnforceVDirs(enforce);
 }
 
 }  // namespace kelvor

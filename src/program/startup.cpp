@@ -34,11 +34,6 @@ void removePlaceholderTab() {
     if (tabs.count() == 1) tabs.remove(tabs.tabs().front().key);
 }
 
-void createDocumentManager() {
-    documentManager() = std::make_unique<CDocumentManager>();
-    documentManager()->setKVMDIForm(mainForm());
-}
-
 void resetCounters() {
     mainForm().untitledCount = 1;
     mainForm().fileCount = 0;
@@ -47,9 +42,9 @@ void resetCounters() {
 /// The manager of the mappings maps the open documents anew when the table changes.
 void startVDirs() {
     initVDirs();
-    vdirManager()->setMappedFiles([] {
+    vdirManager().setMappedFiles([] {
         std::vector<MappedFile*> files;
-        for (const auto& document : documentManager()->MyDocuments().items()) files.push_back(document.get());
+        for (const auto& document : documentManager().MyDocuments().items()) files.push_back(document.get());
         return files;
     });
 }
@@ -71,24 +66,16 @@ void listBrowsers() {
 }
 
 /// The start in its order. An error ends it there, and what was done stays.
-constexpr void (*steps[])() = {removePlaceholderTab,
-                               createDocumentManager,
-                               initSpecialChars,
-                               loadFontList,
-                               resetCounters,
-                               getRegistered_OpenFiles,
-                               loadComboBoxes,
-                               startVDirs,
-                               grabReg,
-                               setUpUStrings,
-                               listBrowsers,
-                               checkNewFile,
-                               initQuickView};
+constexpr void (*steps[])() = {
+    removePlaceholderTab, makeDocumentManager, initSpecialChars, loadFontList,  resetCounters, getRegistered_OpenFiles,
+    loadComboBoxes,       startVDirs,          grabReg,          setUpUStrings, listBrowsers,  checkNewFile,
+    initQuickView,
+};
 
 /// The frame's end: the managers go, and then every form that is still loaded.
 void MDIForm1_Unload() {
-    documentManager().reset();
-    vdirManager().reset();
+    endDocumentManager();
+    endVDirs();
     const auto forms = loadedForms();
     for (Form* form : forms)
         if (form != &mainForm()) form->unload();

@@ -96,7 +96,7 @@ TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
         EXPECT_EQ(Pair(text.selStart(), text.selLength()), selected);
         EXPECT_EQ(Pair(startPos, endPos), given);
         EXPECT_EQ(platform.focused, "Text1");
-        EXPECT_EQ(documentManager()->currentDocument().IsSaved(), text.text() == source);
+        EXPECT_EQ(documentManager().currentDocument().IsSaved(), text.text() == source);
     }
 }
 

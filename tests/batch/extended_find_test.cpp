@@ -135,7 +135,7 @@ TEST_F(ExtendedFindForm, OpensTheSelectedRowsAndKeepsThoseThatFailSelected) {
                             .icon = MessageIcon::critical});
     form.ListView1.mouseDown.raise({MousePress::left});
     form.ListView1.mouseDown.raise({MousePress::right});
-    EXPECT_EQ(documentManager()->count(), 2U);
+    EXPECT_EQ(documentManager().count(), 2U);
     EXPECT_EQ(menu("mnuFile_RecentFiles_1").caption(), files.path("site/a.htm"));
     for (const int row : {0, 1, 2}) EXPECT_EQ(form.ListView1.isSelected(row), row == 2) << row;
     form.mnuLV1_Clear.click();

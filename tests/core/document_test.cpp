@@ -69,9 +69,9 @@ TEST_F(Document, TheCloseQuestionKeepsOrLosesAsAnsweredAndAFailedSaveKeeps) {
         if (mode == readOnly) platform.expectMessage(saveError(path, "The file is read-only."));
         mnuFile_Close_Click();
         EXPECT_EQ(files.read("a.htm"), onDisk) << left;
-        EXPECT_EQ(documentManager()->MyDocuments().Count(), left);
+        EXPECT_EQ(documentManager().MyDocuments().Count(), left);
     }
-    EXPECT_FALSE(documentManager()->currentDocument().IsSaved());
+    EXPECT_FALSE(documentManager().currentDocument().IsSaved());
 }
 
 TEST_F(Document, AnUntitledOneAsksForItsNameWhenItIsClosedChanged) {
@@ -83,14 +83,14 @@ TEST_F(Document, AnUntitledOneAsksForItsNameWhenItIsClosedChanged) {
     platform.expectMessage(saveQuestion("Untitled 2"), Answer::yes);
     platform.expectSave("", [](const FileRequest& request) { EXPECT_TRUE(request.overwritePrompt); });
     mnuFile_Close_Click();
-    ASSERT_EQ(documentManager()->MyDocuments().Count(), 2U) << "Cancel in the dialog keeps it";
-    EXPECT_FALSE(documentManager()->currentDocument().IsSaved());
+    ASSERT_EQ(documentManager().MyDocuments().Count(), 2U) << "Cancel in the dialog keeps it";
+    EXPECT_FALSE(documentManager().currentDocument().IsSaved());
     platform.expectMessage(saveQuestion("Untitled 2"), Answer::yes);
     platform.expectSave(files.path("new.htm"));
     mnuFile_Close_Click();
     EXPECT_EQ(files.read("new.htm"), "x<HTML>");
     mnuFile_Close_Click();
-    EXPECT_EQ(documentManager()->MyDocuments().Count(), 0U);
+    EXPECT_EQ(documentManager().MyDocuments().Count(), 0U);
     EXPECT_EQ(panels(), "File Saved: No Files Open |Line:|Characters:");
 }
 
@@ -115,7 +115,7 @@ TEST_F(Document, ACharacterThatTheFileLacksIsAskedFor) {
 TEST_F(Document, WindowsStayInStepWithTheTabs) {
     // The document in front by its tab, after making sure that window and tab agree.
     const auto inFront = [] {
-        const CDocument& document = documentManager()->currentDocument();
+        const CDocument& document = documentManager().currentDocument();
         EXPECT_EQ(&document.SourceForm(), &mainForm().activeForm());
         return document.ShortFileName();
     };

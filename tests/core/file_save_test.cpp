@@ -66,7 +66,7 @@ TEST_F(FileCommands, OneFileThatCannotBeReadIsToldAndTheOthersOpen) {
     platform.expectMessage(noSuchFile(gone));
     platform.expectMessage(openError(gone));
     menu("mnuFile_Open").click();
-    EXPECT_EQ(documentManager()->MyDocuments().Count(), 2U);
+    EXPECT_EQ(documentManager().MyDocuments().Count(), 2U);
     EXPECT_EQ(recentMenu(), "b.htm a.htm ");
     EXPECT_TRUE(mainForm().enabled());
 }
@@ -155,7 +155,7 @@ TEST_F(FileCommands, NewWithoutATemplateTellsWhereTheyBelong) {
 
 TEST_F(FileCommands, SaveAsKeepsEverythingWhenItFailsAndElseGivesTheDocumentItsFile) {
     fileOpen(files.write("t.tpl", "text"), true);
-    const CDocument& document = documentManager()->currentDocument();
+    const CDocument& document = documentManager().currentDocument();
     const std::string gone = files.path("gone/a.htm");
     lastDir = "/tmp";
     platform.expectSave(gone, [](const FileRequest& request) {

@@ -65,7 +65,7 @@ protected:
     void openUntitled() { open(files.write("a.tpl", "x"), true); }
     void open(const std::string& path, bool isUntitled = false) {
         EXPECT_TRUE(fileOpen(path, isUntitled));
-        documents_.emplace_back(&documentManager()->currentDocument(), view_mode::source);
+        documents_.emplace_back(&documentManager().currentDocument(), view_mode::source);
         state_ = State::follows;
     }
     void failToOpen() {
@@ -108,7 +108,7 @@ protected:
         if (documents_.empty() || state_ == State::off) return;
         menu("mnuWindow_NextWindow").click();
         const auto front = std::find_if(documents_.begin(), documents_.end(), [](const auto& document) {
-            return document.first == &documentManager()->currentDocument();
+            return document.first == &documentManager().currentDocument();
         });
         std::rotate(front, front + 1, documents_.end());
     }

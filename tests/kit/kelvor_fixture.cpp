@@ -23,7 +23,7 @@ void KelvorTest::start() {
 
 CDocument& KelvorTest::open(const std::string& name, const std::string& bytes) {
     EXPECT_TRUE(fileOpen(files.write(name, bytes), false));
-    return documentManager()->currentDocument();
+    return documentManager().currentDocument();
 }
 
 void KelvorTest::type(const std::string& text) {

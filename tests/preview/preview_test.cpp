@@ -55,8 +55,8 @@ TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
     expectQuestion(Answer::yes);
     platform.expectSave("");
     menu("mnuView_Preview").click();
-    EXPECT_EQ(documentManager()->currentDocument().ViewMode(), view_mode::preview);
-    EXPECT_EQ(documentManager()->currentDocument().PreviewWB().address(), "");
+    EXPECT_EQ(documentManager().currentDocument().ViewMode(), view_mode::preview);
+    EXPECT_EQ(documentManager().currentDocument().PreviewWB().address(), "");
     EXPECT_FALSE(menu("mnuEdit").visible());
 
     expectQuestion(Answer::yes);
@@ -69,7 +69,7 @@ TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
 }
 
 TEST_F(Preview, OnlyTheViewGoesByTheMappings) {
-    vdirManager()->VirtualDirectories().Add(files.path(""), "http://localhost/", "web");
+    vdirManager().VirtualDirectories().Add(files.path(""), "http://localhost/", "web");
     const CDocument& document = open("-rf $(x) '\"#%41.htm", "x");
     const std::string page = document.LongFileName();
     menu("mnuView_Preview").click();

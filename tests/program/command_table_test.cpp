@@ -206,7 +206,7 @@ TEST_F(CommandSurface, MappingButtonsStoreTheChoice) {
     open("a.htm", "x");
     for (const bool enforce : {true, false}) {
         mainForm().Toolbar4.click(enforce ? "VDir" : "NoVDir");
-        EXPECT_EQ(vdirManager()->EnforceVDirs(), enforce);
+        EXPECT_EQ(vdirManager().EnforceVDirs(), enforce);
         EXPECT_EQ(mainForm().Toolbar4.button("VDir").pressed, enforce);
         EXPECT_EQ(mainForm().Toolbar4.button("NoVDir").pressed, !enforce);
         EXPECT_EQ(GetSetting(application, "User", "EnforceVDirs"), enforce ? "1" : "0");

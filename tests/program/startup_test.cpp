@@ -33,7 +33,7 @@ TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
                                 .title = "Application Error",
                                 .icon = MessageIcon::critical});
     ASSERT_TRUE(startKelvor());
-    EXPECT_EQ(vdirManager()->VirtualDirectories().Count(), 1U);
+    EXPECT_EQ(vdirManager().VirtualDirectories().Count(), 1U);
     EXPECT_EQ(GetSetting(application, "User", "LCase"), "") << "greeted until the options are applied";
     EXPECT_EQ(lastDir, files.program());
     EXPECT_EQ(mainForm().Combo4.list(), (std::vector<std::string>{"(User Strings)", "Rule"}));
@@ -52,7 +52,7 @@ TEST_F(Startup, TakesTheStoredDirectoryColoursMappingsAndNewDocument) {
     platform.expectMessage(noSuchFile(files.program() + "/Templates/Default Template.tpl"));
     start();
     EXPECT_EQ(lastDir, "/var/www");
-    EXPECT_TRUE(vdirManager()->EnforceVDirs());
+    EXPECT_TRUE(vdirManager().EnforceVDirs());
     EXPECT_EQ(mainForm().Combo3.text(), "(Size)");
     EXPECT_EQ(mainForm().TabStrip1.count(), 0U);
     EXPECT_TRUE(mainForm().enabled());
@@ -66,7 +66,7 @@ TEST_F(Startup, TakesTheStoredDirectoryColoursMappingsAndNewDocument) {
     EXPECT_EQ(text.text(), "<HTML>\r\n");
     EXPECT_EQ(text.backColor(), 255);
     EXPECT_EQ(text.selColor(), 16777215);
-    EXPECT_TRUE(documentManager()->currentDocument().IsSaved());
+    EXPECT_TRUE(documentManager().currentDocument().IsSaved());
 }
 
 TEST_F(Startup, RefusesASecondCopyAndLeavesTheSettingsAlone) {
@@ -87,14 +87,14 @@ TEST_F(Startup, ItsEndAsksForAllBeforeTheFirstGoesAndKeepsAllAfterACancel) {
     platform.expectMessage(saveQuestion(files.path("a.htm")), Answer::yes);
     platform.expectMessage(saveQuestion(files.path("b.htm")), Answer::cancel);
     mnuFile_Exit_Click();
-    EXPECT_EQ(documentManager()->MyDocuments().Count(), 2U);
+    EXPECT_EQ(documentManager().MyDocuments().Count(), 2U);
     EXPECT_EQ(files.read("a.htm"), "newold");
     EXPECT_FALSE(SingleInstance().isFirst());
     platform.expectMessage(saveQuestion(files.path("b.htm")), Answer::yes);
     mnuFile_Exit_Click();
     EXPECT_TRUE(loadedForms().empty());
-    EXPECT_EQ(documentManager(), nullptr);
-    EXPECT_EQ(vdirManager(), nullptr);
+    EXPECT_THROW(documentManager(), Error);
+    EXPECT_THROW(vdirManager(), Error);
     EXPECT_EQ(files.read("b.htm"), "newold");
     EXPECT_TRUE(SingleInstance().isFirst());
 }
