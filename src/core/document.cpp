@@ -29,9 +29,16 @@ Answer askSaveAsUtf8(const std::string& name) {
 
 }  // namespace
 
-CDocument::CDocument() : window_(std::make_unique<EditWindow>()) {
+CDocument::CDocument(const DocumentSurroundings& surroundings)
+    : documentManager_(surroundings.manager),
+      docTabStrip_(surroundings.tabs),
+      vdirManager_(surroundings.vdirManager),
+      window_(std::make_unique<EditWindow>()),
+      untitledCount_(surroundings.untitledCount) {
     window_->onLoad = [this] { editWindow_Load(); };
     window_->load();
+    uniqueDocID_ = mainForm().fileCount;
+    strUniqueID_ = "TABID" + std::to_string(uniqueDocID_);
     connectWindow();
 }
 
@@ -67,11 +74,6 @@ Event<int>& CDocument::editChord() {
     return event;
 }
 
-void CDocument::setUniqueDocID(int id) {
-    uniqueDocID_ = id;
-    strUniqueID_ = "TABID" + std::to_string(id);
-}
-
 void CDocument::editWindow_Load() {
     MDIForm1& frame = mainForm();
     EditControl& text = window_->Text1;
@@ -94,9 +96,9 @@ Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
     try {
         SourceRTB().LoadFile(path);
         window_->showSource();
-        docTabStrip_->add(strUniqueID_, longFileName_ + strUniqueID_);
-        docTabStrip_->setTag(strUniqueID_, strUniqueID_);
-        documentManager_->add(shared_from_this());
+        docTabStrip_.add(strUniqueID_, longFileName_ + strUniqueID_);
+        docTabStrip_.setTag(strUniqueID_, strUniqueID_);
+        documentManager_.add(shared_from_this());
         isUntitled_ = isUntitled;
         if (isUntitled) {
             longFileName_ = shortFileName_ = "Untitled " + std::to_string(untitledCount_);
@@ -117,10 +119,10 @@ Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
 void CDocument::applyFileName(const std::string& name) {
     if (name.empty()) return;
     longFileName_ = name;
-    urlForDocument_ = vdirManager_->GetVDirForPath(name);
+    urlForDocument_ = vdirManager_.GetVDirForPath(name);
     shortFileName_ = fileNamePart(name);
-    docTabStrip_->setCaption(strUniqueID_, shortFileName_);
-    docTabStrip_->setTabToolTip(strUniqueID_, longFileName_);
+    docTabStrip_.setCaption(strUniqueID_, shortFileName_);
+    docTabStrip_.setTabToolTip(strUniqueID_, longFileName_);
     window_->setCaption(longFileName_);
 }
 
@@ -171,10 +173,10 @@ bool CDocument::ChangeMode(int mode) {
         PreviewWB().Close();
     }
     if (mode == view_mode::preview && isSaved_ && !isUntitled_) {
-        const bool mapped = vdirManager_->EnforceVDirs();
+        const bool mapped = vdirManager_.EnforceVDirs();
         const std::string& address = mapped ? urlForDocument_ : longFileName_;
         PreviewWB().Navigate(address, WebBrowser::noHistory | WebBrowser::noWriteToCache,
-                             mapped ? vdirManager_->encodedURLForPath(longFileName_) : "");
+                             mapped ? vdirManager_.encodedURLForPath(longFileName_) : "");
         window_->StatusBar1.setSimpleText(address);
         window_->showPage();
     }
@@ -184,7 +186,7 @@ bool CDocument::ChangeMode(int mode) {
 
 /// Every road by which a document comes to the front leads here: a click, the end of another, its own opening.
 void CDocument::editWindow_Activate() {
-    docTabStrip_->setSelectedItem(strUniqueID_);
+    docTabStrip_.setSelectedItem(strUniqueID_);
     enableMenuItems();
     ControlFunctionForMode(viewMode_);
     Text1_SelChange();
@@ -199,18 +201,18 @@ void CDocument::Text1_Change() {
     if (colorsChanging) return;
     isSaved_ = false;
     showSavedState();
-    documentManager_->UpdateChars(*this);
+    documentManager_.UpdateChars(*this);
 }
 
 void CDocument::Text1_SelChange() {
-    documentManager_->UpdateChars(*this);
-    documentManager_->UpdateLineStats(*this);
+    documentManager_.UpdateChars(*this);
+    documentManager_.UpdateLineStats(*this);
     showSavedState();
 }
 
 void CDocument::showPosition() {
     // The key that goes up may have closed the window when it went down.
-    if (tracker_) documentManager_->UpdateLineStats(*this);
+    if (tracker_) documentManager_.UpdateLineStats(*this);
 }
 
 void CDocument::Text1_KeyDown(KeyPress& key) {
@@ -261,7 +263,7 @@ void CDocument::editWindow_QueryUnload(bool& cancel) {
 
 void CDocument::editWindow_Unload() {
     MDIForm1& frame = mainForm();
-    if (documentManager_->count() == 1) {
+    if (documentManager_.count() == 1) {
         disableMenuItems();
         frame.StatusBar1.setPanelText(panel::position, "Line:");
         frame.StatusBar1.setPanelText(panel::characters, "Characters:");
@@ -271,8 +273,8 @@ void CDocument::editWindow_Unload() {
     closed().raise();
     tracker_.reset();
     // A document that failed half way through opening has no tab.
-    if (docTabStrip_->contains(strUniqueID_)) docTabStrip_->remove(strUniqueID_);
-    documentManager_->remove(strUniqueID_);
+    if (docTabStrip_.contains(strUniqueID_)) docTabStrip_.remove(strUniqueID_);
+    documentManager_.remove(strUniqueID_);
     frame.mdi.remove(*window_);
 }
 

@@ -28,20 +28,22 @@ public:
     virtual std::size_t count() const = 0;
 };
 
+/// What a document works with.
+struct DocumentSurroundings {
+    DocumentOwner& manager;
+    TabStrip& tabs;
+    CVirtualDirManager& vdirManager;
+    int untitledCount = 0;  ///< the number of its name while it has no file
+};
+
 /// One open file: its window, its names and whether it is saved.
 class CDocument : public MappedFile, public std::enable_shared_from_this<CDocument> {
 public:
-    /// Makes and loads the window. The five properties that follow are set before OpenDoc, in their order.
-    CDocument();
+    /// Makes and loads the window, which gives the document its number.
+    explicit CDocument(const DocumentSurroundings& surroundings);
     ~CDocument() override;
     CDocument(const CDocument&) = delete;
     CDocument& operator=(const CDocument&) = delete;
-
-    void setDocumentManager(DocumentOwner& manager) { documentManager_ = &manager; }
-    void setDocTabStrip(TabStrip& tabs) { docTabStrip_ = &tabs; }
-    void setUniqueDocID(int id);
-    void setUntitledCount(int count) { untitledCount_ = count; }
-    void setVDirManagerRef(CVirtualDirManager& manager) { vdirManager_ = &manager; }
 
     /// Takes a file's text, and a tab and a place among the open documents.
     /// @param isUntitled  the text only: the document gets the next untitled name
@@ -104,9 +106,9 @@ private:
     bool saveBeforeClosing();
     Outcome writeText(const std::string& path);
 
-    DocumentOwner* documentManager_ = nullptr;
-    TabStrip* docTabStrip_ = nullptr;
-    CVirtualDirManager* vdirManager_ = nullptr;
+    DocumentOwner& documentManager_;
+    TabStrip& docTabStrip_;
+    CVirtualDirManager& vdirManager_;
     std::unique_ptr<EditWindow> window_;
     htmlkeys keys_;
     std::unique_ptr<CRichTextBox> tracker_;
@@ -115,7 +117,7 @@ private:
     std::string urlForDocument_;
     std::string strUniqueID_;
     int uniqueDocID_ = 0;
-    int untitledCount_ = 0;
+    int untitledCount_;
     int viewMode_ = view_mode::source;
     bool isSaved_ = true;
     bool isUntitled_ = true;

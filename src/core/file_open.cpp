@@ -23,13 +23,10 @@ void reportNoSuchFile(const std::string& path) {
 
 std::shared_ptr<CDocument> newDocument() {
     MDIForm1& frame = mainForm();
-    auto document = std::make_shared<CDocument>();
-    document->setDocumentManager(documentManager());
-    document->setDocTabStrip(frame.TabStrip1);
-    document->setUniqueDocID(frame.fileCount);
-    document->setUntitledCount(frame.untitledCount);
-    document->setVDirManagerRef(vdirManager());
-    return document;
+    return std::make_shared<CDocument>(DocumentSurroundings{.manager = documentManager(),
+                                                            .tabs = frame.TabStrip1,
+                                                            .vdirManager = vdirManager(),
+                                                            .untitledCount = frame.untitledCount});
 }
 
 /// A failed open beside one other document leaves the frame in its empty state.
