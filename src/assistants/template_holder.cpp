@@ -27,7 +27,7 @@ namespace {
 constexpr std::string_view extension = ".tpl";
 
 bool isDefaultTemplate(const std::string& name) {
-    return TextSearch("Default Template", 0).find(name).has_value();
+    return TextSearch("Default Template").find(name).has_value();
 }
 
 void refuseDeletion() {

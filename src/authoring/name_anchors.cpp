@@ -22,8 +22,8 @@ struct Scan {
 };
 
 Scan scan(std::string_view startToken, std::string_view endToken, std::string_view text) {
-    const TextSearch start(startToken, 0);
-    const TextSearch end(endToken, 0);
+    const TextSearch start(startToken);
+    const TextSearch end(endToken);
     Scan result;
     std::size_t size = 0;
     std::optional<TextMatch> closing;
@@ -48,7 +48,7 @@ Scan scan(std::string_view startToken, std::string_view endToken, std::string_vi
 }  // namespace
 
 bool hasNameAnchor(std::string_view text) {
-    return TextSearch(nameAnchorStart, 0).find(text).has_value();
+    return TextSearch(nameAnchorStart).find(text).has_value();
 }
 
 void scanNameAnchors(std::string_view startToken, std::string_view endToken, std::string_view text, ListBox& listBox) {

@@ -26,7 +26,7 @@ bool tellsUnreadable(std::string_view bytes) {
 }  // namespace
 
 FileCount::FileCount(std::string_view text, bool matchCase, std::function<bool()> goOn)
-    : search_(text, matchCase ? find_option::matchCase : 0),
+    : search_(text, {.matchCase = matchCase}),
       pause_([goOn = std::move(goOn)] {
           if (!goOn()) throw Stopped();
       }),

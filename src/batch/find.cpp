@@ -99,9 +99,8 @@ void addFindToReg(const std::string& text) {
     for (std::size_t number = 2; number <= stored.size(); ++number) save(number, stored[number - 2].value);
 }
 
-int searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase) {
-    return find_option::anyLineEnd + (wholeWord.value() ? find_option::wholeWord : 0) +
-           (matchCase.value() ? find_option::matchCase : 0);
+SearchOptions searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase) {
+    return {.wholeWord = wholeWord.value(), .matchCase = matchCase.value(), .anyLineEnd = true};
 }
 
 bool refuseEmptyFindText(const std::string& text) {

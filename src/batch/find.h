@@ -7,6 +7,7 @@
 #include "controls/edit_control.h"
 #include "controls/label.h"
 #include "frame/tool_dialog.h"
+#include "text/text_search.h"
 
 namespace kelvor {
 
@@ -51,7 +52,7 @@ void addFindToReg(const std::string& text);
 bool refuseEmptyFindText(const std::string& text);
 
 /// The options of a search by these boxes. Any line end of the text looked for matches any one of the document.
-int searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase);
+SearchOptions searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase);
 
 void mnuEdit_Find_Click();
 

@@ -84,7 +84,7 @@ void FindReplace::replace() {
 FindReplace::Run FindReplace::beginRun() {
     EditControl& edit = activeText();
     // The box may end its lines in another way than the document, and the document its own in several.
-    const int options = searchOptions(chkWord, chkCase);
+    const SearchOptions options = searchOptions(chkWord, chkCase);
     const bool within = chkWithin.value();
     searchStart_ = within ? edit.selStart() : 0;
     const int searchEnd = within ? edit.selStart() + edit.selLength() : edit.textLength();

@@ -8,6 +8,7 @@
 #include "editing/htmlkeys.h"
 #include "frame/long_run.h"
 #include "frame/tool_dialog.h"
+#include "text/text_search.h"
 
 namespace kelvor {
 
@@ -34,7 +35,7 @@ private:
         EditControl& edit;
         std::string text;
         std::string replacement;
-        int options = 0;
+        SearchOptions options;
         int searchEnd = 0;
         int count = 0;
     };

@@ -59,7 +59,7 @@ bool checkForDupes(const std::vector<FindItem>& findItems, bool matchCase) {
 }
 
 LineRewrite::LineRewrite(const std::vector<FindItem>& findItems, bool matchCase) {
-    const int options = matchCase ? find_option::matchCase : 0;
+    const SearchOptions options = {.matchCase = matchCase};
     for (const FindItem& item : findItems) {
         if (item.text.find_first_of("\r\n") != std::string::npos) continue;
         passes_.push_back({TextSearch(item.text, options), item.replacement, matchCase ? item.text : std::string()});

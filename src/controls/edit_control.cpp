@@ -131,14 +131,14 @@ void EditControl::setBackColor(int color) {
     if (std::exchange(backColor_, color) != color) showColors();
 }
 
-const TextSearch& EditControl::searchFor(std::string_view text, int options) {
+const TextSearch& EditControl::searchFor(std::string_view text, SearchOptions options) {
     if (!search_ || search_->text != text || search_->options != options) {
         search_.emplace(Search{std::string(text), options, TextSearch(text, options)});
     }
     return search_->search;
 }
 
-int EditControl::Find(std::string_view text, std::optional<int> start, std::optional<int> end, int options) {
+int EditControl::Find(std::string_view text, std::optional<int> start, std::optional<int> end, SearchOptions options) {
     int from = start.value_or(0);
     int to = textLength();
     if (!start && selLength() > 0) {

@@ -49,10 +49,10 @@ public:
     /// Searches, selects the match and scrolls it into view.
     /// @param start    from where; left out: the selection is searched when there is one, else the whole text
     /// @param end      up to where; left out or behind the text: to its end
-    /// @param options  the sum of find_option values
     /// @return the match's position, or -1 (the selection stays). An empty text, a start at or behind the end and a
     ///         negative start find nothing
-    int Find(std::string_view text, std::optional<int> start = {}, std::optional<int> end = {}, int options = 0);
+    int Find(std::string_view text, std::optional<int> start = {}, std::optional<int> end = {},
+             SearchOptions options = {});
 
     /// The line, from 0, that holds a position.
     virtual int GetLineFromChar(int position) const = 0;
@@ -141,14 +141,14 @@ protected:
 private:
     template <typename Act>
     void perform(Act act);
-    const TextSearch& searchFor(std::string_view text, int options);
+    const TextSearch& searchFor(std::string_view text, SearchOptions options);
     void enterBatch();
     void leaveBatch();
 
     /// The search of the last Find; a run of equal ones makes it ready once.
     struct Search {
         std::string text;
-        int options;
+        SearchOptions options;
         TextSearch search;
     };
     std::optional<Search> search_;

@@ -50,7 +50,7 @@ using Spelling = std::function<std::string(std::string_view)>;
 
 /// @param kept  how what stands between the matches is spelled
 std::string replaceAll(std::string_view text, const CVDir& mapping, const Spelling& kept) {
-    const TextSearch search(mapping.FileSystemPath(), 0);
+    const TextSearch search(mapping.FileSystemPath());
     std::string result;
     std::size_t position = 0;
     while (const auto match = search.find(text, position)) {

@@ -5,7 +5,7 @@
 namespace kelvor {
 
 LinkReferences parseLinkReferences(std::string_view text, const std::string& attribute) {
-    const TextSearch key(attribute, 0);
+    const TextSearch key(attribute);
     LinkReferences references;
     for (auto match = key.find(text); match;) {
         const std::size_t position = match->position + match->length;

@@ -82,7 +82,7 @@ std::string relativePath(std::string_view fromPath, std::string_view toPath, boo
 
 std::vector<std::string> splitToCollection(std::string_view text, std::string_view delimiter) {
     std::vector<std::string> parts;
-    const TextSearch search(delimiter, 0);
+    const TextSearch search(delimiter);
     std::size_t begin = 0;
     for (auto hit = search.find(text); hit; hit = search.find(text, begin)) {
         parts.emplace_back(text.substr(begin, hit->position - begin));

@@ -147,10 +147,10 @@ std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
 }  // namespace
 
 struct TextSearch::Pattern {
-    Pattern(std::string_view pattern, int options)
-        : wholeWord((options & find_option::wholeWord) != 0),
-          matchCase((options & find_option::matchCase) != 0),
-          anyLineEnd((options & find_option::anyLineEnd) != 0 && pattern.find_first_of("\r\n") != pattern.npos) {
+    Pattern(std::string_view pattern, SearchOptions options)
+        : wholeWord(options.wholeWord),
+          matchCase(options.matchCase),
+          anyLineEnd(options.anyLineEnd && pattern.find_first_of("\r\n") != pattern.npos) {
         if (matchCase && !anyLineEnd) exact = pattern;
         for (std::size_t position = 0; position < pattern.size();) {
             const auto unit = unitAt(pattern, position, pattern.size());
@@ -261,7 +261,8 @@ std::optional<TextMatch> TextSearch::Pattern::findSteadily(std::string_view text
     return std::nullopt;
 }
 
-TextSearch::TextSearch(std::string_view pattern, int options) : pattern_(std::make_unique<Pattern>(pattern, options)) {
+TextSearch::TextSearch(std::string_view pattern, SearchOptions options)
+    : pattern_(std::make_unique<Pattern>(pattern, options)) {
 }
 
 TextSearch::~TextSearch() = default;
@@ -288,11 +289,11 @@ std::optional<TextMatch> TextSearch::find(std::string_view text, std::size_t fro
 
 std::string extractBetween(std::string_view startToken, std::string_view endToken, std::string_view text) {
     // An empty token stands at the very start.
-    const auto start = startToken.empty() ? TextMatch{} : TextSearch(startToken, 0).find(text);
+    const auto start = startToken.empty() ? TextMatch{} : TextSearch(startToken).find(text);
     if (!start) return {};
     const std::string_view tail = text.substr(start->position + start->length);
     if (endToken.empty()) return std::string(tail);
-    const auto end = TextSearch(endToken, 0).find(tail);
+    const auto end = TextSearch(endToken).find(tail);
     if (!end) throw Error(error_number::invalidProcedureCall, "\"" + std::string(endToken) + "\" was not found");
     return std::string(tail.substr(0, end->position));
 }

@@ -9,13 +9,16 @@
 
 namespace kelvor {
 
-/// Bits of the search options.
-namespace find_option {
-constexpr int wholeWord = 2;
-constexpr int matchCase = 4;
-/// A line end of the pattern (CR LF, CR or LF) matches each of the three; half of a CR LF is none.
-constexpr int anyLineEnd = 8;
-}  // namespace find_option
+/// What counts as a match.
+struct SearchOptions {
+    bool wholeWord = false;
+    /// Without it letters of all scripts match in any case.
+    bool matchCase = false;
+    /// A line end of the pattern (CR LF, CR or LF) matches each of the three; half of a CR LF is none.
+    bool anyLineEnd = false;
+
+    bool operator==(const SearchOptions&) const = default;
+};
 
 /// Where a match stands, in bytes of the text searched. Without regard to case its length may differ
 /// from the pattern's.
@@ -28,8 +31,7 @@ struct TextMatch {
 /// proportion to the bytes that it passes over.
 class TextSearch {
 public:
-    /// @param options  the sum of find_option values; without matchCase letters of all scripts match in any case
-    TextSearch(std::string_view pattern, int options);
+    explicit TextSearch(std::string_view pattern, SearchOptions options = {});
     ~TextSearch();
     TextSearch(TextSearch&&) noexcept;
     TextSearch& operator=(TextSearch&&) noexcept;

@@ -113,9 +113,9 @@ TYPED_TEST_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce) {
 
 TYPED_TEST_P(EditControlContract, FindsInItsRange) {
     using Place = std::optional<int>;
-    constexpr int word = find_option::wholeWord;
-    constexpr int wordAndCase = find_option::wholeWord + find_option::matchCase;
-    const auto find = [](const char* pattern, Place start = {}, Place end = {}, int options = 0) {
+    constexpr SearchOptions word = {.wholeWord = true};
+    constexpr SearchOptions wordAndCase = {.wholeWord = true, .matchCase = true};
+    const auto find = [](const char* pattern, Place start = {}, Place end = {}, SearchOptions options = {}) {
         return [=](EditControl& control) { control.Find(pattern, start, end, options); };
     };
     this->check({

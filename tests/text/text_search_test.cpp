@@ -11,24 +11,20 @@
 namespace kelvor {
 namespace {
 
-using find_option::anyLineEnd;
-using find_option::matchCase;
-using find_option::wholeWord;
-
 /// "position+length", or nothing.
 std::string told(const std::optional<TextMatch>& match) {
     return match ? std::to_string(match->position) + "+" + std::to_string(match->length) : "";
 }
 
-std::string matchOf(std::string_view text, std::string_view pattern, int options) {
+std::string matchOf(std::string_view text, std::string_view pattern, SearchOptions options = {}) {
     return told(TextSearch(pattern, options).find(text));
 }
 
 TEST(TextSearch, FindsLettersInAnyCaseAndWholeWords) {
-    EXPECT_EQ(matchOf("\u212Aelvin \u017Fun", "kelvin sun", 0), "0+13");
-    EXPECT_EQ(matchOf("größe GRÖẞE", "GRÖSSE", 0), "");
-    EXPECT_EQ(matchOf("concat ócat cat_ cat1 Cat, cat", "cat", wholeWord), "23+3");
-    EXPECT_EQ(matchOf("abc", "", 0), "");
+    EXPECT_EQ(matchOf("\u212Aelvin \u017Fun", "kelvin sun"), "0+13");
+    EXPECT_EQ(matchOf("größe GRÖẞE", "GRÖSSE"), "");
+    EXPECT_EQ(matchOf("concat ócat cat_ cat1 Cat, cat", "cat", {.wholeWord = true}), "23+3");
+    EXPECT_EQ(matchOf("abc", ""), "");
 }
 
 /// The line end or half of one that begins at `place`.
@@ -38,10 +34,10 @@ CodePoint lineEndAt(std::string_view text, std::size_t place) {
 }
 
 /// What TextSearch must find, by comparing character with character at each place from the begin of one on.
-std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pattern, int options, std::size_t from,
-                                     std::size_t to) {
-    const auto valueOf = [&](UChar32 value) { return (options & matchCase) != 0 ? value : foldedCodePoint(value); };
-    const bool wholeLineEnds = (options & anyLineEnd) != 0 && pattern.find_first_of("\r\n") != pattern.npos;
+std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pattern, SearchOptions options,
+                                     std::size_t from, std::size_t to) {
+    const auto valueOf = [&](UChar32 value) { return options.matchCase ? value : foldedCodePoint(value); };
+    const bool wholeLineEnds = options.anyLineEnd && pattern.find_first_of("\r\n") != pattern.npos;
     const auto unitAt = [&](std::string_view within, std::size_t place) {
         if (wholeLineEnds && (within[place] == '\r' || within[place] == '\n')) return lineEndAt(within, place);
         const CodePoint point = codePointAt(within, place);
@@ -64,7 +60,7 @@ std::optional<TextMatch> findPlainly(std::string_view text, std::string_view pat
             matched += wanted.length;
         }
         if (matched < pattern.size() || end > to) continue;
-        if ((options & wholeWord) == 0 || (!isInWord(start) && !isInWord(end))) return TextMatch{start, end - start};
+        if (!options.wholeWord || (!isInWord(start) && !isInWord(end))) return TextMatch{start, end - start};
     }
     return std::nullopt;
 }
@@ -89,13 +85,14 @@ TEST(TextSearch, AgreesWithThePlainSearch) {
         const auto& alphabet = alphabets[random() % std::size(alphabets)];
         const auto text = randomText(alphabet, random() % 120);
         const auto pattern = randomText(alphabet, 1 + random() % 4);
-        const int options = static_cast<int>(random() % 8) * 2;
+        const auto flags = random();
+        const SearchOptions options = {(flags & 1) != 0, (flags & 2) != 0, (flags & 4) != 0};
         // A range may begin and end within a character, end before its begin or behind the text.
         const auto from = random() % 2 * random() % (text.size() + 3);
         const auto to = random() % 2 == 0 ? std::string::npos : random() % (text.size() + 3);
         const auto match = TextSearch(pattern, options).find(text, from, to);
         const auto expected = findPlainly(text, pattern, options, from, to);
-        ASSERT_EQ(told(match), told(expected)) << pattern << " in " << text << " options " << options;
+        ASSERT_EQ(told(match), told(expected)) << pattern << " in " << text << " options " << flags % 8;
         found += match ? 1 : 0;
     }
     EXPECT_GT(found, 5000);
@@ -108,14 +105,14 @@ TEST(TextSearch, StaysLinearWhereThePatternNearlyMatchesEverywhere) {
     const auto goal = text.size();
     text += std::string(1000, 'A') + "b" + std::string(600, 'A');
     const auto pattern = std::string(1000, 'a') + "b" + std::string(600, 'a');
-    EXPECT_EQ(matchOf(text, pattern, 0), std::to_string(goal) + "+" + std::to_string(pattern.size()));
-    EXPECT_EQ(matchOf(text, pattern, matchCase), "");
-    EXPECT_EQ(matchOf(text, std::string(400, 'a') + "\u212A" + "b", 0), "");
+    EXPECT_EQ(matchOf(text, pattern), std::to_string(goal) + "+" + std::to_string(pattern.size()));
+    EXPECT_EQ(matchOf(text, pattern, {.matchCase = true}), "");
+    EXPECT_EQ(matchOf(text, std::string(400, 'a') + "\u212A" + "b"), "");
     std::string cells;
     for (int i = 0; i < 3000; ++i) cells += "-ab";
-    EXPECT_EQ(matchOf(cells + "-a", cells.substr(0, 3000) + "-a", wholeWord), "6000+3002");
-    EXPECT_EQ(matchOf(std::string(200000, '\r') + "b", std::string(50000, '\n') + "bb", anyLineEnd), "");
-    EXPECT_EQ(matchOf(std::string(200000, 'a'), std::string(50000, 'a'), wholeWord | matchCase), "");
+    EXPECT_EQ(matchOf(cells + "-a", cells.substr(0, 3000) + "-a", {.wholeWord = true}), "6000+3002");
+    EXPECT_EQ(matchOf(std::string(200000, '\r') + "b", std::string(50000, '\n') + "bb", {.anyLineEnd = true}), "");
+    EXPECT_EQ(matchOf(std::string(200000, 'a'), std::string(50000, 'a'), {.wholeWord = true, .matchCase = true}), "");
 }
 
 }  // namespace
