@@ -18,8 +18,8 @@ public:
         std::string_view caption;
     };
     struct Button {
-        std::string_view key;
-        std::string_view toolTip;
+        std::string_view key = {};
+        std::string_view toolTip = {};
         ButtonKind kind = ButtonKind::push;
         std::vector<Entry> entries = {};  ///< of a drop-down button
         bool enabled = true;

@@ -25,11 +25,11 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
         auto item = std::make_unique<MenuItem>(*this, std::string(row.name), parent);
         item->setCaption(std::string(row.caption));
         item->setShortcut(std::string(row.shortcut));
-        item->setVisible((row.flags & menu_flag::hidden) == 0);
-        if ((row.flags & menu_flag::popup) != 0) item->makePopup();
-        item->setIsName((row.flags & menu_flag::name) != 0);
-        item->setEnabled((row.flags & menu_flag::disabled) == 0);
-        item->setChecked((row.flags & menu_flag::checked) != 0);
+        item->setVisible(!row.isHidden);
+        if (row.isPopup) item->makePopup();
+        item->setIsName(row.isName);
+        item->setEnabled(!row.isDisabled);
+        item->setChecked(row.isChecked);
         if (!row.name.empty()) menusByName_.emplace(row.name, item.get());
         menus_.push_back(std::move(item));
     }

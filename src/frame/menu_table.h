@@ -5,24 +5,19 @@
 
 namespace kelvor {
 
-/// Bits of MenuRow::flags.
-namespace menu_flag {
-constexpr int hidden = 1;
-constexpr int disabled = 2;
-constexpr int checked = 4;
-/// The caption will be a name from outside, in which "&" marks nothing.
-constexpr int name = 16;
-/// The top of a popup menu: never in the bar.
-constexpr int popup = 8;
-}  // namespace menu_flag
-
 /// One menu, row or separator as it stands before anything has run.
 struct MenuRow {
-    std::string_view name;
-    std::string_view caption;   ///< "-" for a separator
-    std::string_view shortcut;  ///< "" for none
-    int flags;
-    std::string_view parent;  ///< "" at the top
+    std::string_view parent = {};    ///< "" at the top
+    std::string_view name = {};      ///< "" for most separators
+    std::string_view caption = {};   ///< "-" for a separator
+    std::string_view shortcut = {};  ///< "" for none
+    bool isHidden = false;
+    bool isDisabled = false;
+    bool isChecked = false;
+    /// The caption will be a name from outside, in which "&" marks nothing.
+    bool isName = false;
+    /// The top of a popup menu: never in the bar.
+    bool isPopup = false;
 };
 
 /// All menus, each parent before its rows, rows in their order. The rows of an array have names

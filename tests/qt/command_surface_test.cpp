@@ -64,8 +64,8 @@ void tellTable(std::string_view parent, const std::string& indent, Lines& lines)
         if (row.parent != parent) continue;
         std::string line =
             indent + std::string(row.name) + " '" + std::string(row.caption) + "' " + std::string(row.shortcut);
-        const bool visible = (row.flags & (menu_flag::hidden | menu_flag::popup)) == 0;
-        tellFlags(line, (row.flags & menu_flag::checked) != 0, (row.flags & menu_flag::disabled) == 0, visible);
+        const bool visible = !row.isHidden && !row.isPopup;
+        tellFlags(line, row.isChecked, !row.isDisabled, visible);
         lines.push_back(line);
         if (!row.name.empty()) tellTable(row.name, indent + " ", lines);
     }
