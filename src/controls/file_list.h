@@ -5,6 +5,7 @@
 
 #include "controls/control.h"
 #include "controls/form.h"
+#include "controls/key_press.h"
 
 namespace kelvor {
 
@@ -32,8 +33,7 @@ public:
     void doubleClick(std::size_t index);
 
     Event<> doubleClicked;
-    /// A key went up: its code.
-    Event<int> keyUp;
+    Event<KeyPress> keyUp;
     Event<MousePress> mouseDown;
 
 private:

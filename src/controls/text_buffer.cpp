@@ -206,9 +206,9 @@ void TextBuffer::press(int keyCode, int shift) {
 
 /// What the control itself does with a key.
 void TextBuffer::act(const KeyPress& key) {
-    const bool shifted = (key.shift & 1) != 0;
+    const bool shifted = key.shift == modifier::shift;
     const int code = key.keyCode;
-    if ((key.shift & ~1) != 0) return;
+    if (key.shift != 0 && !shifted) return;
     if (code == key_code::backspace) {
         removeAt(selStart_ - 1);
     } else if (code == key_code::deleteKey) {

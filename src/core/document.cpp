@@ -17,7 +17,6 @@ namespace {
 
 /// Key codes of the chords that go through the Edit commands, and their actions there.
 constexpr std::pair<int, int> editChords[] = {{'V', 0}, {'C', 2}, {'X', 1}, {'Z', 4}, {'A', 3}};
-constexpr int ctrlAlone = 2;
 
 Answer askSaveAsUtf8(const std::string& name) {
     return beepAndShow({.text = "The text in [" + name + "] has characters that its file's encoding lacks.\r\n" +
@@ -220,7 +219,7 @@ void CDocument::Text1_KeyDown(KeyPress& key) {
         const ColorsChanging scope;
         SourceRTB().setSelColor(editorForeColor);
     }
-    if (key.shift != ctrlAlone) return;
+    if (key.shift != modifier::ctrl) return;
     for (const auto& [keyCode, action] : editChords) {
         if (key.keyCode != keyCode) continue;
         key.keyCode = 0;

@@ -13,12 +13,9 @@ namespace {
 enum class Modifiers { ctrlAlone, ctrlShift };
 enum class ControlGets { nothing, theKey };
 
-constexpr int shiftBit = 1;
-constexpr int ctrlBit = 2;
-
 bool isDown(const KeyPress& key, Modifiers modifiers) {
-    if (modifiers == Modifiers::ctrlAlone) return key.shift == ctrlBit;
-    return (key.shift & shiftBit) != 0 && (key.shift & ctrlBit) != 0;
+    if (modifiers == Modifiers::ctrlAlone) return key.shift == modifier::ctrl;
+    return (key.shift & modifier::shift) != 0 && (key.shift & modifier::ctrl) != 0;
 }
 
 /// Whether `key` is the chord of that row, whose key is swallowed then if the row says so.

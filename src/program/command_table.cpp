@@ -219,15 +219,14 @@ void connectArrays(MDIForm1& frame) {
 }
 
 void connectQuickFile(MDIForm1& frame) {
-    constexpr int enter = 13;
     frame.CoolBar1.closeClicked.connect(mnuView_QuickFile_Click);
     frame.Drive1.changed.connect(Drive1_Change);
     frame.Dir1.changed.connect(Dir1_Change);
     frame.Combo5.changed.connect(Combo5_Change);
     frame.Combo5.clicked.connect(Combo5_Change);
     frame.File1.doubleClicked.connect(QuickOpenFiles);
-    frame.File1.keyUp.connect([](int keyCode) {
-        if (keyCode == enter) QuickOpenFiles();
+    frame.File1.keyUp.connect([](const KeyPress& key) {
+        if (key.keyCode == key_code::enter) QuickOpenFiles();
     });
     frame.File1.mouseDown.connect([](const MousePress& press) {
         if (press.button == MousePress::right) File1_RightPress();

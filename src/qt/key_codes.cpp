@@ -22,23 +22,22 @@ constexpr std::array specialKeys = {
     KeyRow{Qt::Key_Backtab, key_code::tab},
     KeyRow{Qt::Key_Return, key_code::enter},
     KeyRow{Qt::Key_Enter, key_code::enter},
-    KeyRow{Qt::Key_Shift, 16},
-    KeyRow{Qt::Key_Control, 17},
-    KeyRow{Qt::Key_Alt, 18},
+    KeyRow{Qt::Key_Shift, key_code::shift},
+    KeyRow{Qt::Key_Control, key_code::ctrl},
+    KeyRow{Qt::Key_Alt, key_code::alt},
     KeyRow{Qt::Key_Escape, key_code::escape},
     KeyRow{Qt::Key_Space, key_code::space},
-    KeyRow{Qt::Key_PageUp, 33},
-    KeyRow{Qt::Key_PageDown, 34},
-    KeyRow{Qt::Key_End, 35},
-    KeyRow{Qt::Key_Home, 36},
-    KeyRow{Qt::Key_Left, 37},
-    KeyRow{Qt::Key_Up, 38},
-    KeyRow{Qt::Key_Right, 39},
-    KeyRow{Qt::Key_Down, 40},
-    KeyRow{Qt::Key_Insert, 45},
+    KeyRow{Qt::Key_PageUp, key_code::pageUp},
+    KeyRow{Qt::Key_PageDown, key_code::pageDown},
+    KeyRow{Qt::Key_End, key_code::end},
+    KeyRow{Qt::Key_Home, key_code::home},
+    KeyRow{Qt::Key_Left, key_code::left},
+    KeyRow{Qt::Key_Up, key_code::up},
+    KeyRow{Qt::Key_Right, key_code::right},
+    KeyRow{Qt::Key_Down, key_code::down},
+    KeyRow{Qt::Key_Insert, key_code::insert},
     KeyRow{Qt::Key_Delete, key_code::deleteKey},
 };
-constexpr int codeOfF1 = 112;
 
 constexpr std::string_view digitRow = "1234567890";
 /// What a US keyboard gives for that row with Shift, for events that carry no scan code.
@@ -49,7 +48,7 @@ constexpr std::string_view shiftedDigitRow = "!@#$%^&*()";
 int keyCodeOf(const QKeyEvent& event) {
     const int key = event.key();
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return codeOfF1 + key - Qt::Key_F1;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return key_code::f1 + key - Qt::Key_F1;
     const auto row = std::find_if(specialKeys.begin(), specialKeys.end(), [&](KeyRow each) { return each.key == key; });
     if (row != specialKeys.end()) return row->code;
 
@@ -63,8 +62,9 @@ int keyCodeOf(const QKeyEvent& event) {
 }
 
 int shiftBits(Qt::KeyboardModifiers modifiers) {
-    return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) + (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
-           (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+    return (modifiers.testFlag(Qt::ShiftModifier) ? modifier::shift : 0) +
+           (modifiers.testFlag(Qt::ControlModifier) ? modifier::ctrl : 0) +
+           (modifiers.testFlag(Qt::AltModifier) ? modifier::alt : 0);
 }
 
 }  // namespace kelvor::qt

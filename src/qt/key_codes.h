@@ -8,7 +8,7 @@ namespace kelvor::qt {
 /// 0 for a key that has none.
 int keyCodeOf(const QKeyEvent& event);
 
-/// The sum of 1 Shift, 2 Ctrl, 4 Alt.
+/// The sum of modifier values.
 int shiftBits(Qt::KeyboardModifiers modifiers);
 
 }  // namespace kelvor::qt

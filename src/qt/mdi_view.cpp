@@ -245,7 +245,8 @@ bool MdiView::eventFilter(QObject* watched, QEvent* event) {
     const QPoint place = press.position().toPoint();
     // A press that a child window has no use for arrives here too.
     if (press.button() != Qt::RightButton || area_.viewport()->childAt(place)) return false;
-    frame_.mouseDown.raise({.button = 2, .shift = shiftBits(press.modifiers()), .x = place.x(), .y = place.y()});
+    frame_.mouseDown.raise(
+        {.button = MousePress::right, .shift = shiftBits(press.modifiers()), .x = place.x(), .y = place.y()});
     return true;
 }
 

@@ -30,9 +30,8 @@ int lineEndMode(const std::string& lineEnd) {
 
 /// On every desktop, whichever of the two is its own.
 bool isRedo(const KeyPress& press) {
-    constexpr int control = 2;
-    constexpr int controlShift = 3;
-    return (press.keyCode == 'Y' && press.shift == control) || (press.keyCode == 'Z' && press.shift == controlShift);
+    return (press.keyCode == 'Y' && press.shift == modifier::ctrl) ||
+           (press.keyCode == 'Z' && press.shift == modifier::ctrl + modifier::shift);
 }
 
 }  // namespace

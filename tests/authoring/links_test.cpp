@@ -50,7 +50,7 @@ protected:
 
 template <int letter>
 void pressCtrlShift() {
-    KeyPress key{letter, 3};
+    KeyPress key{.keyCode = letter, .shift = modifier::ctrl + modifier::shift};
     activeText().keyDown.raise(key);
 }
 

@@ -224,14 +224,14 @@ TEST_F(FileCommands, EditRowsAndTheirChordsActOnceOnTheDocumentInFront) {
     menu("mnuEdit_Copy").click();
     menu("mnuEdit_Delete").click();
     EXPECT_EQ(text.text(), "");
-    EXPECT_EQ(press('Z', 2), 0);
+    EXPECT_EQ(press('Z', modifier::ctrl), 0);
     EXPECT_EQ(text.text(), "one two");
     text.setSelStart(7);
-    EXPECT_EQ(press('V', 3), 'V') << "with Shift the chord belongs to somebody else";
+    EXPECT_EQ(press('V', modifier::ctrl + modifier::shift), 'V') << "with Shift the chord belongs to somebody else";
     menu("mnuEdit_Paste").click();
     EXPECT_EQ(text.text(), "one twoone two");
     ControlFunctionForMode(view_mode::preview);
-    EXPECT_EQ(press('V', 2), 0) << "swallowed where the row is disabled";
+    EXPECT_EQ(press('V', modifier::ctrl), 0) << "swallowed where the row is disabled";
     EXPECT_EQ(text.text(), "one twoone two");
 }
 

@@ -146,8 +146,8 @@ TEST_F(Insertion, TheFormatDialogTakesTheSelectionAndEachControlsChoice) {
                 {.text = "You must enter some text first.", .title = title, .icon = MessageIcon::exclamation});
             button->click();
         }
-        dynamic_cast<TextBuffer&>(form.rtbUserText).press('I', 2);
-        dynamic_cast<TextBuffer&>(form.rtbUserText).press('L', 3);  // a document's alone
+        dynamic_cast<TextBuffer&>(form.rtbUserText).press('I', modifier::ctrl);
+        dynamic_cast<TextBuffer&>(form.rtbUserText).press('L', modifier::ctrl + modifier::shift);  // a document's alone
         form.rtbUserText.SetFocus();
         EXPECT_EQ(form.rtbUserText.selText(), "<I></I>");
         for (const int row : {1, 0, 1, 2}) form.cboFont.choose(row);
@@ -196,9 +196,9 @@ TEST_F(Insertion, ChordsBecomeTagsAndSomeAreSwallowed) {
             "[x]");
         return result + (controlActsToo ? " +" : "");
     };
-    constexpr int ctrl = 2;
-    constexpr int ctrlShift = 3;
-    constexpr int ctrlShiftAlt = 7;
+    using namespace modifier;
+    constexpr int ctrlShift = ctrl + modifier::shift;
+    constexpr int ctrlShiftAlt = ctrlShift + alt;
     for (const auto& [keyCode, shift, result] : {
              std::tuple{int{'6'}, ctrlShift, "[<H6>x</H6>] Text1"},
              {'I', ctrlShiftAlt, "[<LI>x</LI>] Text1"},
@@ -208,8 +208,8 @@ TEST_F(Insertion, ChordsBecomeTagsAndSomeAreSwallowed) {
              {'I', ctrl, "[<I>x</I>] Text1"},
              {'1', ctrl, "[x]  +"},
              {'U', ctrlShift, "[x]  +"},
-             {'Q', 1, "[x]  +"},
-             {'I', 6, "[x]  +"},
+             {'Q', modifier::shift, "[x]  +"},
+             {'I', ctrl + alt, "[x]  +"},
          })
         EXPECT_EQ(pressing(keyCode, shift), result);
     std::string ran;
@@ -226,8 +226,8 @@ TEST_F(Insertion, ChordsBecomeTagsAndSomeAreSwallowed) {
 }
 
 TEST_F(Insertion, ADocumentMayCloseByAChordOfItsOwn) {
-    dynamic_cast<TextBuffer&>(open("b.htm", "").SourceRTB()).press('W', 3);
-    dynamic_cast<TextBuffer&>(*text).press('1', 3);
+    dynamic_cast<TextBuffer&>(open("b.htm", "").SourceRTB()).press('W', modifier::ctrl + modifier::shift);
+    dynamic_cast<TextBuffer&>(*text).press('1', modifier::ctrl + modifier::shift);
     EXPECT_EQ(mainForm().activeForm().Text1.text(), "<H1></H1>");
     EXPECT_EQ(panelText(panel::saved), "File Saved: No");
 }

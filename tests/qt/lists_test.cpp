@@ -255,7 +255,7 @@ TEST_F(Files, SelectionGoesBothWays) {
 
 TEST_F(Files, KeysThatWentDownHereAndRightPressesAreTold) {
     std::string told;
-    files_.keyUp.connect([&told](int key) { told += "key " + std::to_string(key) + ", "; });
+    files_.keyUp.connect([&told](KeyPress key) { told += "key " + std::to_string(key.keyCode) + ", "; });
     files_.mouseDown.connect(
         [&](const MousePress& press) { told += std::to_string(press.button) + selected() + ", "; });
     QTest::keyRelease(&view_, Qt::Key_Return);

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "controls/key_press.h"
 #include "controls/text_box.h"
 #include "qt/button_pictures.h"
 #include "qt/colors.h"
@@ -74,7 +75,7 @@ TEST_F(Bar, MousePressesAreToldOnButtonsDisabledOnesAndBetween) {
     EXPECT_EQ(presses_[0].button, MousePress::right);
     EXPECT_EQ(presses_[0].x, face("New").x() + 8);
     EXPECT_EQ(presses_[2].button, MousePress::left);
-    EXPECT_EQ(presses_[3].shift, 2);
+    EXPECT_EQ(presses_[3].shift, modifier::ctrl);
 }
 
 /// The colours of the pixels that are wholly covered.

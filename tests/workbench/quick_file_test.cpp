@@ -58,7 +58,7 @@ TEST_F(QuickFile, OpensTheSelectedFilesTellsOfOneThatIsGoneAndOffersNothingInAnE
     EXPECT_TRUE(menu("mnuEdit").visible());
     list().doubleClick(0);
     EXPECT_EQ(mainForm().activeForm().caption(), files.path("site/A.HTM"));
-    list().keyUp.raise(13);
+    list().keyUp.raise({.keyCode = key_code::enter});
     EXPECT_EQ(mainForm().TabStrip1.count(), 4U);
     mainForm().Dir1.setPath(files.path("site/pictures"));
     list().mouseDown.raise({.button = MousePress::right});

@@ -31,7 +31,7 @@ protected:
         if (event->type() == QEvent::KeyPress) {
             down_ = key.key();
         } else if (std::exchange(down_, 0) == key.key()) {
-            files_.keyUp.raise(keyCodeOf(key));
+            files_.keyUp.raise({.keyCode = keyCodeOf(key), .shift = shiftBits(key.modifiers())});
         }
         return false;
     }
