@@ -43,6 +43,10 @@ void setUpUStrings() {
     list.setListIndex(0);
 }
 
+void resetUserStrings() {
+    userStrings.clear();
+}
+
 void Combo1_Click() {
     ComboBox& list = mainForm().Combo1;
     wrapByChoice(list, 0, "<", ">", "</" + list.text() + ">");

@@ -24,4 +24,7 @@ void Combo4_Click();
 /// The user's own strings, each under its label.
 inline KeyedCollection<std::string> userStrings;
 
+/// As before the start: none.
+void resetUserStrings();
+
 }  // namespace kelvor

@@ -2,6 +2,12 @@
 
 namespace kelvor {
 
+void resetEditorColors() {
+    colorsChanging = false;
+    editorBackColor = -1;
+    editorForeColor = -1;
+}
+
 ColorsChanging::ColorsChanging() {
     colorsChanging = true;
 }

@@ -10,6 +10,9 @@ inline int editorBackColor = -1;
 
 inline int editorForeColor = -1;
 
+/// As before the start: no colour was chosen.
+void resetEditorColors();
+
 /// While it lives a change of an edit control is a change of colour and no edit.
 class ColorsChanging {
 public:

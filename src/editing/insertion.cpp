@@ -45,6 +45,10 @@ void setDeliveryTarget(const std::string& formName, EditControl* control) {
     delivery() = {formName, control};
 }
 
+void resetDeliveryTarget() {
+    delivery() = {};
+}
+
 EditControl& activeText() {
     return mainForm().activeForm().Text1;
 }

@@ -26,6 +26,8 @@ void replaceSelectionText(EditControl& control, std::string_view text);
 
 /// Makes `control` the place for the text of other tools while `activeFormName` is `formName`; nullptr takes it away.
 void setDeliveryTarget(const std::string& formName, EditControl* control);
+/// As before the start: no such place.
+void resetDeliveryTarget();
 
 /// Where a tool delivers its text: the control registered by the form that `activeFormName` names, otherwise the active
 /// document's. Without a document error 91.

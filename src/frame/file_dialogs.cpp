@@ -20,6 +20,10 @@ void prepareSaveDialog(int flags) {
     dialog.flags = flags;
 }
 
+void resetLastDir() {
+    lastDir.clear();
+}
+
 std::string browseForFolder(const std::string& title) {
     return platform().dialogs.folder(title, lastDir).value_or("");
 }

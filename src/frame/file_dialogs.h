@@ -22,6 +22,9 @@ void prepareSaveDialog(int flags);
 /// The directory last used in any file dialog, without a separator at its end.
 inline std::string lastDir;
 
+/// As before the start: no directory.
+void resetLastDir();
+
 /// The directory that the user picks; "" when cancelled.
 std::string browseForFolder(const std::string& title);
 

@@ -69,6 +69,12 @@ void installLoadErrorReporting() {
     setLoadErrorSink([](Form&, const Error& error) { reportLoadError(error.cause()); });
 }
 
+void resetToolForms() {
+    activeFormName.clear();
+    formLoadFailed = false;
+    setLoadErrorSink({});
+}
+
 bool hasMdiChild() {
     return loadedChildren() >= 1;
 }

@@ -43,6 +43,9 @@ void reportLoadError(const std::string& cause);
 /// Sends every load procedure's failure to reportLoadError. Called once at start.
 void installLoadErrorReporting();
 
+/// As before the start: no form takes text, no load has failed, and a failure is told to nobody.
+void resetToolForms();
+
 /// Whether a document window is loaded, and whether there are two or more.
 bool hasMdiChild();
 

@@ -16,6 +16,7 @@
 #include "platform/platform.h"
 #include "preview/preview.h"
 #include "program/command_table.h"
+#include "program/shared_state.h"
 #include "program/single_instance.h"
 #include "support/fields.h"
 #include "support/report_error.h"
@@ -72,14 +73,9 @@ constexpr void (*steps[])() = {
     initQuickView,
 };
 
-/// The frame's end: the managers go, and then every form that is still loaded.
+/// The frame's end.
 void MDIForm1_Unload() {
-    endDocumentManager();
-    endVDirs();
-    const auto forms = loadedForms();
-    for (Form* form : forms)
-        if (form != &mainForm()) form->unload();
-    closeSettings();
+    resetSharedState();
     instanceLock.reset();
 }
 

@@ -55,6 +55,10 @@ void loadFontList() {
     if (!fonts.empty()) fontList.insert(fontList.end(), fonts.begin() + 1, fonts.end());
 }
 
+void resetFontList() {
+    fontList.clear();
+}
+
 int sampleColor(std::string_view text) {
     constexpr int white = 0xFFFFFF;
     if (text.empty() || text == notAvailable) return white;

@@ -37,6 +37,8 @@ void fillSizeCombo(ComboBox& combo, bool useNa);
 
 /// Appends all fonts of the screen but the first one to `fontList`.
 void loadFontList();
+/// As before the start: none.
+void resetFontList();
 
 /// The colour of a text "#RRGGBB"; white for "" and "(n/a)". A group that is no hexadecimal number is an error 5.
 int sampleColor(std::string_view text);

@@ -13,6 +13,7 @@ FrameFixture::FrameFixture() {
 }
 
 FrameFixture::~FrameFixture() {
+    mainForm().unload();
     releaseMainForm();
     windows_.clear();
 }
@@ -21,6 +22,7 @@ EditWindow& FrameFixture::openText(const std::string& name, const std::string& t
     EditWindow& window = *windows_.emplace_back(std::make_unique<EditWindow>());
     window.setCaption(name);
     window.load();
+    setActiveFormName(window.name());
     mainForm().mdi.show(window);
     window.Text1.setText(text);
     return window;

@@ -3,34 +3,9 @@
 #include <cstdlib>
 #include <utility>
 
-#include "authoring/insert_lists.h"
-#include "controls/form.h"
-#include "editing/editor_colors.h"
-#include "editing/insertion.h"
-#include "frame/file_dialogs.h"
-#include "frame/tool_forms.h"
-#include "support/fields.h"
-#include "support/settings.h"
+#include "program/shared_state.h"
 
 namespace kelvor {
-
-namespace {
-
-void resetShared() {
-    closeSettings();
-    setLoadErrorSink({});
-    setDeliveryTarget({}, nullptr);
-    activeFormName = "editWindow";
-    formLoadFailed = false;
-    colorsChanging = false;
-    lastDir.clear();
-    editorBackColor = -1;
-    editorForeColor = -1;
-    fontList.clear();
-    userStrings.clear();
-}
-
-}  // namespace
 
 ScopedVariable::ScopedVariable(std::string name, const std::string& value) : name_(std::move(name)) {
     if (const char* previous = std::getenv(name_.c_str())) previous_ = previous;
@@ -46,11 +21,11 @@ ScopedVariable::~ScopedVariable() {
 }
 
 FreshState::FreshState(const std::string& runtimeDirectory) : runtimeDirectory_("XDG_RUNTIME_DIR", runtimeDirectory) {
-    resetShared();
+    resetSharedState();
 }
 
 FreshState::~FreshState() {
-    resetShared();
+    resetSharedState();
 }
 
 }  // namespace kelvor

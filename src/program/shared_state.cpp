@@ -1,0 +1,41 @@
+#include "program/shared_state.h"
+
+#include "authoring/insert_lists.h"
+#include "controls/form.h"
+#include "core/document_manager.h"
+#include "core/virtual_directories.h"
+#include "editing/editor_colors.h"
+#include "editing/htmlkeys.h"
+#include "editing/insertion.h"
+#include "frame/file_dialogs.h"
+#include "frame/tool_forms.h"
+#include "support/fields.h"
+#include "support/settings.h"
+
+namespace kelvor {
+
+namespace {
+
+void unloadForms() {
+    const auto forms = loadedForms();
+    for (Form* form : forms)
+        if (form->kind() != Form::Kind::frame) form->unload();
+}
+
+void resetFileChords() {
+    htmlkeys::fileChords() = {};
+}
+
+/// In this order: a form that unloads may store a setting and tell an error.
+constexpr void (*resets[])() = {
+    endDocumentManager, endVDirs,          unloadForms,  closeSettings,    resetToolForms, resetDeliveryTarget,
+    resetFileChords,    resetEditorColors, resetLastDir, resetUserStrings, resetFontList,
+};
+
+}  // namespace
+
+void resetSharedState() {
+    for (const auto reset : resets) reset();
+}
+
+}  // namespace kelvor
