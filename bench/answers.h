@@ -4,24 +4,17 @@
 #include <map>
 #include <string>
 
-#include "platform/dialogs.h"
+#include "tests/kit/quiet_platform.h"
 
 namespace kelvor::bench {
 
-/// Answers each message at once, questions with Yes, and cancels the other dialogs.
-class Answers : public Dialogs {
+/// Answers each message at once and remembers it.
+class Answers : public QuietDialogs {
 public:
     Answer message(const Message& message) override {
         lastText = message.text;
         shown[message.title] = std::chrono::steady_clock::now();
-        return message.buttons == MessageButtons::ok ? Answer::ok : Answer::yes;
-    }
-    std::string input(const InputRequest& /*request*/) override { return {}; }
-    std::vector<std::string> openFiles(const FileRequest& /*request*/) override { return {}; }
-    std::optional<std::string> saveFile(const FileRequest& /*request*/) override { return {}; }
-    std::optional<int> color(const std::string& /*title*/, int /*start*/) override { return {}; }
-    std::optional<std::string> folder(const std::string& /*title*/, const std::string& /*start*/) override {
-        return {};
+        return QuietDialogs::message(message);
     }
 
     std::string lastText;

@@ -47,21 +47,6 @@ private:
     double longest_ = 0;
 };
 
-/// Documents in memory and no window at all.
-class NoWindows : public Windows {
-public:
-    void create(Form&) override {}
-    void destroy(Form&) override {}
-    void showModal(Form&) override {}
-    void showModeless(Form&, bool) override {}
-    void hide(Form&) override {}
-    bool isBlocked(const Form&) const override { return false; }
-    void popupMenu(MenuItem&, const Control*) override {}
-    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
-        return std::make_unique<TextBuffer>(form, name);
-    }
-};
-
 /// The frame with one document window in front, over Scintilla in real windows or over the memory alone.
 template <typename Surface>
 class Bench {
@@ -96,7 +81,7 @@ private:
     static constexpr bool inWindows = std::is_same_v<Surface, qt::ScintillaEdit>;
     qt::QtPlatform desktop_;
     Platform& usual_ = kelvor::platform();
-    NoWindows noWindows_;
+    QuietWindows noWindows_;
 
 public:
     WatchedScreen screen{usual_.screen};

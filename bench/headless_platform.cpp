@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iostream>
-
-#include "controls/text_buffer.h"
+#include <utility>
 
 namespace kelvor::bench {
 
@@ -30,11 +29,7 @@ void forgetPauses() {
 
 Answer HeadlessPlatform::message(const Message& message) {
     std::cerr << message.title << ": " << message.text << '\n';
-    return Answers::message(message);
-}
-
-std::unique_ptr<EditControl> HeadlessPlatform::createEditControl(Form& form, const std::string& name) {
-    return std::make_unique<TextBuffer>(form, name);
+    return QuietPlatform::message(message);
 }
 
 }  // namespace kelvor::bench

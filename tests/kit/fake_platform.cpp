@@ -7,7 +7,6 @@
 #include "base/event.h"
 #include "controls/form.h"
 #include "controls/menu_item.h"
-#include "controls/text_buffer.h"
 #include "files/places.h"
 
 namespace kelvor {
@@ -30,15 +29,7 @@ std::string numbersOf(const Date& day) {
     return std::to_string(day.year) + "-" + std::to_string(day.month) + "-" + std::to_string(day.day);
 }
 
-FakePlatform::FakePlatform()
-    : platform_{.dialogs = *this,
-                .screen = *this,
-                .shell = *this,
-                .clock = *this,
-                .clipboard = *this,
-                .help = *this,
-                .windows = *this} {
-    setPlatform(&platform_);
+FakePlatform::FakePlatform() {
     setErrorSink([](const Error& error) {
         ADD_FAILURE() << "unexpected error " << error.number() << ": " << error.description();
     });
@@ -46,7 +37,6 @@ FakePlatform::FakePlatform()
 
 FakePlatform::~FakePlatform() {
     verifyNothingOutstanding();
-    setPlatform(nullptr);
     setErrorSink({});
 }
 
@@ -145,15 +135,6 @@ std::optional<std::string> FakePlatform::folder(const std::string& title, const 
     return step->text;
 }
 
-void FakePlatform::processEvents() {
-    ++eventRounds;
-}
-
-bool FakePlatform::open(const std::string& target) {
-    opened.push_back(target);
-    return true;
-}
-
 void FakePlatform::start(const std::vector<std::string>& words, const std::string& /*workingDirectory*/) {
     if (const auto failing = startFails.find(words.front()); failing != startFails.end())
         throw Error(failing->second, "cannot start " + words.front());
@@ -181,17 +162,10 @@ void FakePlatform::showModeless(Form& form, bool owned) {
     shownModeless.push_back(form.name() + (owned ? " owned" : ""));
 }
 
-void FakePlatform::hide(Form& /*form*/) {
-}
-
 void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
     menu.clicked.raise();
     const auto step = next("popup", menu.name());
     if (step) step->popup(menu);
-}
-
-std::unique_ptr<EditControl> FakePlatform::createEditControl(Form& form, const std::string& name) {
-    return std::make_unique<TextBuffer>(form, name);
 }
 
 TestDirectory::TestDirectory() {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/error.h"
-#include "platform/platform.h"
+#include "tests/kit/quiet_platform.h"
 
 namespace kelvor {
 
@@ -18,19 +18,11 @@ std::string numbersOf(const Date& day);
 
 /// The surroundings of a test: answers what the test has scripted and records what the program asked for. A
 /// dialog that the test does not expect fails it, and so does an expected one that never came.
-class FakePlatform : private Dialogs,
-                     private Screen,
-                     private Shell,
-                     private Clock,
-                     private Clipboard,
-                     private HelpViewer,
-                     private Windows {
+class FakePlatform : private QuietPlatform {
 public:
     /// Puts itself in force. An error of a handler fails the test, unless it sets an error sink of its own.
     FakePlatform();
     ~FakePlatform() override;
-    FakePlatform(const FakePlatform&) = delete;
-    FakePlatform& operator=(const FakePlatform&) = delete;
 
     /// The next message box must be exactly this one, and gets this answer.
     void expectMessage(const Message& message, Answer answer = Answer::ok);
@@ -93,9 +85,12 @@ private:
     void beep() override { ++beeps; }
     void setMousePointer(MousePointer value) override { pointer = value; }
     std::vector<std::string> fonts() override { return fontNames; }
-    void processEvents() override;
+    void processEvents() override { ++eventRounds; }
 
-    bool open(const std::string& target) override;
+    bool open(const std::string& target) override {
+        opened.push_back(target);
+        return true;
+    }
     void start(const std::vector<std::string>& words, const std::string& workingDirectory) override;
     DateTime now() override { return moment; }
     std::string shortDate(const Date& day) override { return "short " + numbersOf(day); }
@@ -112,12 +107,8 @@ private:
     void destroy(Form& form) override;
     void showModal(Form& form) override;
     void showModeless(Form& form, bool owned) override;
-    void hide(Form& form) override;
-    bool isBlocked(const Form&) const override { return false; }
     void popupMenu(MenuItem& menu, const Control* below) override;
-    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override;
 
-    Platform platform_;
     std::deque<Step> steps_;
     std::optional<Answer> answerAll_;
 };

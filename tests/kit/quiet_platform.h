@@ -1,0 +1,89 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/text_buffer.h"
+#include "platform/platform.h"
+
+namespace kelvor {
+
+/// Dialogs that come back at once: a question is answered with Yes, and all but the messages are cancelled.
+class QuietDialogs : public Dialogs {
+public:
+    Answer message(const Message& message) override {
+        return message.buttons == MessageButtons::ok ? Answer::ok : Answer::yes;
+    }
+    std::string input(const InputRequest& /*request*/) override { return {}; }
+    std::vector<std::string> openFiles(const FileRequest& /*request*/) override { return {}; }
+    std::optional<std::string> saveFile(const FileRequest& /*request*/) override { return {}; }
+    std::optional<int> color(const std::string& /*title*/, int /*start*/) override { return {}; }
+    std::optional<std::string> folder(const std::string& /*title*/, const std::string& /*start*/) override {
+        return {};
+    }
+};
+
+/// No window at all; edit controls are in memory.
+class QuietWindows : public Windows {
+public:
+    void create(Form& /*form*/) override {}
+    void destroy(Form& /*form*/) override {}
+    void showModal(Form& /*form*/) override {}
+    void showModeless(Form& /*form*/, bool /*owned*/) override {}
+    void hide(Form& /*form*/) override {}
+    bool isBlocked(const Form& /*form*/) const override { return false; }
+    void popupMenu(MenuItem& /*menu*/, const Control* /*below*/) override {}
+    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
+        return std::make_unique<TextBuffer>(form, name);
+    }
+};
+
+/// Surroundings without a window or a user, in force while they live. Tests and measurements override what they watch.
+class QuietPlatform : protected QuietDialogs,
+                      protected Screen,
+                      protected Shell,
+                      protected Clock,
+                      protected Clipboard,
+                      protected HelpViewer,
+                      protected QuietWindows {
+public:
+    QuietPlatform() { setPlatform(&platform_); }
+    ~QuietPlatform() override { setPlatform(nullptr); }
+    QuietPlatform(const QuietPlatform&) = delete;
+    QuietPlatform& operator=(const QuietPlatform&) = delete;
+
+protected:
+    void beep() override {}
+    void setMousePointer(MousePointer /*pointer*/) override {}
+    std::vector<std::string> fonts() override { return {}; }
+    void processEvents() override {}
+
+    bool open(const std::string& /*target*/) override { return true; }
+    void start(const std::vector<std::string>& /*words*/, const std::string& /*workingDirectory*/) override {}
+
+    DateTime now() override { return {}; }
+    std::string shortDate(const Date& /*day*/) override { return {}; }
+    std::string mediumDate(const Date& /*day*/) override { return {}; }
+    std::string longDate(const Date& /*day*/) override { return {}; }
+    std::string time(const DateTime& /*moment*/) override { return {}; }
+    std::string monthName(const Date& /*day*/) override { return {}; }
+    std::string dayName(const Date& /*day*/) override { return {}; }
+
+    std::string text() override { return {}; }
+    void setText(const std::string& /*text*/) override {}
+
+    void show(const std::string& /*address*/) override {}
+
+private:
+    Platform platform_{.dialogs = *this,
+                       .screen = *this,
+                       .shell = *this,
+                       .clock = *this,
+                       .clipboard = *this,
+                       .help = *this,
+                       .windows = *this};
+};
+
+}  // namespace kelvor
