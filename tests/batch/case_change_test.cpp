@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "frame/main_frame.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 #include "tests/kit/waiting_events.h"
 
 namespace kelvor {
@@ -16,9 +16,9 @@ constexpr std::size_t nameBox = 1;
 constexpr std::size_t hrefBox = 6;
 using Rows = std::vector<std::string>;
 
-class CaseChangeForm : public FrameFixture {
+class CaseChangeForm : public FrameTest {
 protected:
-    CaseChangeForm() { std::filesystem::create_directories(directory.path("site/sub")); }
+    CaseChangeForm() { std::filesystem::create_directories(files.path("site/sub")); }
     /// A run that failed keeps the form open until the program ends.
     ~CaseChangeForm() override { mainForm().unload(); }
 
@@ -34,7 +34,7 @@ protected:
         show();
         form().optWhere.select(1);
         Rows paths;
-        for (const std::string& name : names) paths.push_back(directory.path(name));
+        for (const std::string& name : names) paths.push_back(files.path(name));
         platform.expectOpen(paths);
         form().cmdAddFiles.click();
     }
@@ -63,34 +63,34 @@ protected:
 };
 
 TEST_F(CaseChangeForm, AListedFileIsReadAndSavedForEachAttribute) {
-    directory.write("a.htm", "<A HREF=\"X.HTM\" NAME=\"Top\">\n\xE4");
-    directory.write("b.htm", "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
+    files.write("a.htm", "<A HREF=\"X.HTM\" NAME=\"Top\">\n\xE4");
+    files.write("b.htm", "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
     showList({"a.htm", "b.htm"});
     form().cmdApply.click();
     EXPECT_EQ(results(), (Rows{"a.htm NAME=\" 1", "a.htm HREF=\" 1", "b.htm NAME=\" 1", "b.htm HREF=\" 2"}));
-    EXPECT_EQ(directory.read("a.htm"), "<A HREF=\"x.htm\" NAME=\"top\">\n\xE4");
-    EXPECT_EQ(directory.read("b.htm"), "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
+    EXPECT_EQ(files.read("a.htm"), "<A HREF=\"x.htm\" NAME=\"top\">\n\xE4");
+    EXPECT_EQ(files.read("b.htm"), "\xEF\xBB\xBF<A HREF=\"Y<Z\">\r\n");
     expectRunning(false);
     form().optCase.select(1);
     form().cmdApply.click();
-    EXPECT_EQ(directory.read("a.htm"), "<A HREF=\"X.HTM\" NAME=\"TOP\">\n\xE4");
+    EXPECT_EQ(files.read("a.htm"), "<A HREF=\"X.HTM\" NAME=\"TOP\">\n\xE4");
 }
 
 TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
     for (const char* name : {"a.html", "b.asp", "sub/c.shtml", "d.txt"})
-        directory.write("site/" + std::string(name), "SRC=\"A\" HREF=\"B\"");
+        files.write("site/" + std::string(name), "SRC=\"A\" HREF=\"B\"");
     show();
     form().chkVal[nameBox].setValue(false);
     form().optWhere.select(2);
     EXPECT_FALSE(form().cmdApply.enabled());
-    platform.expectFolder("Select the starting directory.", directory.path("site"));
+    platform.expectFolder("Select the starting directory.", files.path("site"));
     form().lblStartDir.doubleClick();
     form().chkSubDir.click();
     form().cboFilter.choose(3);
     form().cmdApply.click();
     EXPECT_EQ(results(), (Rows{"a.html HREF=\" 1", "c.shtml HREF=\" 1", "b.asp HREF=\" 1"}));
     EXPECT_EQ(platform.focused, "cmdApply");
-    EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"b\"");
+    EXPECT_EQ(files.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"b\"");
 
     // While the files are gathered nobody can cancel, nor close the form.
     {
@@ -101,15 +101,14 @@ TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
             EXPECT_TRUE(form().isLoaded());
         });
         form().cmdApply.click();
-        EXPECT_EQ(directory.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"B\"");
+        EXPECT_EQ(files.read("site/sub/c.shtml"), "SRC=\"A\" HREF=\"B\"");
     }
 
     // Without files the run stays unfinished, and the form open.
-    form().lblStartDir.setCaption(directory.path("settings"));
-    platform.expectMessage(
-        {.text = "There are no files matching the selected filter(s) in " + directory.path("settings/"),
-         .title = "No files to search",
-         .icon = MessageIcon::exclamation});
+    form().lblStartDir.setCaption(files.path("settings"));
+    platform.expectMessage({.text = "There are no files matching the selected filter(s) in " + files.path("settings/"),
+                            .title = "No files to search",
+                            .icon = MessageIcon::exclamation});
     form().cmdApply.click();
     expectRunning(true);
     EXPECT_EQ(platform.pointer, MousePointer::hourglass);
@@ -128,14 +127,14 @@ TEST_F(CaseChangeForm, AFileThatFailsEndsTheRunAndKeepsItsBytes) {
         int error;
     };
     for (const Row& row : {Row{"read-only.htm", 0444, 0, 70}, Row{"latin.htm", 0644, 1, 5}}) {
-        chmod(directory.write(row.file, bytes).c_str(), row.mode);
+        chmod(files.write(row.file, bytes).c_str(), row.mode);
         showList({row.file});
         form().optCase.select(row.choice);
         int number = 0;
         setErrorSink([&](const Error& thrown) { number = thrown.number(); });
         form().cmdApply.click();
         EXPECT_EQ(number, row.error);
-        EXPECT_EQ(directory.read(row.file), bytes);
+        EXPECT_EQ(files.read(row.file), bytes);
         expectRunning(true);
         mainForm().unload();
         mainForm().load();
@@ -143,7 +142,7 @@ TEST_F(CaseChangeForm, AFileThatFailsEndsTheRunAndKeepsItsBytes) {
 }
 
 TEST_F(CaseChangeForm, CancelIsHeardBetweenFiles) {
-    for (const char* name : {"a.htm", "b.htm"}) directory.write(name, "HREF=\"A\" NAME=\"B\"");
+    for (const char* name : {"a.htm", "b.htm"}) files.write(name, "HREF=\"A\" NAME=\"B\"");
     showList({"a.htm", "b.htm"});
     form().ListView1.followRows([this](const RowChange&) {
         if (form().ListView1.count() != 1) return;
@@ -153,8 +152,8 @@ TEST_F(CaseChangeForm, CancelIsHeardBetweenFiles) {
     expectCancel();
     form().cmdApply.click();
     expectRunning(false);
-    EXPECT_EQ(directory.read("a.htm"), "HREF=\"a\" NAME=\"b\"");
-    EXPECT_EQ(directory.read("b.htm"), "HREF=\"A\" NAME=\"B\"");
+    EXPECT_EQ(files.read("a.htm"), "HREF=\"a\" NAME=\"b\"");
+    EXPECT_EQ(files.read("b.htm"), "HREF=\"A\" NAME=\"B\"");
 }
 
 TEST_F(CaseChangeForm, TheActiveDocumentIsChangedAsOneStepWhileItTakesNoInput) {
@@ -175,7 +174,7 @@ TEST_F(CaseChangeForm, TheScopeFreesItsOwnControls) {
     showList({"a", "b"});
     EXPECT_FALSE(form().optWhere[0].enabled() || form().Frame1.enabled() || form().Frame2.enabled());
     form().cmdRemoveOne.click();
-    EXPECT_EQ(form().lstFiles.rows(), (Rows{directory.path("b")}));
+    EXPECT_EQ(form().lstFiles.rows(), (Rows{files.path("b")}));
     EXPECT_TRUE(form().cmdApply.enabled());
     form().cmdRemoveOne.click();
     EXPECT_FALSE(form().cmdApply.enabled() || form().cmdRemoveOne.enabled());

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "frame/main_frame.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 #include "tests/kit/waiting_events.h"
 
 namespace kelvor {
 namespace {
 
-class FindReplaceForm : public FrameFixture {
+class FindReplaceForm : public FrameTest {
 protected:
     ~FindReplaceForm() override {
         form().cmdClose.setCaption("&Close");  // a run that failed keeps the form open
@@ -100,7 +100,7 @@ TEST_F(FindReplaceForm, AnyLineEndMatchesAnyAndTheReplacementsAreTheDocuments) {
         {"\n\r\n\n", 1, "-", 3, "---"},
     };
     for (const auto& row : rows) {
-        window.Text1.LoadFile(directory.write("page.htm", row.page));
+        window.Text1.LoadFile(files.write("page.htm", row.page));
         window.Text1.setSelLength(row.selected);
         mnuEdit_FindReplace_Click();
         form().txtReplace.setText(row.replacement);

@@ -4,12 +4,12 @@
 
 #include "frame/main_frame.h"
 #include "support/settings.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {
 
-class FindForm : public FrameFixture {
+class FindForm : public FrameTest {
 protected:
     ~FindForm() override { find().unload(); }
 

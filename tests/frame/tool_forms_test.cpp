@@ -8,12 +8,12 @@
 
 #include <filesystem>
 
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {
 
-struct Common : FrameFixture {
+struct Common : FrameTest {
     void expectCritical(const std::string& title, const std::string& text) {
         platform.expectMessage({.text = text, .title = title, .icon = MessageIcon::critical});
     }
@@ -57,7 +57,7 @@ TEST_F(Common, UnloadsAFormThatFailsToLoad) {
     showFormForContext(form, ShowMode::free);
     EXPECT_FALSE(form.isLoaded() || formLoadFailed);
     EXPECT_TRUE(platform.shownModeless.empty());
-    EXPECT_FALSE(std::filesystem::exists(directory.path("program/errorlog.txt")));
+    EXPECT_FALSE(std::filesystem::exists(files.path("program/errorlog.txt")));
 }
 
 TEST_F(Common, RefusesEachCharacterThatNoFileNameMayHave) {
@@ -97,12 +97,12 @@ TEST_F(Common, ReadsAWholeFileAndEndsItsLinesBehindAnEndOfFileMark) {
              {"\x1A\n", "\x1A\r\n"},
              {"a\nb\x1A", "a\nb\x1A"},
          })
-        EXPECT_EQ(readWholeFile(directory.write("file", bytes)), text);
-    EXPECT_EQ(readWholeFile(directory.path("missing")), "error");
+        EXPECT_EQ(readWholeFile(files.write("file", bytes)), text);
+    EXPECT_EQ(readWholeFile(files.path("missing")), "error");
 }
 
 TEST_F(Common, RunsAProgramWithoutAnInterpreter) {
-    const std::string odd = directory.write("my browser; $(x)", "");
+    const std::string odd = files.write("my browser; $(x)", "");
     std::filesystem::permissions(odd, std::filesystem::perms(0755));
     runProgram(odd, "/a b/-rf \"c\".htm");
     runProgram("browser  --new \"a b\"c \"\"", "$(x)");

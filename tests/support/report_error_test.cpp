@@ -5,15 +5,15 @@
 #include <filesystem>
 
 #include "frame/main_frame.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct ReportError : FrameFixture {
-    std::string log() const { return directory.read("program/errorlog.txt"); }
+struct ReportError : FrameTest {
+    std::string log() const { return files.read("program/errorlog.txt"); }
 
     void report(int number, const std::string& description) {
         expectError(number, description);
@@ -35,19 +35,19 @@ TEST_F(ReportError, ShowsAndLogsEachErrorOnOneLineAndGivesTheFrameBack) {
 }
 
 TEST_F(ReportError, PassesOverALogThatCannotBeWritten) {
-    const std::string victim = directory.write("victim", "untouched");
+    const std::string victim = files.write("victim", "untouched");
     fs::create_symlink(victim, errorLogPath());
     report(5, "behind a link");
-    EXPECT_EQ(directory.read("victim"), "untouched");
+    EXPECT_EQ(files.read("victim"), "untouched");
     fs::remove(errorLogPath());
     ASSERT_EQ(mkfifo(errorLogPath().c_str(), 0600), 0);
     report(5, "in a pipe");
-    fs::remove_all(directory.program());
+    fs::remove_all(files.program());
     report(5, "nowhere");
 }
 
 TEST_F(ReportError, StopsALogFromGrowingForEver) {
-    directory.write("program/errorlog.txt", "");
+    files.write("program/errorlog.txt", "");
     fs::resize_file(errorLogPath(), 4 * 1024 * 1024 - 100);
     report(5, "the last one " + std::string(100, 'x'));
     const auto size = fs::file_size(errorLogPath());

@@ -3,7 +3,7 @@
 #include "support/help_pages.h"
 #include "support/html_help.h"
 #include "support/report_error.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 #include "workbench/help_commands.h"
 
 namespace kelvor {
@@ -11,10 +11,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Help = FrameFixture;
+using Help = FrameTest;
 
 TEST_F(Help, ShowsThePageOfEachPlaceAndTheSites) {
-    const std::string file = directory.program() + "/HTML Help/Kelvor HTML Help.chm";
+    const std::string file = files.program() + "/HTML Help/Kelvor HTML Help.chm";
     mnuHelp_sckeys_Click();
     mnuHelp_tavlok_Click();
     mnuHelp_mirrel_Click();
@@ -29,15 +29,15 @@ TEST_F(Help, ShowsThePageOfEachPlaceAndTheSites) {
 }
 
 TEST_F(Help, ShowsTheLogInTheFirstEditorOfTheDesktopOrSaysThatThereIsNone) {
-    fs::create_directory(directory.path("bin"));
-    const ScopedVariable path("PATH", directory.path("none") + "::" + directory.path("bin"));
+    fs::create_directory(files.path("bin"));
+    const ScopedVariable path("PATH", files.path("none") + "::" + files.path("bin"));
     platform.expectMessage(
         {.text = "No errors has been logged", .title = "No error log found", .icon = MessageIcon::information});
     mnuHelp_ViewErrLog_Click();
-    directory.write("program/errorlog.txt", "a line\r\n");
+    files.write("program/errorlog.txt", "a line\r\n");
     mnuHelp_ViewErrLog_Click();
-    for (const auto* name : {"bin/xedit", "bin/kate", "bin/gedit"}) directory.write(name, "");
-    for (const auto* name : {"bin/xedit", "bin/kate"}) fs::permissions(directory.path(name), fs::perms(0755));
+    for (const auto* name : {"bin/xedit", "bin/kate", "bin/gedit"}) files.write(name, "");
+    for (const auto* name : {"bin/xedit", "bin/kate"}) fs::permissions(files.path(name), fs::perms(0755));
     mnuHelp_ViewErrLog_Click();
     EXPECT_EQ(platform.started,
               (std::vector<std::string>{"gnome-text-editor|" + errorLogPath(), "kate|" + errorLogPath()}));

@@ -2,12 +2,12 @@
 
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
-#include "tests/kit/frame_fixture.h"
+#include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
 namespace {
 
-struct Pad : FrameFixture {
+struct Pad : FrameTest {
     Pad() { showScratchPad(); }
 
     void expectQuestion(Answer answer) {
@@ -49,14 +49,14 @@ TEST_F(Pad, TheMenuActsOnThePadAndSavesOnlyAText) {
     lastDir = "/before";
     mainForm().CommonD1.fileName = "other.htm";
     platform.expectPopup([this](MenuItem&) { pad.mnusp_save.click(); });
-    platform.expectSave(directory.path("pad.txt"), [](const FileRequest& request) {
+    platform.expectSave(files.path("pad.txt"), [](const FileRequest& request) {
         EXPECT_EQ(request.directory, "/before");
         EXPECT_EQ(request.fileName, "");
         EXPECT_TRUE(request.overwritePrompt);
     });
     pad.spRTF1.mouseDown.raise({.button = MousePress::right});
-    EXPECT_EQ(directory.read("pad.txt"), "é\r\nb");
-    EXPECT_EQ(lastDir + "/", directory.path(""));
+    EXPECT_EQ(files.read("pad.txt"), "é\r\nb");
+    EXPECT_EQ(lastDir + "/", files.path(""));
     EXPECT_TRUE(pad.unload()) << "no question once it is saved";
 }
 
@@ -65,7 +65,7 @@ TEST_F(Pad, ClosingItOrTheProgramAsksForATextThatWasNotSaved) {
     expectQuestion(Answer::cancel);
     EXPECT_FALSE(mainForm().unload());
     expectQuestion(Answer::yes);
-    const std::string nowhere = directory.path("no/such/pad.txt");
+    const std::string nowhere = files.path("no/such/pad.txt");
     platform.expectSave(nowhere);
     expectError(76, "The folder does not exist: " + nowhere);
     EXPECT_FALSE(pad.unload()) << "a save that failed keeps the text";
