@@ -15,8 +15,17 @@ namespace kelvor {
 
 namespace {
 
-/// Key codes of the chords that go through the Edit commands, and their actions there.
-constexpr std::pair<int, int> editChords[] = {{'V', 0}, {'C', 2}, {'X', 1}, {'Z', 4}, {'A', 3}};
+/// A key that goes with Ctrl through the Edit commands.
+struct EditChord {
+    int keyCode;
+    EditAction action;
+};
+
+constexpr EditChord editChords[] = {{'V', EditAction::paste},
+                                    {'C', EditAction::copy},
+                                    {'X', EditAction::cut},
+                                    {'Z', EditAction::undo},
+                                    {'A', EditAction::selectAll}};
 
 Answer askSaveAsUtf8(const std::string& name) {
     return beepAndShow({.text = "The text in [" + name + "] has characters that its file's encoding lacks.\r\n" +
@@ -68,8 +77,8 @@ Event<>& CDocument::closed() {
     return event;
 }
 
-Event<int>& CDocument::editChord() {
-    static Event<int> event;
+Event<EditAction>& CDocument::editChord() {
+    static Event<EditAction> event;
     return event;
 }
 
@@ -220,10 +229,10 @@ void CDocument::Text1_KeyDown(KeyPress& key) {
         SourceRTB().setSelColor(editorForeColor);
     }
     if (key.shift != modifier::ctrl) return;
-    for (const auto& [keyCode, action] : editChords) {
-        if (key.keyCode != keyCode) continue;
+    for (const EditChord& chord : editChords) {
+        if (key.keyCode != chord.keyCode) continue;
         key.keyCode = 0;
-        editChord().raise(action);
+        editChord().raise(chord.action);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "base/outcome.h"
 #include "controls/tab_strip.h"
 #include "core/virtual_directories.h"
+#include "editing/edit_commands.h"
 #include "editing/htmlkeys.h"
 #include "editing/rich_text_box.h"
 #include "frame/edit_window.h"
@@ -89,8 +90,8 @@ public:
     static Event<>& rightPressed();
     /// Raised when a document closes, whichever it is.
     static Event<>& closed();
-    /// Raised for the clipboard and undo chords: the action's number for Edit_Action.
-    static Event<int>& editChord();
+    /// Raised for the clipboard and undo chords: what Edit_Action is to do.
+    static Event<EditAction>& editChord();
 
 private:
     void connectWindow();

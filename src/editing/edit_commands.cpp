@@ -53,11 +53,10 @@ void mnuRClick_Click() {
     mainForm().menu("mnuRClick_SendSP").setEnabled(mainForm().activeForm().Text1.selLength() != 0);
 }
 
-void Edit_Action(int action) {
+void Edit_Action(EditAction action) {
     static constexpr const char* rows[] = {"mnuEdit_Paste", "mnuEdit_Cut", "mnuEdit_Copy", "mnuEdit_SelectAll",
                                            "mnuEdit_Undo"};
-    if (action < 0 || action >= static_cast<int>(std::size(rows))) return;
-    mainForm().menu(rows[action]).click();
+    mainForm().menu(rows[static_cast<std::size_t>(action)]).click();
 }
 
 }  // namespace kelvor

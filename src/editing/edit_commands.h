@@ -15,7 +15,10 @@ void mnuEdit_Delete_Click();
 void mnuEdit_Click();
 void mnuRClick_Click();
 
-/// Runs the Edit menu's row by number: 0 paste, 1 cut, 2 copy, 3 select all, 4 undo; any other does nothing.
-void Edit_Action(int action);
+/// The Edit menu's rows that have chords in the text.
+enum class EditAction { paste, cut, copy, selectAll, undo };
+
+/// Runs the row, which does nothing while it is disabled.
+void Edit_Action(EditAction action);
 
 }  // namespace kelvor

@@ -38,7 +38,7 @@ void PathCompleter::prepare(const QString& text, const std::string& directory) {
         listed_.reset();
         return list_.setStringList({});
     }
-    const std::pair wanted(folders.front(), text.mid(headLength).startsWith(QLatin1Char('.')));
+    const Listing wanted = {.folder = folders.front(), .withHidden = text.mid(headLength).startsWith(QLatin1Char('.'))};
     if (listed_ == wanted && head_ == head) return;
     listed_ = wanted;
     head_ = head;

@@ -25,8 +25,14 @@ private:
 
     const bool foldersOnly_;
     QStringListModel list_;
-    std::optional<std::pair<std::string, bool>> listed_;  ///< the folder read, and whether with hidden names
-    QString head_;                                        ///< what stands before the names
+    /// What has been read for the offers.
+    struct Listing {
+        std::string folder;
+        bool withHidden = false;
+        bool operator==(const Listing&) const = default;
+    };
+    std::optional<Listing> listed_;
+    QString head_;  ///< what stands before the names
 };
 
 }  // namespace kelvor::qt

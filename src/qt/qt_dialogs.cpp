@@ -64,7 +64,12 @@ QMessageBox::StandardButton escapeOf(MessageButtons buttons) {
     return QMessageBox::Ok;
 }
 
-constexpr std::pair<Answer, QMessageBox::StandardButton> answers[] = {
+struct AnswerRow {
+    Answer answer;
+    QMessageBox::StandardButton button;
+};
+
+constexpr AnswerRow answers[] = {
     {Answer::ok, QMessageBox::Ok},
     {Answer::yes, QMessageBox::Yes},
     {Answer::no, QMessageBox::No},
@@ -72,8 +77,8 @@ constexpr std::pair<Answer, QMessageBox::StandardButton> answers[] = {
 };
 
 QMessageBox::StandardButton buttonOf(Answer answer) {
-    return std::find_if(std::begin(answers), std::end(answers), [&](const auto& row) { return row.first == answer; })
-        ->second;
+    return std::find_if(std::begin(answers), std::end(answers), [&](const auto& row) { return row.answer == answer; })
+        ->button;
 }
 
 /// The paths that the user chooses; none when the dialog is cancelled.
@@ -107,9 +112,9 @@ Answer QtDialogs::message(const Message& message) {
     box.setDefaultButton(box.standardButtons().testFlag(standard) ? standard : QMessageBox::Yes);
     makeRoomForTitle(box);
     const int pressed = showUntilAnswered(box);
-    const auto row = std::find_if(std::begin(answers), std::end(answers),
-                                  [&](const auto& answer) { return answer.second == pressed; });
-    return row == std::end(answers) ? Answer::cancel : row->first;
+    const auto row =
+        std::find_if(std::begin(answers), std::end(answers), [&](const auto& each) { return each.button == pressed; });
+    return row == std::end(answers) ? Answer::cancel : row->answer;
 }
 
 std::string QtDialogs::input(const InputRequest& request) {

@@ -55,14 +55,19 @@ std::string textSortKey(std::string_view text) {
 }
 
 void sortAsText(std::vector<std::string>& texts) {
-    std::vector<std::pair<std::string, std::string>> keyed;
+    struct Keyed {
+        std::string key;
+        std::string text;
+        auto operator<=>(const Keyed&) const = default;
+    };
+    std::vector<Keyed> keyed;
     keyed.reserve(texts.size());
     for (std::string& text : texts) {
         std::string key = textSortKey(text);
-        keyed.emplace_back(std::move(key), std::move(text));
+        keyed.push_back({std::move(key), std::move(text)});
     }
     std::sort(keyed.begin(), keyed.end());
-    std::transform(keyed.begin(), keyed.end(), texts.begin(), [](auto& entry) { return std::move(entry.second); });
+    std::transform(keyed.begin(), keyed.end(), texts.begin(), [](Keyed& entry) { return std::move(entry.text); });
 }
 
 }  // namespace kelvor

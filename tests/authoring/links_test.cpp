@@ -55,13 +55,17 @@ void pressCtrlShift() {
 }
 
 TEST_F(Links, PromptsMakeAnchorsOfWhatIsEntered) {
-    const std::pair link(
+    struct Prompt {
+        const char* text;
+        const char* title;
+    };
+    const Prompt link = {
         "Enter the link code.\r\n\r\nLink type: mailto:\r\n\r\nYou need only enter the actual internet link link. "
         "Example: someone@example.com",
-        "Enter Link Code");
-    const std::pair address("Enter the fully qualified URL for this anchor.", "Make anchor");
-    const std::pair name("Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
-                         "Make named anchor");
+        "Enter Link Code"};
+    const Prompt address = {"Enter the fully qualified URL for this anchor.", "Make anchor"};
+    const Prompt name = {"Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
+                         "Make named anchor"};
     for (const auto& [command, prompt, answer, result] : {
              std::tuple{+linkToScheme<LinkScheme::mailto>, link, "\"a\"@b",
                         "my <A HREF=\"mailto:\"a\"@b\">word</A> Text1"},
@@ -74,7 +78,7 @@ TEST_F(Links, PromptsMakeAnchorsOfWhatIsEntered) {
              {pressCtrlShift<'N'>, name, "top", "my <A NAME=\"top\">word</A> Text1"},
              {pressCtrlShift<'N'>, name, "", "my word Text1"},
          }) {
-        platform.expectInput(prompt.first, prompt.second, answer);
+        platform.expectInput(prompt.text, prompt.title, answer);
         EXPECT_EQ(resultOf(command), result);
     }
 }

@@ -56,11 +56,17 @@ TEST_F(Document, TypingMarksItChangedAndOnlyASaveThatSucceedsClean) {
 
 TEST_F(Document, TheCloseQuestionKeepsOrLosesAsAnsweredAndAFailedSaveKeeps) {
     constexpr mode_t readOnly = 0444;
+    struct Row {
+        Answer answer;
+        mode_t mode;
+        const char* onDisk;
+        std::size_t left;
+    };
     for (const auto& [answer, mode, onDisk, left] : {
-             std::tuple{Answer::no, mode_t{0644}, "old", 0U},
-             {Answer::yes, 0644, "newold", 0U},
-             {Answer::cancel, 0644, "old", 1U},
-             {Answer::yes, readOnly, "old", 2U},
+             Row{Answer::no, 0644, "old", 0},
+             {Answer::yes, 0644, "newold", 0},
+             {Answer::cancel, 0644, "old", 1},
+             {Answer::yes, readOnly, "old", 2},
          }) {
         const std::string path = open("a.htm", "old").LongFileName();
         type("new");

@@ -58,14 +58,14 @@ protected:
             case State::follows:
                 break;
         }
-        return documents_.back().second == view_mode::source ? "111111111 source" : "111000000 page";
+        return documents_.back().mode == view_mode::source ? "111111111 source" : "111000000 page";
     }
 
     void openFile() { open(files.write("a.htm", "x")); }
     void openUntitled() { open(files.write("a.tpl", "x"), true); }
     void open(const std::string& path, bool isUntitled = false) {
         EXPECT_TRUE(fileOpen(path, isUntitled));
-        documents_.emplace_back(&documentManager().currentDocument(), view_mode::source);
+        documents_.push_back({&documentManager().currentDocument(), view_mode::source});
         state_ = State::follows;
     }
     void failToOpen() {
@@ -85,7 +85,7 @@ protected:
         if (!documents_.empty()) close(any());
     }
     void close(std::size_t index) {
-        documents_[index].first->SourceForm().unload();
+        documents_[index].document->SourceForm().unload();
         documents_.erase(documents_.begin() + static_cast<std::ptrdiff_t>(index));
         if (documents_.empty()) state_ = State::off;
     }
@@ -99,7 +99,7 @@ protected:
         if (!documents_.empty() && mainForm().Picture2.visible()) bringForward(any());
     }
     void bringForward(std::size_t index) {
-        mainForm().TabStrip1.click(documents_[index].first->StrUniqueID());
+        mainForm().TabStrip1.click(documents_[index].document->StrUniqueID());
         std::rotate(documents_.begin() + static_cast<std::ptrdiff_t>(index),
                     documents_.begin() + static_cast<std::ptrdiff_t>(index) + 1, documents_.end());
         state_ = State::follows;
@@ -107,33 +107,37 @@ protected:
     void nextWindow() {
         if (documents_.empty() || state_ == State::off) return;
         menu("mnuWindow_NextWindow").click();
-        const auto front = std::find_if(documents_.begin(), documents_.end(), [](const auto& document) {
-            return document.first == &documentManager().currentDocument();
+        const auto front = std::find_if(documents_.begin(), documents_.end(), [](const auto& each) {
+            return each.document == &documentManager().currentDocument();
         });
         std::rotate(front, front + 1, documents_.end());
     }
     /// The dialog for the name of an untitled one is cancelled; every other time its question is answered with No.
     void preview() {
         if (documents_.empty() || state_ == State::off) return;
-        const bool isUntitled = documents_.back().first->IsUntitled();
+        const bool isUntitled = documents_.back().document->IsUntitled();
         const bool refuses = isUntitled && random_() % 2 == 0;
         if (isUntitled) platform.expectMessage(previewQuestion, refuses ? Answer::no : Answer::yes);
         if (isUntitled && !refuses) platform.expectSave("");
         menu("mnuView_Preview").click();
-        if (!refuses) documents_.back().second = view_mode::preview;
+        if (!refuses) documents_.back().mode = view_mode::preview;
     }
     void source() {
         if (documents_.empty() || state_ == State::off) return;
         mainForm().Toolbar4.click("Source");
-        documents_.back().second = view_mode::source;
+        documents_.back().mode = view_mode::source;
     }
     std::size_t any() { return random_() % documents_.size(); }
 
     enum class State { designed, off, follows };
     State state_ = State::off;
     std::string designed_;
-    /// With what each shows; the one in front last, before it the one that was in front before.
-    std::vector<std::pair<CDocument*, int>> documents_;
+    struct OpenDocument {
+        CDocument* document;
+        int mode;  ///< of view_mode: what it shows
+    };
+    /// The one in front last, before it the one that was in front before.
+    std::vector<OpenDocument> documents_;
     std::string pipe_ = files.path("pipe.htm");
     std::mt19937 random_{GetParam() ? 1U : 2U};
     const Message previewQuestion = {.text = "File must be saved before a preview can be executed.\r\nSave file now?",
@@ -154,7 +158,8 @@ TEST_P(Enablement, FollowsTheDocumentInFrontThroughAnyActs) {
     std::string road;
     for (int count = 0; count < 1000; ++count) {
         ASSERT_EQ(seen(), expected()) << "after" << road;
-        ASSERT_TRUE(documents_.empty() || &mainForm().activeForm() == &documents_.back().first->SourceForm()) << road;
+        ASSERT_TRUE(documents_.empty() || &mainForm().activeForm() == &documents_.back().document->SourceForm())
+            << road;
         const Act& act = acts()[random_() % acts().size()];
         road = road.substr(road.size() > 200 ? road.find(',', road.size() - 200) : 0) + ", " + act.name;
         (this->*act.perform)();

@@ -21,7 +21,11 @@ PageAddress at(const std::string& url) {
     return {.scheme = url.substr(0, host - 3), .host = url.substr(host, path - host), .path = url.substr(path)};
 }
 
-using Row = std::tuple<std::string, ResourceKind, bool>;
+struct Row {
+    std::string target;
+    ResourceKind kind;
+    bool isAllowed;
+};
 
 void expectRows(const std::string& document, std::initializer_list<Row> rows, bool remoteContent = false) {
     for (const auto& [target, kind, allowed] : rows) {

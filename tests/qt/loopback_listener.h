@@ -99,8 +99,8 @@ private:
     std::string answerTo(const std::string& request) const {
         const std::string line = firstLine(request);
         const auto refusal = refusals_.find(line);
-        if (refusal != refusals_.end() && request.find(refusal->second.second) == std::string::npos)
-            return refusal->second.first;
+        if (refusal != refusals_.end() && request.find(refusal->second.opener) == std::string::npos)
+            return refusal->second.answer;
         const auto known = answers_.find(line);
         return known != answers_.end() ? known->second : "404 Not Found\r\nContent-Length: 0\r\n\r\n";
     }
@@ -113,7 +113,11 @@ private:
     bool keepsSilent_ = false;
     int silent_ = -1;
     std::map<std::string, std::string> answers_;
-    std::map<std::string, std::pair<std::string, std::string>> refusals_;
+    struct Refusal {
+        std::string answer;
+        std::string opener;  ///< what a request must hold to be let through
+    };
+    std::map<std::string, Refusal> refusals_;
     std::vector<std::string> heard_;
 };
 

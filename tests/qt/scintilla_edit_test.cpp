@@ -102,7 +102,14 @@ TEST_F(ScintillaEditTest, HandlersGetKeyCodesAndMaySwallowAKey) {
         key.keyCode = 0;
     });
     edit->keyUp.connect([&](KeyPress& key) { told.push_back(key.keyCode); });
-    const std::tuple<int, Qt::KeyboardModifiers, quint32, int, int> rows[] = {
+    struct Row {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        quint32 scanCode;
+        int keyCode;
+        int shift;
+    };
+    const Row rows[] = {
         {Qt::Key_X, Qt::NoModifier, 53, 'X', 0},
         {Qt::Key_B, Qt::ControlModifier, 56, 'B', 2},
         // A German keyboard has these signs above its digits, a French one below.

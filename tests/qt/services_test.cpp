@@ -90,7 +90,12 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     platform().shell.start({"cp", file, copy}, "/");
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(toQt(copy)); }));
 
-    const std::tuple<std::vector<std::string>, std::string, int> failing[] = {
+    struct FailingStart {
+        std::vector<std::string> words;
+        std::string place;
+        int number;
+    };
+    const FailingStart failing[] = {
         {{"no-such-program-anywhere"}, "", error_number::fileNotFound},
         {{directory / "missing"}, "", error_number::fileNotFound},
         {{file}, "", error_number::pathAccess},
