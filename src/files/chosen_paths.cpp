@@ -6,7 +6,7 @@
 
 #include "base/error.h"
 #include "files/file_error.h"
-#include "files/folder_entries.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/places.h"
 #include "files/volumes.h"
@@ -21,11 +21,9 @@ constexpr std::size_t mostPathsTold = 10;
 /// What `fault` finds wrong with the kind of what stands at the path, or why that cannot be seen.
 template <typename Fault>
 std::optional<std::string> obstacleTo(const std::string& path, const Fault& fault) {
-    try {
-        return fault(pathKind(path));
-    } catch (const Error& error) {
-        return error.description();
-    }
+    const PathLook look = lookAt(path);
+    if (look.error != 0 && look.error != ENOENT) return fileError(look.error, path).description();
+    return fault(look.kind);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "files/files.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,9 +7,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 
 #include "files/file_error.h"
+#include "files/listing.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/regular_file.h"
 #include "files/system_calls.h"
@@ -20,47 +20,6 @@
 namespace kelvor {
 
 namespace {
-
-struct CloseDirectory {
-    void operator()(DIR* directory) const { closedir(directory); }
-};
-
-enum class EntryKind { gone, file, directory };
-
-/// What an entry of a listing is; a link is what it leads to.
-EntryKind kindOf(int directory, const dirent& entry) {
-    const auto kind = [](bool isDirectory) { return isDirectory ? EntryKind::directory : EntryKind::file; };
-    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return kind(entry.d_type == DT_DIR);
-    struct stat status {};
-    if (fstatat(directory, entry.d_name, &status, 0) != 0) return EntryKind::gone;
-    return kind(S_ISDIR(status.st_mode));
-}
-
-[[noreturn]] void failToRead(const std::string& directory) {
-    throw fileError(errno == ENOENT ? ENOTDIR : errno, directory);
-}
-
-/// Calls `visit` with the name of each entry of that kind in the directory until it answers false. Throws Error when
-/// the directory cannot be read to its end.
-template <typename Visit>
-void visitEntries(const std::string& directory, EntryKind kind, const Visit& visit) {
-    const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
-    if (!stream) failToRead(directory);
-    for (;;) {
-        errno = 0;
-        const auto* entry = readdir(stream.get());
-        if (!entry && errno != 0) failToRead(directory);
-        if (!entry) return;
-        if (kindOf(dirfd(stream.get()), *entry) == kind && !visit(std::string(entry->d_name))) return;
-    }
-}
-
-/// Whether there is something at the path, or may be: where the user may not look, only an attempt tells.
-bool mayExist(const std::string& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) == 0) return true;
-    return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG;
-}
 
 /// Renames after a look whether the name is free; a file that another program makes there between the two is lost.
 bool renameAfterLook(const char* from, const char* to) {
@@ -112,14 +71,14 @@ bool appendToFile(const std::string& path, std::string_view line) {
 }
 
 bool listingFinds(const std::string& path) {
-    if (mayExist(path)) return true;
+    if (lookAt(path).mayBeThere()) return true;
     const auto pattern = fileNamePart(path);
     const auto part = directoryPart(path);
     const auto directory = part.empty() ? "." : part;
-    if (pattern.find_first_of("*?") == std::string::npos || !isDirectory(directory)) return false;
+    if (pattern.find_first_of("*?") == std::string::npos || !lookAt(directory).isFolder()) return false;
     bool found = false;
-    visitEntries(directory, EntryKind::file, [&](const std::string& name) {
-        found = nameMatches(name, pattern);
+    visitEntries(directory, [&](const ListedEntry& entry) {
+        found = nameMatches(entry.name(), pattern) && entry.kind() == PathKind::file;
         return !found;
     });
     return found;
@@ -127,8 +86,8 @@ bool listingFinds(const std::string& path) {
 
 std::vector<std::string> filesMatching(const std::string& directory, const std::string& pattern) {
     std::vector<std::string> names;
-    visitEntries(directory, EntryKind::file, [&](std::string name) {
-        if (nameMatches(name, pattern)) names.push_back(std::move(name));
+    visitEntries(directory, [&](const ListedEntry& entry) {
+        if (nameMatches(entry.name(), pattern) && entry.kind() == PathKind::file) names.emplace_back(entry.name());
         return true;
     });
     sortAsText(names);
@@ -137,8 +96,8 @@ std::vector<std::string> filesMatching(const std::string& directory, const std::
 
 std::vector<std::string> directoriesIn(const std::string& directory) {
     std::vector<std::string> names;
-    visitEntries(directory, EntryKind::directory, [&](std::string name) {
-        if (!name.starts_with('.')) names.push_back(std::move(name));
+    visitEntries(directory, [&](const ListedEntry& entry) {
+        if (*entry.name() != '.' && entry.kind() == PathKind::folder) names.emplace_back(entry.name());
         return true;
     });
     sortAsText(names);
@@ -171,11 +130,6 @@ bool nameMatches(std::string_view name, std::string_view pattern) {
         }
     }
     return pattern.find_first_not_of('*', atPattern) == std::string_view::npos;
-}
-
-bool isDirectory(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 void removeFile(const std::string& path) {

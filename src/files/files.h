@@ -44,7 +44,6 @@ std::vector<std::string> directoriesIn(const std::string& directory);
 /// Whether a file name matches a pattern of "*" and "?", case ignored; "*.*" matches every name.
 bool nameMatches(std::string_view name, std::string_view pattern);
 
-bool isDirectory(const std::string& path);
 /// Throws Error when the file is not there or does not go.
 void removeFile(const std::string& path);
 /// Gives a file another name. Throws Error, 58 when that name is taken, also when the two are on different disks; the

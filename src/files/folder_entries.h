@@ -16,13 +16,8 @@ struct FolderEntry {
 };
 
 /// The folders and regular files in `directory`, those that links lead to included, folders first, sorted as a person
-/// reads them. No file is opened. Throws Error when the directory cannot be read.
+/// reads them. No file is opened. Throws Error when the directory cannot be read, 76 when there is none.
 std::vector<FolderEntry> folderEntries(const std::string& directory);
-
-enum class PathKind { none, folder, file };
-
-/// What stands at the path; a link is what it leads to. Throws Error when that cannot be seen.
-PathKind pathKind(const std::string& path);
 
 /// Throws Error when it does not come to be.
 void makeFolder(const std::string& path);

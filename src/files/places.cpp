@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "files/files.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 
 namespace kelvor {
@@ -16,11 +16,6 @@ namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool isDirectory(const fs::path& path) {
-    std::error_code failure;
-    return fs::is_directory(path, failure);
-}
 
 std::optional<Directories>& overriding() {
     static std::optional<Directories> directories;
@@ -46,7 +41,7 @@ std::string executableDirectory() {
 /// What a package brought along: beside the program wherever it was unpacked, else where it was to be installed.
 std::string installedData() {
     const auto beside = (fs::path(executableDirectory()).parent_path() / "share" / "kelvor").string();
-    return isDirectory(beside) ? beside : KELVOR_INSTALLED_DATA;
+    return lookAt(beside).isFolder() ? beside : KELVOR_INSTALLED_DATA;
 }
 
 /// Puts into `directory` what of the installed data it lacks. All is copied aside first and moved in whole, the
@@ -78,12 +73,12 @@ void fillFrom(const fs::path& installed, const fs::path& directory) {
 
 std::string findProgramDirectory() {
     auto beside = executableDirectory();
-    if (isDirectory(joinPath(beside, "Templates")) && access(beside.c_str(), W_OK) == 0) return beside;
+    if (lookAt(joinPath(beside, "Templates")).isFolder() && access(beside.c_str(), W_OK) == 0) return beside;
     auto installed = installedData();
     auto own = userDirectory("XDG_DATA_HOME", ".local/share");
     std::error_code failure;
     if (own.empty() || (!fs::create_directories(own, failure) && failure)) return installed;
-    if (!isDirectory(joinPath(own, "Templates")) && isDirectory(installed)) fillFrom(installed, own);
+    if (!lookAt(joinPath(own, "Templates")).isFolder() && lookAt(installed).isFolder()) fillFrom(installed, own);
     return own;
 }
 

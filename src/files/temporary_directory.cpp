@@ -14,6 +14,7 @@
 
 #include "files/file_error.h"
 #include "files/files.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/places.h"
 #include "files/system_calls.h"
@@ -27,7 +28,7 @@ constexpr std::string_view namePattern = "kelvor-XXXXXX";
 
 std::string baseDirectory() {
     const auto base = directoryVariable("TMPDIR");
-    return isDirectory(base) ? base : "/tmp";
+    return lookAt(base).isFolder() ? base : "/tmp";
 }
 
 /// Opens the directory itself, never one to which a link leads.

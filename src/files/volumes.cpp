@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "files/files.h"
+#include "files/path_look.h"
 
 namespace kelvor {
 
@@ -56,7 +57,7 @@ std::vector<std::string> volumesIn(std::string_view mountInfo) {
         if (separator == std::string_view::npos) continue;
         line.remove_prefix(separator + 3);
         const std::string_view type = takeWord(line);
-        if (!holdsFiles(type, takeWord(line)) || path == "/" || !isDirectory(path)) continue;
+        if (!holdsFiles(type, takeWord(line)) || path == "/" || !lookAt(path).isFolder()) continue;
         volumes.push_back(path);
     }
     std::sort(volumes.begin(), volumes.end());

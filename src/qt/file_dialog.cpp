@@ -14,7 +14,7 @@
 
 #include "base/error.h"
 #include "files/chosen_paths.h"
-#include "files/files.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/places.h"
 #include "files/typed_paths.h"
@@ -290,7 +290,7 @@ void FileDialog::acceptFiles() {
     const auto entries = view_.marked();
     if (paths.empty() && entries.size() == 1) paths = {view_.pathOf(entries.front())};
     if (paths.empty()) return;
-    if (paths.size() == 1 && isDirectory(paths.front())) {
+    if (paths.size() == 1 && lookAt(paths.front()).isFolder()) {
         if (enter(paths.front())) field_.clear();
         return;
     }
@@ -304,7 +304,7 @@ void FileDialog::acceptName() {
     const auto marked = markedPaths();
     const std::string path = marked.empty() ? nameToSave() : marked.front();
     if (path.empty()) return;
-    if (isDirectory(path)) {
+    if (lookAt(path).isFolder()) {
         if (enter(path)) field_.clear();
         return;
     }

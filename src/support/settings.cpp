@@ -8,6 +8,7 @@
 #include <memory>
 #include <utility>
 
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/places.h"
 #include "platform/platform.h"
@@ -33,8 +34,7 @@ std::filesystem::file_time_type lastWritten(const std::string& path) {
 
 /// Whether something has that path, were it a link that leads nowhere.
 bool isThere(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found;
+    return lookAt(path, Links::kept).mayBeThere();
 }
 
 /// The user's settings file; when that cannot be used, a store in memory that takes its place until the end.

@@ -4,7 +4,7 @@
 
 #include "core/file_open.h"
 #include "core/recent_files.h"
-#include "files/files.h"
+#include "files/path_look.h"
 #include "files/paths.h"
 #include "files/volumes.h"
 #include "frame/file_dialogs.h"
@@ -65,7 +65,7 @@ void SetQuickView() {
     const std::string volume = volumeOf(lastDir, frame.Drive1.list());
     if (volume.empty()) throw Error(error_number::deviceUnavailable, "Device unavailable: " + shortened(lastDir));
     frame.Drive1.setDrive(volume);
-    if (isDirectory(lastDir)) frame.Dir1.setPath(lastDir);
+    if (lookAt(lastDir).isFolder()) frame.Dir1.setPath(lastDir);
 }
 
 void QuickOpenFiles() {
