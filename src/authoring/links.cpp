@@ -23,7 +23,7 @@ void rClickLink(std::string_view prefix, std::string_view example) {
 }
 
 void linkFileSys() {
-    const auto path = chooseFileToLink("Link to file on this system.");
+    const auto path = pickFile("Link to file on this system.");
     if (!path) return;
     insertAtSelection(openingAnchor(linkTarget(*path)), closingAnchor);
     activeText().SetFocus();
@@ -40,19 +40,6 @@ void blankAnchor() {
     const std::string address = askAnchorUrl();
     if (address.empty()) return activeText().SetFocus();
     insertAtSelection(openingAnchor(address), closingAnchor);
-}
-
-std::optional<std::string> chooseFileToLink(const std::string& title) {
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.flags = dialog_flag::hideReadOnly | dialog_flag::fileMustExist;
-    dialog.initDir = lastDir;
-    dialog.dialogTitle = title;
-    dialog.filter = fileFilter;
-    dialog.filterIndex = preferredFilterIndex();
-    dialog.fileName.clear();
-    if (!answered(dialog, &CommonDialog::ShowOpen)) return std::nullopt;
-    lastDir = directoryPart(dialog.fileName);
-    return dialog.fileName;
 }
 
 std::string linkTarget(const std::string& path) {

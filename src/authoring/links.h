@@ -46,8 +46,6 @@ void nameAnchor();
 /// Asks for an address and links to it.
 void blankAnchor();
 
-/// Asks for an existing file, whose directory becomes `lastDir`; none when it was cancelled.
-std::optional<std::string> chooseFileToLink(const std::string& title);
 /// The text to write for a file in the active document: relative when the settings ask for it and there is a way, in
 /// lower case when they ask for that.
 std::string linkTarget(const std::string& path);

@@ -5,6 +5,7 @@
 #include "editing/anchors.h"
 #include "editing/insertion.h"
 #include "files/whole_file.h"
+#include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
@@ -32,7 +33,7 @@ void NameAnchorFile::Form_Load() {
 
 void NameAnchorFile::cmdCommonD_Click() {
     formLoadFailed = false;
-    const auto path = chooseFileToLink("Select file to scan for name anchors");
+    const auto path = pickFile("Select file to scan for name anchors");
     if (!path) return;
     nameAnchors.clear();
     path_ = *path;

@@ -239,10 +239,7 @@ void CDocument::Text1_KeyDown(KeyPress& key) {
 bool CDocument::saveBeforeClosing() {
     if (isUntitled_) {
         using namespace dialog_flag;
-        prepareSaveDialog(overwritePrompt | hideReadOnly | noReadOnlyReturn);
-        mainForm().CommonD1.fileName.clear();
-        mainForm().CommonD1.ShowSave();
-        longFileName_ = mainForm().CommonD1.fileName;
+        longFileName_ = pickSavePath("", overwritePrompt | hideReadOnly | noReadOnlyReturn);
     }
     const Outcome saved = SaveDoc(longFileName_);
     if (!saved && !saveDeclined_) reportSaveError(longFileName_, saved.cause());

@@ -62,17 +62,8 @@ Outcome fileOpen(const std::string& path, bool isUntitled) {
 }
 
 void mnuFile_Open_Click() {
-    using namespace dialog_flag;
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.initDir = lastDir;
-    dialog.dialogTitle = "Open HTML file (multiple selections allowed)";
-    dialog.filter = fileFilter;
-    dialog.filterIndex = preferredFilterIndex();
-    dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
-    dialog.fileName.clear();
-    if (!answered(dialog, &CommonDialog::ShowOpen)) return;
-    lastDir = directoryPart(dialog.fileName);
-    const auto paths = dialog.fileNames;
+    const auto paths = pickFiles("Open HTML file (multiple selections allowed)");
+    if (paths.empty()) return;
     for (const std::string& path : paths) openOne(path);
     if (!hasMdiChild()) return;
     // A failed open beside one document has turned the commands off.

@@ -19,12 +19,9 @@ namespace {
 
 /// Shows the save dialog, which offers a titled document's own name, and takes its directory; the chosen path.
 std::string askForName(const CDocument& document, int flags) {
-    prepareSaveDialog(flags);
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.fileName = document.IsUntitled() ? "" : document.ShortFileName();
-    dialog.ShowSave();
-    lastDir = directoryPart(dialog.fileName);
-    return dialog.fileName;
+    std::string path = pickSavePath(document.IsUntitled() ? "" : document.ShortFileName(), flags);
+    lastDir = directoryPart(path);
+    return path;
 }
 
 /// Tells that the last save failed, unless the user declined it.

@@ -1,5 +1,7 @@
 #include "frame/file_dialogs.h"
 
+#include <utility>
+
 #include "files/paths.h"
 #include "frame/main_frame.h"
 #include "platform/platform.h"
@@ -7,18 +9,28 @@
 
 namespace kelvor {
 
-int preferredFilterIndex() {
-    return user::fileFilter.number(0) + 1;
-}
+namespace {
 
-void prepareSaveDialog(int flags) {
+/// The frame's file dialog, filled in but for the name.
+CommonDialog& preparedDialog(const std::string& title, int flags) {
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.initDir = lastDir;
-    dialog.dialogTitle = "Save HTML file as";
+    dialog.dialogTitle = title;
     dialog.filter = fileFilter;
-    dialog.filterIndex = preferredFilterIndex();
+    dialog.filterIndex = user::fileFilter.number(0) + 1;
     dialog.flags = flags;
+    return dialog;
 }
+
+std::vector<std::string> pickExisting(const std::string& title, int flags) {
+    CommonDialog& dialog = preparedDialog(title, flags);
+    dialog.fileName.clear();
+    if (!answered(dialog, &CommonDialog::ShowOpen)) return {};
+    lastDir = directoryPart(dialog.fileName);
+    return dialog.fileNames;
+}
+
+}  // namespace
 
 void resetLastDir() {
     lastDir.clear();
@@ -30,16 +42,19 @@ std::string browseForFolder(const std::string& title) {
 
 std::vector<std::string> pickFiles(const std::string& title) {
     using namespace dialog_flag;
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.initDir = lastDir;
-    dialog.dialogTitle = title;
-    dialog.filter = fileFilter;
-    dialog.filterIndex = preferredFilterIndex();
-    dialog.flags = explorer | fileMustExist | allowMultiple | hideReadOnly;
-    dialog.fileName.clear();
-    if (!answered(dialog, &CommonDialog::ShowOpen)) return {};
-    lastDir = directoryPart(dialog.fileName);
-    return dialog.fileNames;
+    return pickExisting(title, explorer | fileMustExist | allowMultiple | hideReadOnly);
+}
+
+std::optional<std::string> pickFile(const std::string& title) {
+    auto paths = pickExisting(title, dialog_flag::hideReadOnly | dialog_flag::fileMustExist);
+    return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
+}
+
+std::string pickSavePath(const std::string& offered, int flags) {
+    CommonDialog& dialog = preparedDialog("Save HTML file as", flags);
+    dialog.fileName = offered;
+    dialog.ShowSave();
+    return dialog.fileName;
 }
 
 }  // namespace kelvor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,12 +14,6 @@ inline constexpr std::string_view fileFilter =
     "Text Files (*.txt)|*.txt|VBScript Files (*.vbs)|*.vbs|Web Related (*.asp, *.js, *.vbs, *.tpl, *.cdf)|"
     "*.asp;*.js;*.vbs;*.tpl;*.cdf";
 
-/// The filter row that the user prefers, from 1. A stored value that is no number is an error 13.
-int preferredFilterIndex();
-
-/// Fills in the frame's file dialog for saving a document under a name. Flags are those of dialog_flag.
-void prepareSaveDialog(int flags);
-
 /// The directory last used in any file dialog, without a separator at its end.
 inline std::string lastDir;
 
@@ -28,8 +23,15 @@ void resetLastDir();
 /// The directory that the user picks; "" when cancelled.
 std::string browseForFolder(const std::string& title);
 
-/// Lets the user choose existing files for a tool, with the filters for documents; the next file dialog opens
-/// where these are. None when the dialog was cancelled.
+/// The existing files that the user picks, whose directory becomes `lastDir`; none when cancelled. The filter at first
+/// is the one that the user prefers; a stored value for it that is no number is an error 13, here and below.
 std::vector<std::string> pickFiles(const std::string& title);
+/// The same for one file.
+std::optional<std::string> pickFile(const std::string& title);
+
+/// The path that the user chooses to save under. When cancelled: error 32755.
+/// @param offered  the name that stands in the dialog at first
+/// @param flags    of dialog_flag
+std::string pickSavePath(const std::string& offered, int flags);
 
 }  // namespace kelvor

@@ -23,12 +23,14 @@ Answer askSave() {
 
 /// The file that the user names for the pad's text; "" when cancelled. Its directory is then the last one used.
 std::string askForFile() {
-    prepareSaveDialog(dialog_flag::overwritePrompt | dialog_flag::hideReadOnly);
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.fileName.clear();
-    if (!answered(dialog, &CommonDialog::ShowSave)) return {};
-    lastDir = directoryPart(dialog.fileName);
-    return dialog.fileName;
+    try {
+        std::string path = pickSavePath("", dialog_flag::overwritePrompt | dialog_flag::hideReadOnly);
+        lastDir = directoryPart(path);
+        return path;
+    } catch (const Error& error) {
+        if (error.number() != error_number::dialogCancelled) throw;
+        return {};
+    }
 }
 
 }  // namespace
