@@ -24,18 +24,42 @@ namespace kelvor {
 
 namespace {
 
+const Message periodInName = {.text = "A template name cannot contain a period(.).",
+                              .title = "Illegal character in requested template name",
+                              .icon = MessageIcon::critical};
+
+const Message nameIsTaken = {
+    .text =
+        "You already have a template file on disk with the filename required by this new "
+        "template.\r\n\r\nPlease modify the template name slightly to allow the addition of the "
+        "new template to occur.",
+    .title = "Template file already exists.",
+    .icon = MessageIcon::question};
+
+const Message templateAdded = {
+    .text = "Template add complete!", .title = "Template added", .icon = MessageIcon::information};
+
+const Message noTemplates = {
+    .text =
+        "The template directory does not exist or is empty.\r\n\r\n"
+        "To correct this problem ensure that a subdirectory called Templates exists underneath "
+        "the Kelvor program directory.  Copy an html file into the new directory and rename it "
+        "Default Template.tpl.\r\n\r\n"
+        "Re-installing Kelvor will also correct this problem",
+    .title = "Template directory missing or empty",
+    .icon = MessageIcon::critical};
+
 constexpr std::string_view extension = ".tpl";
 
 bool isDefaultTemplate(const std::string& name) {
     return TextSearch("Default Template").find(name).has_value();
 }
 
-void refuseDeletion() {
-    beepAndShow({.text = "You can not delete the default template.\r\n"
-                         "You can open and modify the default template with the editor.",
-                 .title = "Template deletion error",
-                 .icon = MessageIcon::exclamation});
-}
+const Message notDeletable = {.text =
+                                  "You can not delete the default template.\r\n"
+                                  "You can open and modify the default template with the editor.",
+                              .title = "Template deletion error",
+                              .icon = MessageIcon::exclamation};
 
 bool confirmDeletion(const std::string& name) {
     return platform().dialogs.message({.text = "Delete [" + name + ".tpl] template?",
@@ -59,9 +83,7 @@ bool isBlank(std::string_view text) {
 bool validTemplateName(const std::string& name) {
     if (!validFileName(name)) return false;
     if (name.find('.') == std::string::npos) return true;
-    beepAndShow({.text = "A template name cannot contain a period(.).",
-                 .title = "Illegal character in requested template name",
-                 .icon = MessageIcon::critical});
+    beepAndShow(periodInName);
     return false;
 }
 
@@ -119,7 +141,10 @@ void TemplateHolder::cmdEdit_Click() {
 
 void TemplateHolder::deleteTemplate() {
     const std::string name = selectedName();
-    if (isDefaultTemplate(name)) return refuseDeletion();
+    if (isDefaultTemplate(name)) {
+        beepAndShow(notDeletable);
+        return;
+    }
     if (!confirmDeletion(name)) return;
     removeFile(templateFile(name));
     lbxTemplates.removeRow(lbxTemplates.selectedRow());
@@ -133,16 +158,12 @@ void TemplateHolder::lbxTemplates_AfterLabelEdit(const std::string& text, bool& 
 void TemplateHolder::addTpl(const std::string& name) {
     const std::string path = templateFile(name);
     if (fileExists(path)) {
-        beepAndShow({.text = "You already have a template file on disk with the filename required by this new "
-                             "template.\r\n\r\nPlease modify the template name slightly to allow the addition of the "
-                             "new template to occur.",
-                     .title = "Template file already exists.",
-                     .icon = MessageIcon::question});
+        beepAndShow(nameIsTaken);
         mnuTools_CreateTemplate_Click();
         return;
     }
     saveFileInPlace(path, activeText().text() + "\r\n");
-    beepAndShow({.text = "Template add complete!", .title = "Template added", .icon = MessageIcon::information});
+    beepAndShow(templateAdded);
 }
 
 std::vector<std::string> listTemplateNames() {
@@ -173,13 +194,7 @@ void mnuTools_CreateTemplate_Click() {
 
 void mnuFile_New_Click() {
     if (!listingFinds(joinPath(templateDirectory(), "*.tpl"))) {
-        beepAndShow({.text = "The template directory does not exist or is empty.\r\n\r\n"
-                             "To correct this problem ensure that a subdirectory called Templates exists underneath "
-                             "the Kelvor program directory.  Copy an html file into the new directory and rename it "
-                             "Default Template.tpl.\r\n\r\n"
-                             "Re-installing Kelvor will also correct this problem",
-                     .title = "Template directory missing or empty",
-                     .icon = MessageIcon::critical});
+        beepAndShow(noTemplates);
         return;
     }
     openToolForm(toolForm<TemplateHolder>(), ShowMode::modal);

@@ -45,6 +45,9 @@ Scan scan(std::string_view startToken, std::string_view endToken, std::string_vi
     return result;
 }
 
+const Message noneSelected = {
+    .text = "Make a selection first.", .title = "No name anchor selected", .icon = MessageIcon::exclamation};
+
 }  // namespace
 
 bool hasNameAnchor(std::string_view text) {
@@ -61,8 +64,7 @@ void scanNameAnchors(std::string_view startToken, std::string_view endToken, std
 
 std::optional<std::string> selectedAnchor(const ListBox& listBox) {
     if (auto selected = listBox.selectedText()) return selected;
-    beepAndShow(
-        {.text = "Make a selection first.", .title = "No name anchor selected", .icon = MessageIcon::exclamation});
+    beepAndShow(noneSelected);
     return std::nullopt;
 }
 

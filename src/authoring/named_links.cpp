@@ -9,6 +9,14 @@
 
 namespace kelvor {
 
+namespace {
+
+const Message noAnchors = {.text = "There are no name anchors to link with in this document.",
+                           .title = "Name anchor error",
+                           .icon = MessageIcon::exclamation};
+
+}  // namespace
+
 void NamedLinks::Form_Load() {
     // What is wrong with an anchor is told, and the dialog offers those before it.
     guarded([this] { scanCurrentFile(); });
@@ -28,9 +36,7 @@ void NamedLinks::cmdMakeLink_Click() {
 
 void mnuRClick_Link_linkToName_Click() {
     if (!hasNameAnchor(activeText().textView())) {
-        beepAndShow({.text = "There are no name anchors to link with in this document.",
-                     .title = "Name anchor error",
-                     .icon = MessageIcon::exclamation});
+        beepAndShow(noAnchors);
         return;
     }
     openToolForm(toolForm<NamedLinks>(), ShowMode::modal);

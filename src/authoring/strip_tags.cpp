@@ -76,13 +76,12 @@ void putIntoDocument(const StrippedText& stripped, const std::string& before) {
     text.setSelLength(stripped.selLength);
 }
 
-void reportInvalidTags() {
-    beepAndShow({.text = "This document contains one or more invalid HTML tags or\r\n"
-                         "you have not properly converted the <> characters to\r\n"
-                         "their special character codes. All tags may not be stripped.",
-                 .title = "Invalid HTML",
-                 .icon = MessageIcon::exclamation});
-}
+const Message invalidTags = {.text =
+                                 "This document contains one or more invalid HTML tags or\r\n"
+                                 "you have not properly converted the <> characters to\r\n"
+                                 "their special character codes. All tags may not be stripped.",
+                             .title = "Invalid HTML",
+                             .icon = MessageIcon::exclamation};
 
 }  // namespace
 
@@ -92,7 +91,7 @@ void stripTags(int& startPos, int& endPos) {
         const std::string before = activeText().text();
         const auto stripped = withoutTags(before, startPos, endPos);
         if (stripped) putIntoDocument(*stripped, before);
-        if (stripped && stripped->invalid) reportInvalidTags();
+        if (stripped && stripped->invalid) beepAndShow(invalidTags);
     }
     activeText().SetFocus();
 }

@@ -9,6 +9,7 @@
 #include "files/whole_file.h"
 #include "frame/tool_forms.h"
 #include "frame/tool_switch.h"
+#include "html/no_value.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 #include "text/line_ends.h"
@@ -24,12 +25,12 @@ constexpr int closeTagWidth = 1800;
 
 constexpr ToolSwitch tagsSwitch("mnuInsert_Tags", "Tags");
 
-void reportTagsMissing() {
-    beepAndShow({.text = "The tags.lst file does not exist.\r\nPlease restore from backup, re-install, or visit the "
-                         "home page and download a new copy.",
-                 .title = "Tags file missing",
-                 .icon = MessageIcon::critical});
-}
+const Message tagsMissing = {
+    .text =
+        "The tags.lst file does not exist.\r\nPlease restore from backup, re-install, or visit the "
+        "home page and download a new copy.",
+    .title = "Tags file missing",
+    .icon = MessageIcon::critical};
 
 }  // namespace
 
@@ -55,7 +56,7 @@ void Tags::Form_Activate() {
 void Tags::loadTags() {
     const std::string path = joinPath(programDirectory(), "tags.txt");
     if (!fileExists(path)) {
-        reportTagsMissing();
+        beepAndShow(tagsMissing);
         formLoadFailed = true;
         return;
     }

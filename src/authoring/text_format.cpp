@@ -4,6 +4,7 @@
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
 #include "html/colors.h"
+#include "html/no_value.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 

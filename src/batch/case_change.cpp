@@ -39,7 +39,7 @@ const std::vector<WalkFilter>& filters() {
     return rows;
 }
 
-void reportNoFiles(const std::string& directory) {
+void tellNoFiles(const std::string& directory) {
     beepAndShow({.text = "There are no files matching the selected filter(s) in " + directory,
                  .title = "No files to search",
                  .icon = MessageIcon::exclamation});
@@ -171,7 +171,7 @@ bool CaseChange::fillFileWad() {
     cmdClose.setEnabled(true);
     // The end of the program ends the run too, before the first file.
     if (!isLoaded()) return false;
-    if (currentFileWad_.empty()) reportNoFiles(directory);
+    if (currentFileWad_.empty()) tellNoFiles(directory);
     return !currentFileWad_.empty();
 }
 

@@ -23,6 +23,12 @@ std::vector<Setting> storedHistory() {
     return user::searchedTexts.all().value_or(std::vector<Setting>());
 }
 
+const Message nothingFound = {
+    .text = "Search string not found.", .title = "Find Results", .icon = MessageIcon::information};
+
+const Message noTextToFind = {
+    .text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation};
+
 }  // namespace
 
 Find::Find() : ToolDialog("find", "Find", AtEnd::focusDocument) {
@@ -62,8 +68,7 @@ void Find::cmdFind_Click() {
     search(activeText(), text);
     cmdFind.setCaption(foundAt_ < 0 ? firstSearch : nextSearch);
     if (foundAt_ >= 0) return;
-    platform().dialogs.message(
-        {.text = "Search string not found.", .title = "Find Results", .icon = MessageIcon::information});
+    platform().dialogs.message(nothingFound);
 }
 
 void Find::followDocument() {
@@ -105,8 +110,7 @@ SearchOptions searchOptions(const CheckBox& wholeWord, const CheckBox& matchCase
 
 bool refuseEmptyFindText(const std::string& text) {
     if (!text.empty()) return false;
-    beepAndShow(
-        {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
+    beepAndShow(noTextToFind);
     return true;
 }
 

@@ -16,12 +16,10 @@ int sizeOf(const std::string& text) {
     return static_cast<int>(text.size());
 }
 
-Answer askToReplace() {
-    return platform().dialogs.message({.text = "Replace this instance?",
-                                       .title = "Find and Replace",
-                                       .icon = MessageIcon::question,
-                                       .buttons = MessageButtons::yesNoCancel});
-}
+const Message replaceThis = {.text = "Replace this instance?",
+                             .title = "Find and Replace",
+                             .icon = MessageIcon::question,
+                             .buttons = MessageButtons::yesNoCancel};
 
 }  // namespace
 
@@ -106,7 +104,7 @@ void FindReplace::replaceAsking(Run& run) {
     while (isLoaded() && findMatch(run)) {
         platform().screen.setMousePointer(MousePointer::standard);
         run.edit.uncoverSelection();
-        const Answer answer = askToReplace();
+        const Answer answer = platform().dialogs.message(replaceThis);
         if (answer == Answer::cancel) return;
         if (answer == Answer::yes) {
             replaceMatch(run);

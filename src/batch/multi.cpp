@@ -31,7 +31,7 @@ constexpr const char* caseExplanation =
     "source->target list.  While it is off, \"Table\" is also found as \"TABLE\" and as \"table\", and each of them "
     "becomes the same replacement text.";
 
-bool abortForDuplicates() {
+bool confirmsAbort() {
     platform().screen.beep();
     return confirms(
         "You have selected a non case sensitive find and replace. You have duplicate entries withing the "
@@ -56,12 +56,10 @@ void offerToDeleteAbandoned() {
     for (const std::string& path : abandoned) guarded([&] { removeAbandonedTemporary(path); });
 }
 
-void tellNoFindText() {
-    beepAndShow(
-        {.text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation});
-}
+const Message noFindText = {
+    .text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation};
 
-void rewriteOrTell(const std::string& path, const LineRewrite& rewrite, const std::string& temporary) {
+void rewriteOrReport(const std::string& path, const LineRewrite& rewrite, const std::string& temporary) {
     try {
         rewriteFile(path, rewrite, temporary, pumpEvents);
     } catch (const std::exception&) {
@@ -95,7 +93,7 @@ void Multi::mfrTab_Click() {
 
 void Multi::cmdAdd_Click() {
     if (txtFind.text().empty()) {
-        tellNoFindText();
+        beepAndShow(noFindText);
     } else {
         addPair(txtFind.text(), txtReplace.text());
         cmdClear_Click();
@@ -199,7 +197,7 @@ void Multi::cmdStart_Click() {
     initGauges();
     pumpEvents();
     sortFindItems(findItems_);
-    if (checkForDupes(findItems_, chkCase.value()) && abortForDuplicates()) return;
+    if (checkForDupes(findItems_, chkCase.value()) && confirmsAbort()) return;
     findReplaceMulti();
 }
 
@@ -223,7 +221,7 @@ void Multi::findReplaceMulti() {
         if (run_.isCancelled()) break;
         const std::string temporary = getTempDir() + temporaryName;
         clearTemporary(temporary);
-        rewriteOrTell(target, rewrite, temporary);
+        rewriteOrReport(target, rewrite, temporary);
         pumpEvents();
         ProgressBar1.setValue(++number);
     }

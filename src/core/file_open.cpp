@@ -14,8 +14,7 @@ namespace kelvor {
 
 namespace {
 
-/// Tells that a file to be opened is not there.
-void reportNoSuchFile(const std::string& path) {
+void tellNoSuchFile(const std::string& path) {
     beepAndShow({.text = "The file " + path + " does not exist.",
                  .title = "File Open Error",
                  .icon = MessageIcon::exclamation});
@@ -48,7 +47,7 @@ void openOne(const std::string& path) {
 Outcome fileOpen(const std::string& path, bool isUntitled) {
     const DisabledFrame disabled;
     if (!fileExists(path)) {
-        reportNoSuchFile(path);
+        tellNoSuchFile(path);
         return Outcome::failed();
     }
     const EventScope scope;
@@ -73,7 +72,7 @@ void mnuFile_Open_Click() {
 
 void mnuFile_RecentFiles_Click(int index) {
     const std::string path = mainForm().menu("mnuFile_RecentFiles_" + std::to_string(index)).caption();
-    if (!fileExists(path)) return reportNoSuchFile(path);
+    if (!fileExists(path)) return tellNoSuchFile(path);
     if (const Outcome opened = fileOpen(path, false); !opened) reportOpenError(path, opened.cause());
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/error.h"
+#include "html/no_value.h"
 
 namespace kelvor {
 
@@ -44,6 +45,18 @@ std::string longToHex(int& value) {
 std::string colorToHtml(int value) {
     const std::string blueGreenRed = longToHex(value);
     return blueGreenRed.substr(4, 2) + blueGreenRed.substr(2, 2) + blueGreenRed.substr(0, 2);
+}
+
+int sampleColor(std::string_view text) {
+    constexpr int white = 0xFFFFFF;
+    if (text.empty() || text == notAvailable) return white;
+    int color = 0;
+    for (const std::size_t position : {5U, 3U, 1U}) {
+        const int part = hexToLong(position < text.size() ? text.substr(position, 2) : std::string_view());
+        if (part < 0) throw Error(error_number::invalidProcedureCall, "Not a colour: " + std::string(text));
+        color = color * 256 + part;
+    }
+    return color;
 }
 
 }  // namespace kelvor

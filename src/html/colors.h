@@ -16,4 +16,7 @@ std::string longToHex(int& value);
 /// "RRGGBB".
 std::string colorToHtml(int value);
 
+/// The colour of a text "#RRGGBB"; white for "" and "(n/a)". A group that is no hexadecimal number is an error 5.
+int sampleColor(std::string_view text);
+
 }  // namespace kelvor

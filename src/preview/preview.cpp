@@ -26,18 +26,16 @@ MenuItem& browserRow(std::size_t index) {
     return mainForm().menu("mnuRClick_Preview_altb_" + std::to_string(index));
 }
 
-bool wantsToSave() {
-    return beepAndShow({.text = "File must be saved before a preview can be executed.\r\nSave file now?",
-                        .title = "Preview requires save.",
-                        .icon = MessageIcon::question,
-                        .buttons = MessageButtons::yesNo}) == Answer::yes;
-}
+const Message saveNow = {.text = "File must be saved before a preview can be executed.\r\nSave file now?",
+                         .title = "Preview requires save.",
+                         .icon = MessageIcon::question,
+                         .buttons = MessageButtons::yesNo};
 
 /// The step before every preview, which shows the file and not the text.
 /// @return false when the user refused or the save failed. A cancelled Save As goes on with the document as it is
 bool savedForPreview(CDocument& document) {
     if (!document.IsUntitled() && document.IsSaved()) return true;
-    if (!wantsToSave()) return false;
+    if (beepAndShow(saveNow) != Answer::yes) return false;
     if (document.IsUntitled()) {
         cmdSaveAs();
         return true;
@@ -57,14 +55,13 @@ Error tooManyBrowsers(std::size_t count) {
                 " are listed in the preferences. The first " + std::to_string(capacity) + " are shown."};
 }
 
-void reportNoBrowser() {
-    beepAndShow({.text = "The executable you have provided for this option can not be found.  Please check your "
-                         "preferences.",
-                 .title = "Program executable not found",
-                 .icon = MessageIcon::critical});
-}
+const Message noBrowser = {.text =
+                               "The executable you have provided for this option can not be found.  Please check your "
+                               "preferences.",
+                           .title = "Program executable not found",
+                           .icon = MessageIcon::critical};
 
-void reportNoFile(const std::string& name) {
+void tellNoFile(const std::string& name) {
     beepAndShow({.text = "[" + name + "] has no file yet, so there is nothing that a browser could show.",
                  .title = "Preview requires save.",
                  .icon = MessageIcon::exclamation});
@@ -79,7 +76,7 @@ void InLinePreview(CDocument& document) {
 void previewDefault() {
     CDocument& document = documentManager().currentDocument();
     if (!savedForPreview(document)) return;
-    if (document.IsUntitled()) return reportNoFile(document.ShortFileName());
+    if (document.IsUntitled()) return tellNoFile(document.ShortFileName());
     openInDefaultBrowser(document.LongFileName());
 }
 
@@ -87,12 +84,15 @@ void previewAlternate(const std::string& label) {
     CDocument& document = documentManager().currentDocument();
     if (!savedForPreview(document)) return;
     auto words = commandWords(user::browsers.value(label));
-    if (words.empty()) return reportNoBrowser();
+    if (words.empty()) {
+        beepAndShow(noBrowser);
+        return;
+    }
     words.push_back(std::filesystem::absolute(document.LongFileName()).string());
     try {
         platform().shell.start(words, {});
     } catch (const Error& error) {
-        if (error.number() == error_number::fileNotFound) reportNoBrowser();
+        if (error.number() == error_number::fileNotFound) beepAndShow(noBrowser);
     }
 }
 

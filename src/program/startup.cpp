@@ -28,6 +28,9 @@ namespace kelvor {
 
 namespace {
 
+const Message alreadyRunning = {
+    .text = "Kelvor is already running.", .title = "Kelvor", .icon = MessageIcon::exclamation};
+
 std::optional<SingleInstance> instanceLock;
 
 void removePlaceholderTab() {
@@ -83,7 +86,7 @@ void MDIForm1_Unload() {
 bool isOnlyInstance() {
     instanceLock.emplace();
     if (instanceLock->isFirst()) return true;
-    beepAndShow({.text = "Kelvor is already running.", .title = "Kelvor", .icon = MessageIcon::exclamation});
+    beepAndShow(alreadyRunning);
     return false;
 }
 

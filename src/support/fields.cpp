@@ -2,12 +2,7 @@
 
 #include <cstddef>
 
-#include "base/error.h"
-#include "controls/combo_box.h"
-#include "controls/edit_control.h"
-#include "controls/form.h"
-#include "controls/text_box.h"
-#include "html/colors.h"
+#include "html/no_value.h"
 #include "platform/platform.h"
 #include "support/messages.h"
 
@@ -57,18 +52,6 @@ void loadFontList() {
 
 void resetFontList() {
     fontList.clear();
-}
-
-int sampleColor(std::string_view text) {
-    constexpr int white = 0xFFFFFF;
-    if (text.empty() || text == notAvailable) return white;
-    int color = 0;
-    for (const std::size_t position : {5U, 3U, 1U}) {
-        const int part = hexToLong(position < text.size() ? text.substr(position, 2) : std::string_view());
-        if (part < 0) throw Error(error_number::invalidProcedureCall, "Not a colour: " + std::string(text));
-        color = color * 256 + part;
-    }
-    return color;
 }
 
 }  // namespace kelvor

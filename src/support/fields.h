@@ -6,16 +6,13 @@
 
 #include "controls/combo_box.h"
 #include "controls/edit_control.h"
-#include "controls/form.h"
 #include "controls/text_box.h"
+#include "html/colors.h"
 
 namespace kelvor {
 
 /// The screen's font names, filled once at start by loadFontList().
 inline std::vector<std::string> fontList;
-
-/// What some lists show for "none".
-inline constexpr std::string_view notAvailable = "(n/a)";
 
 /// The row of fillSizeCombo that is no size.
 inline constexpr int noSizeRow = 7;
@@ -39,9 +36,6 @@ void fillSizeCombo(ComboBox& combo, bool useNa);
 void loadFontList();
 /// As before the start: none.
 void resetFontList();
-
-/// The colour of a text "#RRGGBB"; white for "" and "(n/a)". A group that is no hexadecimal number is an error 5.
-int sampleColor(std::string_view text);
 
 /// Paints a control in the colour of sampleColor.
 template <typename Sample>

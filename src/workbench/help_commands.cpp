@@ -12,6 +12,9 @@ namespace {
 
 const std::string site = "https://www.kelvor.example/";
 
+const Message noErrorLog = {
+    .text = "No errors has been logged", .title = "No error log found", .icon = MessageIcon::information};
+
 }  // namespace
 
 void mnuHelp_htmlhelp_Click() {
@@ -46,8 +49,7 @@ void mnuHelp_ViewErrLog_Click() {
     if (fileExists(errorLogPath())) {
         runProgram(programFor(DesktopTool::textEditor), errorLogPath());
     } else {
-        beepAndShow(
-            {.text = "No errors has been logged", .title = "No error log found", .icon = MessageIcon::information});
+        beepAndShow(noErrorLog);
     }
 }
 

@@ -13,13 +13,11 @@ namespace kelvor {
 
 namespace {
 
-Answer askSave() {
-    return platform().dialogs.message(
-        {.text = "The scratch pad contents have changed. Would you like to save before closing?",
-         .title = "Text Changed",
-         .icon = MessageIcon::question,
-         .buttons = MessageButtons::yesNoCancel});
-}
+const Message saveBeforeClosing = {
+    .text = "The scratch pad contents have changed. Would you like to save before closing?",
+    .title = "Text Changed",
+    .icon = MessageIcon::question,
+    .buttons = MessageButtons::yesNoCancel};
 
 /// The file that the user names for the pad's text; "" when cancelled. Its directory is then the last one used.
 std::string askForFile() {
@@ -51,7 +49,7 @@ void ScratchPad::Form_Load() {
 
 void ScratchPad::Form_QueryUnload(bool& cancel) {
     if (!textChanged_) return;
-    const Answer answer = askSave();
+    const Answer answer = platform().dialogs.message(saveBeforeClosing);
     cancel = true;
     if (answer == Answer::cancel) return;
     // A save that fails ends here and keeps the pad.
