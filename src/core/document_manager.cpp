@@ -47,7 +47,7 @@ CDocumentManager& documentManager() {
     return instance().get();
 }
 
-void makeDocumentManager() {
+void createDocumentManager() {
     instance().make(mainForm());
 }
 

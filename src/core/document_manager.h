@@ -39,7 +39,7 @@ private:
 CDocumentManager& documentManager();
 
 /// Made by the start, and ended with the frame: the documents that are still open go with their manager.
-void makeDocumentManager();
+void createDocumentManager();
 void endDocumentManager();
 
 }  // namespace kelvor

@@ -22,20 +22,21 @@ void unloadForms() {
         if (form->kind() != Form::Kind::frame) form->unload();
 }
 
-void resetFileChords() {
-    htmlkeys::fileChords() = {};
-}
-
-/// In this order: a form that unloads may store a setting and tell an error.
-constexpr void (*resets[])() = {
-    endDocumentManager, endVDirs,          unloadForms,  closeSettings,    resetToolForms, resetDeliveryTarget,
-    resetFileChords,    resetEditorColors, resetLastDir, resetUserStrings, resetFontList,
-};
-
 }  // namespace
 
 void resetSharedState() {
-    for (const auto reset : resets) reset();
+    endDocumentManager();
+    endVDirs();
+    // A form that unloads may store a setting and tell an error.
+    unloadForms();
+    closeSettings();
+    resetToolForms();
+    resetDeliveryTarget();
+    htmlkeys::fileChords() = {};
+    resetEditorColors();
+    resetLastDir();
+    resetUserStrings();
+    resetFontList();
 }
 
 }  // namespace kelvor

@@ -70,11 +70,19 @@ void listBrowsers() {
 }
 
 /// The start in its order. An error ends it there, and what was done stays.
-constexpr void (*steps[])() = {
-    removePlaceholderTab, makeDocumentManager, initSpecialChars, loadFontList,  resetCounters, getRegistered_OpenFiles,
-    loadComboBoxes,       startVDirs,          grabReg,          setUpUStrings, listBrowsers,  checkNewFile,
-    initQuickView,
-};
+constexpr void (*steps[])() = {removePlaceholderTab,
+                               createDocumentManager,
+                               initSpecialChars,
+                               loadFontList,
+                               resetCounters,
+                               getRegistered_OpenFiles,
+                               loadComboBoxes,
+                               startVDirs,
+                               grabReg,
+                               setUpUStrings,
+                               listBrowsers,
+                               checkNewFile,
+                               initQuickView};
 
 /// The frame's end.
 void MDIForm1_Unload() {

@@ -19,8 +19,6 @@ using Rows = std::vector<std::string>;
 class CaseChangeForm : public FrameTest {
 protected:
     CaseChangeForm() { std::filesystem::create_directories(files.path("site/sub")); }
-    /// A run that failed keeps the form open until the program ends.
-    ~CaseChangeForm() override { mainForm().unload(); }
 
     CaseChange& form() { return toolForm<CaseChange>(); }
     /// Shows the form with HREF and NAME ticked.
