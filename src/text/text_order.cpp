@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace kelvor {
@@ -58,7 +59,6 @@ void sortAsText(std::vector<std::string>& texts) {
     struct Keyed {
         std::string key;
         std::string text;
-        auto operator<=>(const Keyed&) const = default;
     };
     std::vector<Keyed> keyed;
     keyed.reserve(texts.size());
@@ -66,7 +66,9 @@ void sortAsText(std::vector<std::string>& texts) {
         std::string key = textSortKey(text);
         keyed.push_back({std::move(key), std::move(text)});
     }
-    std::sort(keyed.begin(), keyed.end());
+    std::sort(keyed.begin(), keyed.end(), [](const Keyed& left, const Keyed& right) {
+        return std::tie(left.key, left.text) < std::tie(right.key, right.text);
+    });
     std::transform(keyed.begin(), keyed.end(), texts.begin(), [](Keyed& entry) { return std::move(entry.text); });
 }
 
