@@ -1,6 +1,5 @@
 #include "assistants/template_holder.h"
 
-#include <unicode/uchar.h>
 #include <cstddef>
 #include <string_view>
 
@@ -67,16 +66,6 @@ bool confirmDeletion(const std::string& name) {
                                        .icon = MessageIcon::question,
                                        .buttons = MessageButtons::yesNo,
                                        .standard = Answer::no}) == Answer::yes;
-}
-
-/// Whether nothing of the text is seen, in any script.
-bool isBlank(std::string_view text) {
-    for (std::size_t at = 0; at < text.size();) {
-        const auto [value, length] = codePointAt(text, at);
-        if (!u_isUWhiteSpace(value)) return false;
-        at += length;
-    }
-    return true;
 }
 
 /// Whether a name can be a template's; the user has been told otherwise.

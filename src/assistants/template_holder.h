@@ -1,6 +1,5 @@
 #pragma once
 
-#include <unicode/uchar.h>
 #include <string>
 #include <vector>
 

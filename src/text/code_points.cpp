@@ -47,4 +47,13 @@ std::size_t positionBehind(std::string_view text, std::size_t count) {
     return position;
 }
 
+bool isBlank(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const auto [value, length] = codePointAt(text, at);
+        if (!u_isUWhiteSpace(value)) return false;
+        at += length;
+    }
+    return true;
+}
+
 }  // namespace kelvor

@@ -85,4 +85,7 @@ std::size_t positionBehind(std::string_view text, std::size_t count);
 /// Code points in a UTF-8 text; CR LF counts as two.
 std::size_t characterCount(std::string_view text);
 
+/// Whether nothing of the text is seen, in any script.
+bool isBlank(std::string_view text);
+
 }  // namespace kelvor
