@@ -16,7 +16,7 @@ std::size_t referencesIn(const std::string& file, const std::string& attribute) 
     Form form("", "");
     TextBuffer text(form, "");
     text.LoadFile(file);
-    return parseLinkReferences(text, attribute).links.size();
+    return parseLinkReferences(text.textView(), attribute).links.size();
 }
 
 /// From Apply to the end of the run; the result is the number of the references.
