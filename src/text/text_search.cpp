@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,9 @@ struct PatternByte {
     /// The character boundary that lies behind the byte: how many bytes on, and after how many units.
     std::size_t toBoundary = 0;
     std::size_t unitsToBoundary = 0;
+    /// The character of the pattern that it belongs to. Its bytes come together, so two of them are no rarer than one.
+    std::size_t character = 0;
+    int frequency = 0;
 };
 
 /// Where in the pattern the first byte of the pair lies; see PatternByte.
@@ -41,25 +46,13 @@ constexpr UChar32 lineEnd = '\n';
 
 constexpr UChar32 halfLineEnd = -1;
 
-/// All characters that fold to `folded`, each as its bytes: "k" is also "K" and the Kelvin sign of three bytes.
-std::vector<std::string> spellingsOf(UChar32 folded) {
-    std::vector<std::string> spellings(1);
-    appendCodePoint(spellings.front(), folded);
-    if (folded >= firstStrayByte) return spellings;
-    icu::UnicodeSet set(folded, folded);
-    set.closeOver(USET_CASE_INSENSITIVE);
-    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
-        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
-            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
-        }
-    }
-    return spellings;
-}
-
 std::vector<PatternByte> exactBytes(std::string_view pattern) {
     std::vector<PatternByte> bytes;
+    std::size_t character = 0;
     for (const char byte : pattern.substr(0, unitsWeighed)) {
-        bytes.push_back({{0, static_cast<uint8_t>(byte)}, 0, 1, bytes.size() + 1});
+        if (!isContinuationByte(byte)) ++character;
+        const ByteClass exact{0, static_cast<uint8_t>(byte)};
+        bytes.push_back({exact, 0, 1, bytes.size() + 1, character, frequencyOf(exact)});
     }
     return bytes;
 }
@@ -80,42 +73,43 @@ std::vector<PatternByte> spelledBytes(const std::vector<UChar32>& pattern, Spell
             const auto byteOf = [&](const std::string& spelling) { return spelling[spelling.size() - toBoundary]; };
             ByteClass spelled{0, static_cast<uint8_t>(byteOf(spellings.front()))};
             for (const auto& spelling : spellings) spelled.add(byteOf(spelling));
-            bytes.push_back({spelled, run, toBoundary, i + 1});
+            bytes.push_back({spelled, run, toBoundary, i + 1, i, frequencyOf(spelled)});
         }
     }
     return bytes;
 }
 
+/// The rarest of some bytes that stand in other characters than `but`; their end when there is none.
+using ByteIterator = std::vector<PatternByte>::const_iterator;
+ByteIterator rarestByte(ByteIterator begin, ByteIterator end, std::optional<std::size_t> but = std::nullopt) {
+    auto rarest = end;
+    for (auto byte = begin; byte != end; ++byte) {
+        if (byte->character == but) continue;
+        if (rarest == end || byte->frequency < rarest->frequency) rarest = byte;
+    }
+    return rarest;
+}
+
 /// The two rarest bytes of one run, of all runs the best two. A pattern has at least one byte.
 Anchor rarestPair(const std::vector<PatternByte>& bytes) {
-    const auto everything = static_cast<double>(frequencyOf({0xFF, 0xFF}));
-    double least = everything * everything;
+    double least = std::numeric_limits<double>::infinity();
     Anchor best;
-    for (std::size_t start = 0; start < bytes.size();) {
-        std::size_t rarest = start;
-        std::size_t second = start;
-        double rarestFrequency = everything;
-        double secondFrequency = everything;
-        auto i = start;
-        for (; i < bytes.size() && bytes[i].run == bytes[start].run; ++i) {
-            const auto frequency = static_cast<double>(frequencyOf(bytes[i].bytes));
-            if (frequency < rarestFrequency) {
-                second = std::exchange(rarest, i);
-                secondFrequency = std::exchange(rarestFrequency, frequency);
-            } else if (frequency < secondFrequency) {
-                second = i;
-                secondFrequency = frequency;
-            }
-        }
-        if (secondFrequency == everything) second = rarest;
-        if (const auto score = rarestFrequency * secondFrequency; score < least) {
+    for (auto begin = bytes.begin(); begin != bytes.end();) {
+        const auto end = std::find_if(begin, bytes.end(), [&](const auto& byte) { return byte.run != begin->run; });
+        const auto rarest = rarestByte(begin, end);
+        const auto other = rarestByte(begin, end, rarest->character);
+        const int share = other == end ? frequencyOf({0xFF, 0xFF}) : other->frequency;
+        if (const auto score = static_cast<double>(rarest->frequency) * share; score < least) {
             least = score;
-            const auto [first, last] = std::minmax(rarest, second);
-            best = {{bytes[first].bytes, bytes[last].bytes, last - first},
-                    bytes[first].toBoundary,
-                    bytes[first].unitsToBoundary};
+            // In a character alone, its begin and its end.
+            const auto last = std::prev(end);
+            const auto second = other != end ? other : rarest == last ? begin : last;
+            const auto [left, right] = std::minmax(rarest, second);
+            best = {{left->bytes, right->bytes, static_cast<std::size_t>(right - left)},
+                    left->toBoundary,
+                    left->unitsToBoundary};
         }
-        start = i;
+        begin = end;
     }
     return best;
 }
@@ -145,6 +139,20 @@ std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
 }
 
 }  // namespace
+
+std::vector<std::string> spellingsOf(UChar32 folded) {
+    std::vector<std::string> spellings(1);
+    appendCodePoint(spellings.front(), folded);
+    if (folded >= firstStrayByte) return spellings;
+    icu::UnicodeSet set(folded, folded);
+    set.closeOver(USET_CASE_INSENSITIVE);
+    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
+        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
+            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
+        }
+    }
+    return spellings;
+}
 
 struct TextSearch::Pattern {
     Pattern(std::string_view pattern, SearchOptions options)
