@@ -5,6 +5,7 @@
 #include "files/whole_file.h"
 #include "text/letter_case.h"
 #include "text/line_ends.h"
+#include "text/utf8_check.h"
 
 namespace kelvor {
 
@@ -79,9 +80,8 @@ std::optional<std::size_t> FileCount::countByPieces(std::string_view bytes, Enco
     for (std::size_t start = 0, from = 0; start < bytes.size();) {
         pause_();
         const auto end = pieceEnd(bytes, start, pieceLength_, encoding);
-        const auto piece = decodePiece(bytes.substr(start, end - start), encoding);
-        if (!piece) return std::nullopt;
-        text.erase(0, std::exchange(from, 0)).append(*piece);
+        text.erase(0, std::exchange(from, 0));
+        if (!appendDecoded(text, bytes.substr(start, end - start), encoding)) return std::nullopt;
         countTo(text.size(), text, from, tally);
         start = end;
     }

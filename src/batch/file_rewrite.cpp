@@ -15,12 +15,10 @@ void rewriteFile(const std::string& path, const LineRewrite& rewrite, const std:
     bytes.reserve(2 * text.size() + markOf(encoding).size());
     bytes += markOf(encoding);
     const auto take = [&, encoding = encoding](std::string_view lines) {
-        const auto encoded = encodePiece(lines, encoding);
-        if (!encoded) {
+        if (!appendEncoded(bytes, lines, encoding)) {
             throw pathError(error_number::invalidProcedureCall, "The file's encoding lacks a character of the new text",
                             path);
         }
-        bytes += *encoded;
     };
     rewrite.apply(text, take, step);
     replaceFile(file, bytes, temporary, step);

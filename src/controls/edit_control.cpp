@@ -13,6 +13,7 @@
 #include "text/line_ends.h"
 #include "text/text_encoding.h"
 #include "text/text_search.h"
+#include "text/utf8_check.h"
 
 namespace kelvor {
 

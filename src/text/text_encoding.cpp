@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "text/code_points.h"
+#include "text/utf8_check.h"
 
 namespace kelvor {
 
@@ -33,20 +34,6 @@ uint64_t wordAt(std::string_view bytes, std::size_t position) {
     return word;
 }
 
-/// Where behind `position` the first byte stands that is not ASCII; most of a page is, so many are taken in one look.
-std::size_t skipAscii(std::string_view bytes, std::size_t position) {
-    constexpr uint64_t highBits = 0x8080808080808080;
-    constexpr std::size_t size = sizeof(uint64_t);
-    const auto isAscii = [](uint64_t word) { return (word & highBits) == 0; };
-    while (position + 4 * size <= bytes.size() &&
-           isAscii(wordAt(bytes, position) | wordAt(bytes, position + size) | wordAt(bytes, position + 2 * size) |
-                   wordAt(bytes, position + 3 * size)))
-        position += 4 * size;
-    while (position + size <= bytes.size() && isAscii(wordAt(bytes, position))) position += size;
-    while (position < bytes.size() && static_cast<uint8_t>(bytes[position]) < 0x80) ++position;
-    return position;
-}
-
 /// A byte's character in UTF-8, with room for a copy of fixed size.
 struct Spelling {
     std::array<char, 4> bytes{};
@@ -65,19 +52,19 @@ std::array<Spelling, 256> spellWindows1252() {
     return spellings;
 }
 
-std::string textFromWindows1252(std::string_view bytes) {
+void appendFromWindows1252(std::string& text, std::string_view bytes) {
     static const auto spellings = spellWindows1252();
-    std::size_t length = 0;
-    for (const char byte : bytes) length += spellings[static_cast<uint8_t>(byte)].length;
-    std::string text(length + sizeof(Spelling::bytes), '\0');
-    char* end = text.data();
-    for (const char byte : bytes) {
-        const auto& spelling = spellings[static_cast<uint8_t>(byte)];
-        std::memcpy(end, spelling.bytes.data(), sizeof spelling.bytes);
-        end += spelling.length;
+    constexpr std::size_t atATime = 2048;
+    std::array<char, atATime * sizeof(Spelling::bytes)> characters{};
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(atATime, bytes.size()))) {
+        char* end = characters.data();
+        for (const char byte : bytes.substr(0, atATime)) {
+            const auto& spelling = spellings[static_cast<uint8_t>(byte)];
+            std::memcpy(end, spelling.bytes.data(), sizeof spelling.bytes);
+            end += spelling.length;
+        }
+        text.append(characters.data(), end);
     }
-    text.resize(length);
-    return text;
 }
 
 std::optional<char> windows1252Byte(UChar32 value) {
@@ -87,17 +74,31 @@ std::optional<char> windows1252Byte(UChar32 value) {
     return static_cast<char>(0x80 + (found - windows1252Upper.begin()));
 }
 
-std::optional<std::string> windows1252FromText(std::string_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
+/// Makes `bytes` longer by what `write` puts behind them, `most` bytes at most: it gets the place and gives the end,
+/// null when it fails.
+template <typename Write>
+bool appendWritten(std::string& bytes, std::size_t most, Write write) {
+    const auto before = bytes.size();
+    bytes.resize(before + most);
+    const char* const end = write(bytes.data() + before);
+    bytes.resize(end == nullptr ? before : static_cast<std::size_t>(end - bytes.data()));
+    return end != nullptr;
+}
+
+char* writeWindows1252(std::string_view text, char* end) {
     for (std::size_t position = 0; position < text.size();) {
+        if (const char byte = text[position]; static_cast<uint8_t>(byte) < 0x80) {
+            *end++ = byte;
+            ++position;
+            continue;
+        }
         const auto point = codePointAt(text, position);
         const auto byte = windows1252Byte(point.value);
-        if (!byte) return std::nullopt;
-        bytes += *byte;
+        if (!byte) return nullptr;
+        *end++ = *byte;
         position += point.length;
     }
-    return bytes;
+    return end;
 }
 
 UChar32 unitAt(std::string_view bytes, std::size_t position, bool bigEndian) {
@@ -113,61 +114,72 @@ uint64_t bitsBeyondAscii(bool bigEndian) {
                                              : Units{0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF});
 }
 
-/// The text of UTF-16 bytes without their mark; nothing when a unit is torn or a surrogate stands alone.
-std::optional<std::string> textFromUtf16(std::string_view bytes, bool bigEndian) {
-    if (bytes.size() % 2 != 0) return std::nullopt;
+/// How many of four units come before the first one that is not ASCII.
+/// @param beyond  the bits that bitsBeyondAscii finds in them
+std::size_t asciiUnits(uint64_t beyond) {
+    const int zeros = std::endian::native == std::endian::little ? std::countr_zero(beyond) : std::countl_zero(beyond);
+    return static_cast<std::size_t>(zeros) / 16;
+}
+
+/// False when a unit is torn or a surrogate stands alone.
+bool appendFromUtf16(std::string& text, std::string_view bytes, bool bigEndian) {
+    if (bytes.size() % 2 != 0) return false;
     const auto beyondAscii = bitsBeyondAscii(bigEndian);
-    std::string text;
-    text.reserve(bytes.size() / 2 + bytes.size() / 8);
-    // Characters are appended many at once. Four are the most that one step adds.
+    // Characters are appended many at once. Eight are the most that one step adds.
     std::array<char, 8192> characters{};
     std::size_t length = 0;
     for (std::size_t position = 0; position < bytes.size();) {
-        if (length + 4 > characters.size()) text.append(characters.data(), std::exchange(length, 0));
-        if (position + 8 <= bytes.size() && (wordAt(bytes, position) & beyondAscii) == 0) {
+        if (length + 8 > characters.size()) text.append(characters.data(), std::exchange(length, 0));
+        if (position + 8 <= bytes.size()) {
             const char* low = bytes.data() + position + (bigEndian ? 1 : 0);
             const std::array<char, 4> four = {low[0], low[2], low[4], low[6]};
             std::memcpy(characters.data() + length, four.data(), four.size());
-            length += four.size();
-            position += 8;
-            continue;
+            const auto count = asciiUnits(wordAt(bytes, position) & beyondAscii);
+            length += count;
+            position += 2 * count;
+            if (count == four.size()) continue;
         }
         auto value = unitAt(bytes, position, bigEndian);
         position += 2;
         if (U_IS_SURROGATE(value)) {
-            if (!U_IS_LEAD(value) || position == bytes.size()) return std::nullopt;
+            if (!U_IS_LEAD(value) || position == bytes.size()) return false;
             const auto trail = unitAt(bytes, position, bigEndian);
             position += 2;
-            if (!U_IS_TRAIL(trail)) return std::nullopt;
+            if (!U_IS_TRAIL(trail)) return false;
             value = U16_GET_SUPPLEMENTARY(value, trail);
         }
         U8_APPEND_UNSAFE(characters, length, value);
     }
-    return text.append(characters.data(), length);
+    text.append(characters.data(), length);
+    return true;
 }
 
-void appendUnit(std::string& bytes, UChar32 unit, bool bigEndian) {
+char* writeUnit(char* end, UChar32 unit, bool bigEndian) {
     const char high = static_cast<char>(unit >> 8);
     const char low = static_cast<char>(unit & 0xFF);
-    bytes += bigEndian ? high : low;
-    bytes += bigEndian ? low : high;
+    *end++ = bigEndian ? high : low;
+    *end++ = bigEndian ? low : high;
+    return end;
 }
 
-std::optional<std::string> utf16FromText(std::string_view text, bool bigEndian) {
-    std::string bytes;
-    bytes.reserve(2 * text.size());
+char* writeUtf16(std::string_view text, char* end, bool bigEndian) {
     for (std::size_t position = 0; position < text.size();) {
+        if (const auto byte = static_cast<uint8_t>(text[position]); byte < 0x80) {
+            end = writeUnit(end, byte, bigEndian);
+            ++position;
+            continue;
+        }
         const auto point = codePointAt(text, position);
-        if (point.value >= firstStrayByte) return std::nullopt;
+        if (point.value >= firstStrayByte) return nullptr;
         if (point.value <= 0xFFFF) {
-            appendUnit(bytes, point.value, bigEndian);
+            end = writeUnit(end, point.value, bigEndian);
         } else {
-            appendUnit(bytes, U16_LEAD(point.value), bigEndian);
-            appendUnit(bytes, U16_TRAIL(point.value), bigEndian);
+            end = writeUnit(end, U16_LEAD(point.value), bigEndian);
+            end = writeUnit(end, U16_TRAIL(point.value), bigEndian);
         }
         position += point.length;
     }
-    return bytes;
+    return end;
 }
 
 /// In bytes: about a millisecond's work.
@@ -178,9 +190,7 @@ std::optional<std::string> decodeByPieces(std::string_view bytes, Encoding encod
     text.reserve(bytes.size());
     for (std::size_t start = 0; start < bytes.size(); step()) {
         const auto end = pieceEnd(bytes, start, pieceLength, encoding);
-        const auto piece = decodePiece(bytes.substr(start, end - start), encoding);
-        if (!piece) return std::nullopt;
-        text += *piece;
+        if (!appendDecoded(text, bytes.substr(start, end - start), encoding)) return std::nullopt;
         start = end;
     }
     return text;
@@ -235,36 +245,31 @@ std::size_t pieceEnd(std::string_view bytes, std::size_t start, std::size_t leng
     return end;
 }
 
-std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding) {
-    switch (encoding) {
-        case Encoding::utf16LittleEndian:
-            return textFromUtf16(bytes, false);
-        case Encoding::utf16BigEndian:
-            return textFromUtf16(bytes, true);
-        case Encoding::windows1252:
-            return textFromWindows1252(bytes);
-        default:
-            return isValidUtf8(bytes) ? std::optional(std::string(bytes)) : std::nullopt;
+bool appendDecoded(std::string& text, std::string_view bytes, Encoding encoding) {
+    if (isUtf16(encoding)) return appendFromUtf16(text, bytes, encoding == Encoding::utf16BigEndian);
+    if (encoding == Encoding::windows1252) {
+        appendFromWindows1252(text, bytes);
+        return true;
     }
+    if (!isValidUtf8(bytes)) return false;
+    text += bytes;
+    return true;
 }
 
-std::optional<std::string> encodePiece(std::string_view text, Encoding encoding) {
-    switch (encoding) {
-        case Encoding::utf16LittleEndian:
-            return utf16FromText(text, false);
-        case Encoding::utf16BigEndian:
-            return utf16FromText(text, true);
-        case Encoding::windows1252:
-            return windows1252FromText(text);
-        default:
-            return std::string(text);
+bool appendEncoded(std::string& bytes, std::string_view text, Encoding encoding) {
+    if (isUtf16(encoding)) {
+        const bool bigEndian = encoding == Encoding::utf16BigEndian;
+        return appendWritten(bytes, 2 * text.size(), [&](char* end) { return writeUtf16(text, end, bigEndian); });
     }
+    if (encoding == Encoding::windows1252)
+        return appendWritten(bytes, text.size(), [&](char* end) { return writeWindows1252(text, end); });
+    bytes += text;
+    return true;
 }
 
 std::optional<std::string> encode(std::string_view text, Encoding encoding) {
-    auto bytes = encodePiece(text, encoding);
-    if (bytes) bytes->insert(0, markOf(encoding));
-    return bytes;
+    std::string bytes(markOf(encoding));
+    return appendEncoded(bytes, text, encoding) ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 bool holdsByPieces(std::string_view bytes, bool (*isSo)(std::string_view), const Step& step) {
@@ -272,19 +277,6 @@ bool holdsByPieces(std::string_view bytes, bool (*isSo)(std::string_view), const
         const auto end = pieceEnd(bytes, start, pieceLength, Encoding::utf8);
         if (!isSo(bytes.substr(start, end - start))) return false;
         start = end;
-    }
-    return true;
-}
-
-bool isAscii(std::string_view bytes) {
-    return skipAscii(bytes, 0) == bytes.size();
-}
-
-bool isValidUtf8(std::string_view bytes) {
-    for (auto position = skipAscii(bytes, 0); position < bytes.size(); position = skipAscii(bytes, position)) {
-        const auto point = codePointAt(bytes, position);
-        if (point.value >= firstStrayByte) return false;
-        position += point.length;
     }
     return true;
 }

@@ -35,17 +35,11 @@ std::optional<std::string> encode(std::string_view text, Encoding encoding);
 /// Files too large to wait for are worked on piece by piece. A piece has no mark, and no character of it is cut.
 /// @return where a piece of about `length` bytes ends that begins at `start`
 std::size_t pieceEnd(std::string_view bytes, std::size_t start, std::size_t length, Encoding encoding);
-/// The text of a piece; nothing when the encoding has no such bytes.
-std::optional<std::string> decodePiece(std::string_view bytes, Encoding encoding);
-/// The bytes of a piece of text; nothing when the encoding lacks one of its characters.
-std::optional<std::string> encodePiece(std::string_view text, Encoding encoding);
+/// Appends the text of a piece; false when the encoding has no such bytes.
+bool appendDecoded(std::string& text, std::string_view bytes, Encoding encoding);
+/// Appends the bytes of a piece of text; false when the encoding lacks one of its characters.
+bool appendEncoded(std::string& bytes, std::string_view text, Encoding encoding);
 /// Whether all pieces are so; `isSo` is isAscii, isValidUtf8 or the like.
 bool holdsByPieces(std::string_view bytes, bool (*isSo)(std::string_view), const Step& step);
-
-/// Whether `bytes` are ASCII alone, which all encodings but UTF-16 hold alike.
-bool isAscii(std::string_view bytes);
-
-/// Whether `bytes` are well-formed UTF-8: no stray, overlong or surrogate form.
-bool isValidUtf8(std::string_view bytes);
 
 }  // namespace kelvor

@@ -5,6 +5,8 @@
 #include <random>
 #include <vector>
 
+#include "text/utf8_check.h"
+
 namespace kelvor {
 namespace {
 
@@ -38,13 +40,6 @@ TEST(TextEncoding, RefusesCharactersThatTheEncodingLacks) {
     for (const char* text : {"\u0080", "\u2028", "Ā", "\U0001F600", "\xFF"})
         EXPECT_FALSE(encode(text, Encoding::windows1252)) << text;
     EXPECT_FALSE(encode("\xFF", Encoding::utf16LittleEndian));
-}
-
-TEST(TextEncoding, TellsWellFormedUtf8) {
-    EXPECT_TRUE(isValidUtf8("abcdefgh\xC3\xA9 \xED\x9F\xBF \xEE\x80\x80 \xF4\x8F\xBF\xBF"));
-    for (const char* bytes : {"\x80", "\xC3", "abcdefg\xC3", "\xC3xabcdefgh", "\xC1\xBF", "\xE0\x9F\xBF", "\xE2\x82",
-                              "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"})
-        EXPECT_FALSE(isValidUtf8(bytes)) << testing::PrintToString(bytes);
 }
 
 /// Random bytes that often look like one of the encodings, so that each of them is nearly right now and then.
