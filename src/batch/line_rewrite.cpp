@@ -1,15 +1,14 @@
 #include "batch/line_rewrite.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
-#include <optional>
+#include <iterator>
 #include <unordered_set>
 
 #include "text/code_points.h"
 #include "text/letter_case.h"
 #include "text/line_ends.h"
 #include "text/text_encoding.h"
+#include "text/utf8_check.h"
 
 namespace kelvor {
 
@@ -18,19 +17,10 @@ namespace {
 /// In bytes: lines are worked on in blocks that stay in the processor's cache for all items.
 constexpr std::size_t blockSize = std::size_t{256} << 10;
 
-/// Which bytes a text may have.
-class ByteSet {
-public:
-    void add(std::string_view text) {
-        for (const char byte : text) holds_[static_cast<uint8_t>(byte)] = true;
-    }
-    bool holdsAll(std::string_view text) const {
-        return std::all_of(text.begin(), text.end(), [this](char byte) { return holds_[static_cast<uint8_t>(byte)]; });
-    }
-
-private:
-    std::array<bool, 256> holds_{};
-};
+/// Fewer items of one character each are found faster one by one.
+constexpr std::ptrdiff_t fewestCombined = 4;
+/// In bytes: the longest text that a character may become where items are combined.
+constexpr std::size_t longestCombined = 256;
 
 bool hasNoCarriageReturn(std::string_view text) {
     return text.find('\r') == std::string_view::npos;
@@ -41,6 +31,17 @@ std::size_t blockEnd(std::string_view text, std::size_t start) {
     const auto lineEnd = text.find_first_of("\r\n", std::min(start + blockSize, text.size()));
     if (lineEnd == std::string_view::npos) return text.size();
     return lineEnd + (text.substr(lineEnd, 2) == "\r\n" ? 2 : 1);
+}
+
+bool canBeCombined(const FindItem& item) {
+    return !item.text.empty() && isValidUtf8(item.text) && codePointAt(item.text, 0).length == item.text.size() &&
+           isValidUtf8(item.replacement) && item.replacement.size() <= longestCombined;
+}
+
+/// All that an item of one character finds.
+std::vector<std::string> charactersFoundBy(const FindItem& item, bool matchCase) {
+    if (matchCase) return {item.text};
+    return spellingsOf(foldedCodePoint(codePointAt(item.text, 0).value));
 }
 
 }  // namespace
@@ -59,14 +60,48 @@ bool checkForDupes(const std::vector<FindItem>& findItems, bool matchCase) {
 }
 
 LineRewrite::LineRewrite(const std::vector<FindItem>& findItems, bool matchCase) {
-    const SearchOptions options = {.matchCase = matchCase};
-    for (const FindItem& item : findItems) {
-        if (item.text.find_first_of("\r\n") != std::string::npos) continue;
-        passes_.push_back({TextSearch(item.text, options), item.replacement, matchCase ? item.text : std::string()});
+    std::vector<FindItem> items;
+    std::copy_if(findItems.begin(), findItems.end(), std::back_inserter(items),
+                 [](const FindItem& item) { return item.text.find_first_of("\r\n") == std::string::npos; });
+    for (auto item = items.begin(); item != items.end();) {
+        const auto end = std::find_if_not(item, items.end(), canBeCombined);
+        if (end - item >= fewestCombined) {
+            if (auto map = combined({item, end}, matchCase)) {
+                stages_.emplace_back(std::move(*map));
+                item = end;
+                continue;
+            }
+        }
+        const auto last = end == item ? end + 1 : end;
+        for (; item != last; ++item) stages_.emplace_back(passOf(*item, matchCase));
     }
 }
 
-void LineRewrite::apply(std::string_view text, const Take& take, const Step& step) const {
+LineRewrite::Pass LineRewrite::passOf(const FindItem& item, bool matchCase) {
+    return {TextSearch(item.text, {.matchCase = matchCase}), item.replacement};
+}
+
+/// The items in one. Each finds single characters, which it does whatever stands beside them, so what becomes of a
+/// text is what becomes of its characters. Nothing when one becomes too long a text.
+std::optional<CharacterMap> LineRewrite::combined(std::span<const FindItem> items, bool matchCase) {
+    std::vector<Pass> passes;
+    for (const FindItem& item : items) passes.push_back(passOf(item, matchCase));
+    CharacterMap map;
+    for (const FindItem& item : items) {
+        for (const std::string& character : charactersFoundBy(item, matchCase)) {
+            std::string text = character;
+            std::string next;
+            for (const Pass& pass : passes) {
+                if (pass.apply(text, next, noStep)) text.swap(next);
+                if (text.size() > longestCombined) return std::nullopt;
+            }
+            map.set(character, std::move(text));
+        }
+    }
+    return map;
+}
+
+void LineRewrite::apply(std::string_view text, const Take& take, const Step& step) {
     const bool onlyLineFeeds =
         text.find('\n') != std::string_view::npos && holdsByPieces(text, hasNoCarriageReturn, step);
     for (std::size_t start = 0; start < text.size();) {
@@ -83,35 +118,28 @@ void LineRewrite::apply(std::string_view text, const Take& take, const Step& ste
     }
 }
 
-void LineRewrite::rewrite(std::string_view lines, const Take& take, const Step& step) const {
-    ByteSet bytes;
-    bytes.add(lines);
-    std::string rewritten;
-    for (const Pass& pass : passes_) {
+void LineRewrite::rewrite(std::string_view lines, const Take& take, const Step& step) {
+    for (const auto& stage : stages_) {
         step();
-        if (!bytes.holdsAll(pass.needed)) continue;
-        const auto match = pass.search.find(lines);
-        if (!match) continue;
-        rewritten = replaceAll(lines, pass, *match, step);
-        lines = rewritten;
-        bytes.add(pass.replacement);
+        if (!std::visit([&](const auto& items) { return items.apply(lines, spare_, step); }, stage)) continue;
+        rewritten_.swap(spare_);
+        lines = rewritten_;
     }
     take(lines);
 }
 
-/// @param match  the first one
-std::string LineRewrite::replaceAll(std::string_view text, const Pass& pass, TextMatch match, const Step& step) {
+bool LineRewrite::Pass::apply(std::string_view text, std::string& result, const Step& step) const {
     constexpr std::size_t matchesInAStep = 1024;
-    std::string result;
-    result.reserve(text.size());
     std::size_t taken = 0;
     std::size_t matches = 0;
-    for (std::optional<TextMatch> next = match; next; next = pass.search.find(text, taken)) {
-        result.append(text, taken, next->position - taken).append(pass.replacement);
-        taken = next->position + next->length;
+    for (auto match = search.find(text); match; match = search.find(text, taken)) {
+        if (matches == 0) result.clear();
+        result.append(text, taken, match->position - taken).append(replacement);
+        taken = match->position + match->length;
         if (++matches % matchesInAStep == 0) step();
     }
-    return result.append(text, taken);
+    if (matches > 0) result.append(text, taken);
+    return matches > 0;
 }
 
 }  // namespace kelvor

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "base/step.h"
+#include "batch/character_map.h"
 #include "text/text_search.h"
 
 namespace kelvor {
@@ -37,19 +41,25 @@ public:
     /// sees what those before it have made, but never what it has put in itself. CR LF, a lone CR and a lone LF end a
     /// line. All lines of the result, the last one too, end in LF when those of the text that had an end did,
     /// otherwise in CR LF. An item with a line end in its text is found nowhere.
-    void apply(std::string_view text, const Take& take, const Step& step) const;
+    void apply(std::string_view text, const Take& take, const Step& step);
 
 private:
+    /// One item, as the search for it.
     struct Pass {
+        /// As CharacterMap::apply.
+        bool apply(std::string_view text, std::string& result, const Step& step) const;
+
         TextSearch search;
         std::string replacement;
-        /// Bytes of which each is part of every match; none are known where the case does not count.
-        std::string needed;
     };
-    static std::string replaceAll(std::string_view text, const Pass& pass, TextMatch match, const Step& step);
-    void rewrite(std::string_view lines, const Take& take, const Step& step) const;
+    static Pass passOf(const FindItem& item, bool matchCase);
+    static std::optional<CharacterMap> combined(std::span<const FindItem> items, bool matchCase);
+    void rewrite(std::string_view lines, const Take& take, const Step& step);
 
-    std::vector<Pass> passes_;
+    std::vector<std::variant<Pass, CharacterMap>> stages_;
+    /// Kept from one text to the next, since fresh memory costs more than the work in it.
+    std::string rewritten_;
+    std::string spare_;
 };
 
 }  // namespace kelvor

@@ -59,9 +59,9 @@ void offerToDeleteAbandoned() {
 const Message noFindText = {
     .text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation};
 
-void rewriteOrReport(const std::string& path, const LineRewrite& rewrite, const std::string& temporary) {
+void rewriteOrReport(FileRewriter& rewriter, const std::string& path, const std::string& temporary) {
     try {
-        rewriteFile(path, rewrite, temporary, pumpEvents);
+        rewriter.rewrite(path, temporary, pumpEvents);
     } catch (const std::exception&) {
         const Error error = currentError();
         beepAndShow({.text = "Could not write to " + path + " skipping file.",
@@ -212,7 +212,7 @@ void Multi::initGauges() {
 }
 
 void Multi::findReplaceMulti() {
-    const LineRewrite rewrite(findItems_, chkCase.value());
+    FileRewriter rewriter(LineRewrite(findItems_, chkCase.value()));
     // The list can still be changed by the events that are let run.
     const std::vector<std::string> targets = lbxTargetFiles.rows();
     int number = 0;
@@ -221,7 +221,7 @@ void Multi::findReplaceMulti() {
         if (run_.isCancelled()) break;
         const std::string temporary = getTempDir() + temporaryName;
         clearTemporary(temporary);
-        rewriteOrReport(target, rewrite, temporary);
+        rewriteOrReport(rewriter, target, temporary);
         pumpEvents();
         ProgressBar1.setValue(++number);
     }

@@ -5,8 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
-#include <future>
 #include <optional>
 
 #include "files/file_error.h"
@@ -37,22 +35,19 @@ bool isUntouched(const struct stat& before, const struct stat& now) {
            isSameMoment(before.st_mtim, now.st_mtim) && isSameMoment(before.st_ctim, now.st_ctim);
 }
 
-/// Sees to it that the path still leads to the file that was read, and nobody has written to it.
-void checkUntouched(const ReplaceableFile& target) {
+/// Sees to it that the path still leads to the file that was read, and nobody has written to it. Whether another file
+/// may take the file's place: it has one name, and the path is that name.
+bool isUntouchedOnlyName(const ReplaceableFile& target) {
+    const char* path = target.path.c_str();
     struct stat named {};
-    if (uninterrupted([&] { return systemCalls().stat(target.path.c_str(), &named); }) != 0) {
-        throw fileError(errno, target.path);
-    }
+    bool failed = uninterrupted([&] { return systemCalls().lstat(path, &named); }) != 0;
+    const bool isLink = !failed && S_ISLNK(named.st_mode);
+    if (isLink) failed = uninterrupted([&] { return systemCalls().stat(path, &named); }) != 0;
+    if (failed) throw fileError(errno, target.path);
     if (!isUntouched(target.opened.status, named)) {
         throw pathError(error_number::pathAccess, "Another program has changed the file meanwhile", target.path);
     }
-}
-
-/// Whether another file may take the file's place: it has one name, and the path is that name.
-bool isOnlyName(const std::string& path) {
-    struct stat named {};
-    if (uninterrupted([&] { return systemCalls().lstat(path.c_str(), &named); }) != 0) throw fileError(errno, path);
-    return !S_ISLNK(named.st_mode) && named.st_nlink == 1;
+    return !isLink && named.st_nlink == 1;
 }
 
 /// The names of a file's extended attributes, each ended by a NUL; nothing when they cannot be told.
@@ -83,35 +78,26 @@ bool copyAttributes(int from, int to) {
     return true;
 }
 
-/// Flushes on a thread of its own: a busy disk can take half a second, and the user is to be heard meanwhile.
-bool flushBeside(int descriptor, const Step& step) {
-    constexpr std::chrono::milliseconds patience(10);
-    auto flushing = std::async(std::launch::async, [descriptor] { return flush(descriptor) ? 0 : errno; });
-    while (flushing.wait_for(patience) != std::future_status::ready) step();
-    errno = flushing.get();
-    return errno == 0;
-}
-
 /// Brings the bytes to the disk, portion by portion; false, and why in errno, when it could not.
-bool writeToDisk(int descriptor, std::string_view bytes, const Step& step) {
+bool writeToDisk(int descriptor, std::string_view bytes, Flusher& flusher, const Step& step) {
     constexpr std::size_t portion = std::size_t{4} << 20;
     for (std::size_t written = 0; written < bytes.size(); step()) {
         const auto next = bytes.substr(written, portion);
         if (!writeWhole(descriptor, next, written)) return false;
         written += next.size();
     }
-    return flushBeside(descriptor, step);
+    return flusher.flush(descriptor, step);
 }
 
 /// Writes the bytes into a new file. Whether it also has the target's extended attributes.
 bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
-                    const Step& step) {
+                    Flusher& flusher, const Step& step) {
     constexpr mode_t ownerOnly = 0600;
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     OpenFile file(uninterrupted([&] { return systemCalls().open(temporary.c_str(), flags, ownerOnly); }));
     if (file.descriptor() < 0) throw temporaryError(errno, temporary, target.path);
     const bool hasAttributes = copyAttributes(target.opened.file.descriptor(), file.descriptor());
-    if (!writeToDisk(file.descriptor(), bytes, step) || !file.close())
+    if (!writeToDisk(file.descriptor(), bytes, flusher, step) || !file.close())
         throw temporaryError(errno, temporary, target.path);
     return hasAttributes;
 }
@@ -149,11 +135,10 @@ ReplaceableFile readForReplacement(const std::string& path, const Step& step) {
     return {path, std::move(*opened), std::move(bytes)};
 }
 
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary, Flusher& flusher,
                  const Step& step) {
-    const bool hasAttributes = writeTemporary(target, bytes, temporary, step);
-    checkUntouched(target);
-    if (hasAttributes && isOnlyName(target.path) && takePlace(temporary.c_str(), target)) return;
+    const bool hasAttributes = writeTemporary(target, bytes, temporary, flusher, step);
+    if (isUntouchedOnlyName(target) && hasAttributes && takePlace(temporary.c_str(), target)) return;
     saveFileInPlace(target.path, bytes);
     // One that does not go is met by clearTemporary; the target is written all the same.
     uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });

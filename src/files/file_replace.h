@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "files/flusher.h"
 #include "files/regular_file.h"
 
 namespace kelvor {
@@ -29,7 +30,7 @@ ReplaceableFile readForReplacement(const std::string& path, const Step& step = n
 /// then has its old bytes, and the temporary file may be left.
 /// @param temporary  a path at which nothing stands, in a directory of this program's own
 /// @param step       called while the temporary file is written
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary, Flusher& flusher,
                  const Step& step = noStep);
 
 /// Removes what an earlier replacement has left at that path. Throws Error 58 when something stands there that is not

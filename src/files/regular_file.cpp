@@ -72,13 +72,13 @@ std::string readToEnd(int descriptor, off_t size, const std::string& path, const
     auto room = size > 0 ? static_cast<std::size_t>(size) + 1 : leastRoom;
     grow(bytes, room, path);
     for (;;) {
-        const auto count = uninterrupted([&] {
-            return systemCalls().pread(descriptor, bytes.data() + length, bytes.size() - length,
-                                       static_cast<off_t>(length));
-        });
+        const auto wanted = bytes.size() - length;
+        const auto count = uninterrupted(
+            [&] { return systemCalls().pread(descriptor, bytes.data() + length, wanted, static_cast<off_t>(length)); });
         if (count < 0) throw fileError(errno, path);
-        if (count == 0) break;
         length += static_cast<std::size_t>(count);
+        const bool endShows = static_cast<std::size_t>(count) < wanted && static_cast<off_t>(length) == size;
+        if (count == 0 || endShows) break;
         if (size == 0 && length > unsizedLimit) throw pathError(error_number::pathAccess, "The file has no end", path);
         if (length == room) room *= 2;
         if (length == bytes.size()) grow(bytes, room, path);

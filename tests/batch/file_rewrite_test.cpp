@@ -41,7 +41,7 @@ std::string outcomeOf(
     const std::function<void()>& step = [] {}) {
     try {
         clearTemporary(temporary);
-        rewriteFile(path, LineRewrite({item}, true), temporary, step);
+        FileRewriter(LineRewrite({item}, true)).rewrite(path, temporary, step);
         return "";
     } catch (const Error& error) {
         return error.description();
@@ -237,7 +237,7 @@ TEST_F(FileRewrite, TouchesNothingThatStandsInTheTemporaryFilesPlace) {
         }
         const auto before = statusOf(temporary);
         EXPECT_EQ(outcomeOf(page, temporary), "Something else stands in the temporary file's place: " + temporary);
-        EXPECT_THROW(rewriteFile(page, LineRewrite({}, true), temporary, [] {}), Error);
+        EXPECT_THROW(FileRewriter(LineRewrite({}, true)).rewrite(page, temporary, [] {}), Error);
         EXPECT_EQ(statusOf(temporary).st_ino, before.st_ino);
         EXPECT_EQ(directory.read("victim") + directory.read("page.html"), "the victim's" + oldText);
     }
