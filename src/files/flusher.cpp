@@ -1,67 +1,69 @@
 #include "files/flusher.h"
 
 #include <cerrno>
-#include <chrono>
+#include <ctime>
 
 #include "files/regular_file.h"
 
 namespace kelvor {
 
-Flusher::~Flusher() {
-    if (!thread_.joinable()) return;
-    {
-        const std::lock_guard lock(mutex_);
-        ends_ = true;
+namespace {
+
+void await(sem_t& semaphore) {
+    while (sem_wait(&semaphore) != 0) {
     }
-    asked_.notify_one();
-    thread_.join();
+}
+
+/// Waits a few milliseconds at most; whether the semaphore was posted.
+bool awaitBriefly(sem_t& semaphore) {
+    constexpr long patience = 10'000'000;
+    constexpr long second = 1'000'000'000;
+    timespec end{};
+    clock_gettime(CLOCK_MONOTONIC, &end);
+    end.tv_nsec += patience;
+    end.tv_sec += end.tv_nsec / second;
+    end.tv_nsec %= second;
+    return sem_clockwait(&semaphore, CLOCK_MONOTONIC, &end) == 0;
+}
+
+}  // namespace
+
+Flusher::Flusher() {
+    sem_init(&asked_, 0, 0);
+    sem_init(&answered_, 0, 0);
+}
+
+Flusher::~Flusher() {
+    if (thread_.joinable()) {
+        descriptor_ = -1;
+        sem_post(&asked_);
+        thread_.join();
+    }
+    sem_destroy(&asked_);
+    sem_destroy(&answered_);
 }
 
 bool Flusher::flush(int descriptor, const Step& step) {
     if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
-    {
-        const std::lock_guard lock(mutex_);
-        descriptor_ = descriptor;
+    descriptor_ = descriptor;
+    sem_post(&asked_);
+    try {
+        while (!awaitBriefly(answered_)) step();
+    } catch (...) {
+        // The caller closes the file next.
+        await(answered_);
+        throw;
     }
-    asked_.notify_one();
-    await(step);
     errno = failure_;
     return failure_ == 0;
 }
 
-void Flusher::await(const Step& step) {
-    constexpr std::chrono::milliseconds patience(10);
-    const auto isDone = [this] { return !descriptor_; };
-    std::unique_lock lock(mutex_);
-    while (!answered_.wait_for(lock, patience, isDone)) {
-        lock.unlock();
-        try {
-            step();
-        } catch (...) {
-            // The caller closes the file next.
-            lock.lock();
-            answered_.wait(lock, isDone);
-            throw;
-        }
-        lock.lock();
-    }
-}
-
 void Flusher::run() {
-    std::unique_lock lock(mutex_);
     for (;;) {
-        asked_.wait(lock, [this] { return descriptor_ || ends_; });
-        if (!descriptor_) return;
-        const int descriptor = *descriptor_;
-        lock.unlock();
-        const int failure = kelvor::flush(descriptor) ? 0 : errno;
-        lock.lock();
-        failure_ = failure;
-        descriptor_.reset();
-        // Told outside the lock, or whom it wakes would wait for that at once.
-        lock.unlock();
-        answered_.notify_one();
-        lock.lock();
+        await(asked_);
+        if (descriptor_ < 0) return;
+        failure_ = kelvor::flush(descriptor_) ? 0 : errno;
+        sem_post(&answered_);
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
-#include <optional>
+#include <semaphore.h>
+
 #include <thread>
 
 #include "base/step.h"
@@ -11,10 +10,10 @@ namespace kelvor {
 
 /// Flushes files on a thread of its own: a busy disk can take half a second, and the user is to be heard meanwhile.
 /// The thread begins with the first file and goes on to the next ones, since to start one costs as much as to write a
-/// page. Not for a process that has been forked meanwhile.
+/// page. A process forked from one that has flushed makes another of these.
 class Flusher {
 public:
-    Flusher() = default;
+    Flusher();
     ~Flusher();
     Flusher(const Flusher&) = delete;
     Flusher& operator=(const Flusher&) = delete;
@@ -25,14 +24,12 @@ public:
 
 private:
     void run();
-    void await(const Step& step);
 
-    std::mutex mutex_;
-    std::condition_variable asked_;
-    std::condition_variable answered_;
-    std::optional<int> descriptor_;  ///< to be flushed; none when that is done
-    int failure_ = 0;                ///< errno of the last flush, 0 when it succeeded
-    bool ends_ = false;
+    /// What is written before one thread posts is read by the other after it has waited.
+    sem_t asked_{};
+    sem_t answered_{};
+    int descriptor_ = -1;  ///< to be flushed; -1 ends the thread
+    int failure_ = 0;      ///< errno of the last flush, 0 when it succeeded
     std::thread thread_;
 };
 

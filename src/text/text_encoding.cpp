@@ -34,6 +34,19 @@ uint64_t wordAt(std::string_view bytes, std::size_t position) {
     return word;
 }
 
+/// How many units of a word come before the first one that is not ASCII.
+/// @param beyond  the bits of the word that no ASCII unit has
+/// @param unit    in bits
+std::size_t asciiUnits(uint64_t beyond, int unit) {
+    const int zeros = std::endian::native == std::endian::little ? std::countr_zero(beyond) : std::countl_zero(beyond);
+    return static_cast<std::size_t>(zeros / unit);
+}
+
+/// The same for the eight bytes at `position`.
+std::size_t asciiBytes(std::string_view text, std::size_t position) {
+    return asciiUnits(wordAt(text, position) & 0x8080808080808080, 8);
+}
+
 /// A byte's character in UTF-8, with room for a copy of fixed size.
 struct Spelling {
     std::array<char, 4> bytes{};
@@ -87,10 +100,13 @@ bool appendWritten(std::string& bytes, std::size_t most, Write write) {
 
 char* writeWindows1252(std::string_view text, char* end) {
     for (std::size_t position = 0; position < text.size();) {
-        if (const char byte = text[position]; static_cast<uint8_t>(byte) < 0x80) {
-            *end++ = byte;
-            ++position;
-            continue;
+        // Eight bytes are copied whatever they are, and those taken that are ASCII.
+        if (position + 8 <= text.size()) {
+            std::memcpy(end, text.data() + position, 8);
+            const auto count = asciiBytes(text, position);
+            end += count;
+            position += count;
+            if (count == 8) continue;
         }
         const auto point = codePointAt(text, position);
         const auto byte = windows1252Byte(point.value);
@@ -114,13 +130,6 @@ uint64_t bitsBeyondAscii(bool bigEndian) {
                                              : Units{0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF, 0x80, 0xFF});
 }
 
-/// How many of four units come before the first one that is not ASCII.
-/// @param beyond  the bits that bitsBeyondAscii finds in them
-std::size_t asciiUnits(uint64_t beyond) {
-    const int zeros = std::endian::native == std::endian::little ? std::countr_zero(beyond) : std::countl_zero(beyond);
-    return static_cast<std::size_t>(zeros) / 16;
-}
-
 /// False when a unit is torn or a surrogate stands alone.
 bool appendFromUtf16(std::string& text, std::string_view bytes, bool bigEndian) {
     if (bytes.size() % 2 != 0) return false;
@@ -134,7 +143,7 @@ bool appendFromUtf16(std::string& text, std::string_view bytes, bool bigEndian) 
             const char* low = bytes.data() + position + (bigEndian ? 1 : 0);
             const std::array<char, 4> four = {low[0], low[2], low[4], low[6]};
             std::memcpy(characters.data() + length, four.data(), four.size());
-            const auto count = asciiUnits(wordAt(bytes, position) & beyondAscii);
+            const auto count = asciiUnits(wordAt(bytes, position) & beyondAscii, 16);
             length += count;
             position += 2 * count;
             if (count == four.size()) continue;
@@ -162,12 +171,25 @@ char* writeUnit(char* end, UChar32 unit, bool bigEndian) {
     return end;
 }
 
+/// Each of four bytes as a unit.
+void writeUnits(std::string_view four, char* end, bool bigEndian) {
+    constexpr bool isLittle = std::endian::native == std::endian::little;
+    uint64_t units = 0;
+    for (std::size_t i = 0; i < 4; ++i) units |= uint64_t{static_cast<uint8_t>(four[isLittle ? i : 3 - i])} << 16 * i;
+    if (bigEndian == isLittle) units <<= 8;
+    std::memcpy(end, &units, sizeof units);
+}
+
 char* writeUtf16(std::string_view text, char* end, bool bigEndian) {
     for (std::size_t position = 0; position < text.size();) {
-        if (const auto byte = static_cast<uint8_t>(text[position]); byte < 0x80) {
-            end = writeUnit(end, byte, bigEndian);
-            ++position;
-            continue;
+        // Eight bytes become units whatever they are, and those are taken that are ASCII.
+        if (position + 8 <= text.size()) {
+            for (const std::size_t half : {0, 4})
+                writeUnits(text.substr(position + half, 4), end + 2 * half, bigEndian);
+            const auto count = asciiBytes(text, position);
+            end += 2 * count;
+            position += count;
+            if (count == 8) continue;
         }
         const auto point = codePointAt(text, position);
         if (point.value >= firstStrayByte) return nullptr;

@@ -6,6 +6,7 @@
 #include <sys/ioctl.h>
 #include <sys/xattr.h>
 
+#include <atomic>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -217,6 +218,30 @@ TEST_F(FileRewrite, LeavesWhatAnotherProgramWroteMeanwhile) {
         EXPECT_EQ(said, "Another program has changed the file meanwhile: " + page);
         EXPECT_EQ(directory.read("page.html"), theirs);
     }
+}
+
+TEST_F(FileRewrite, HearsTheUserWhileTheDiskIsBusy) {
+    std::atomic<bool> busy = false;
+    auto calls = kernelCalls();
+    calls.fsync = [&busy](int) {
+        busy = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        busy = false;
+        return 0;
+    };
+    const ScopedSystemCalls scope(std::move(calls));
+    int heard = 0;
+    EXPECT_EQ(outcomeOf(page, temporary, renewal, [&] { heard += busy ? 1 : 0; }), "");
+    EXPECT_GE(heard, 5);
+    // What ends the rewrite then does not close the file under the flush.
+    directory.write("page.html", oldText);
+    FileRewriter rewriter(LineRewrite({renewal}, true));
+    const auto stop = [&] {
+        if (busy) throw Error(error_number::pathAccess, "stopped");
+    };
+    EXPECT_THROW(rewriter.rewrite(page, temporary, stop), Error);
+    EXPECT_FALSE(busy);
+    EXPECT_EQ(directory.read("page.html"), oldText);
 }
 
 TEST_F(FileRewrite, TouchesNothingThatStandsInTheTemporaryFilesPlace) {

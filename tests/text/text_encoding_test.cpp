@@ -44,9 +44,21 @@ TEST(TextEncoding, RefusesCharactersThatTheEncodingLacks) {
 
 /// Random bytes that often look like one of the encodings, so that each of them is nearly right now and then.
 std::string randomBytes(std::mt19937& random) {
-    static const std::vector<std::string> pieces = {"\xEF\xBB\xBF", "\xFF\xFE",   "\xFE\xFF",  "é",
-                                                    "日",           "\U0001F600", "a\0"s,      "\0a"s,
-                                                    "\x3D\xD8",     "\xD8\x3D",   "\x00\xDE"s, "<P>\r\n"};
+    static const std::vector<std::string> pieces = {"\xEF\xBB\xBF",
+                                                    "\xFF\xFE",
+                                                    "\xFE\xFF",
+                                                    "é",
+                                                    "日",
+                                                    "\U0001F600",
+                                                    "a\0"s,
+                                                    "\0a"s,
+                                                    "\x3D\xD8",
+                                                    "\xD8\x3D",
+                                                    "\x00\xDE"s,
+                                                    "<P>\r\n",
+                                                    "many as one",
+                                                    "m\0a\0n\0y\0 \0a\0s\0"s,
+                                                    "\0m\0a\0n\0y\0 \0a\0s"s};
     std::string bytes;
     for (auto count = random() % 12; count > 0; --count) {
         bytes += random() % 6 == 0 ? std::string(1, static_cast<char>(random())) : pieces[random() % pieces.size()];
