@@ -8,6 +8,7 @@
 
 #include "base/error.h"
 #include "files/files.h"
+#include "files/utf8_file.h"
 #include "platform/platform.h"
 #include "text/code_points.h"
 #include "text/line_ends.h"
@@ -167,14 +168,37 @@ int EditControl::Find(std::string_view text, std::optional<int> start, std::opti
 
 void EditControl::LoadFile(const std::string& path) {
     perform([&] {
-        const DecodedText decoded = decode(readFile(path));
-        if (decoded.text.size() > INT_MAX) throw std::bad_alloc();
-        std::string lineEnd = commonLineEnd(decoded.text);
-        loadText(decoded.text);
-        encoding_ = decoded.encoding;
-        lineEnd_ = std::move(lineEnd);
+        if (!loadUtf8(path)) loadDecoded(path);
         return true;
     });
+}
+
+/// Without a copy of the whole text; false when the file must be decoded.
+bool EditControl::loadUtf8(const std::string& path) {
+    Utf8File file(path);
+    if (file.size() > INT_MAX) return false;
+    std::size_t length = 0;
+    const auto next = [&] {
+        const auto part = file.next();
+        if (part) length += part->size();
+        if (length > INT_MAX) throw std::bad_alloc();
+        return part;
+    };
+    if (!loadText(file.size(), next)) return false;
+    encoding_ = file.encoding();
+    lineEnd_ = file.lineEnd();
+    return true;
+}
+
+void EditControl::loadDecoded(const std::string& path) {
+    const DecodedText decoded = decode(readFile(path));
+    std::string_view text = decoded.text;
+    if (text.size() > INT_MAX) throw std::bad_alloc();
+    LineEndCounts lineEnds;
+    lineEnds.add(text);
+    loadText(text.size(), [&] { return std::exchange(text, {}); });
+    encoding_ = decoded.encoding;
+    lineEnd_ = lineEnds.mostCommon();
 }
 
 void EditControl::SaveFile(const std::string& path) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <climits>
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -121,8 +123,12 @@ protected:
     virtual void replaceRange(int start, int length, std::string_view text) = 0;
     virtual void select(int start, int length) = 0;
     virtual void scrollToSelection() = 0;
-    /// The whole text anew, with no undo step left.
-    virtual void loadText(std::string_view text) = 0;
+    /// Gives a text part by part: the next one, good until the next call, and none at the end. Nothing when it turns
+    /// out that there is no such text.
+    using TextParts = std::function<std::optional<std::string_view>()>;
+    /// The whole text anew, with no undo step left; false when there is none, and then nothing has changed.
+    /// @param bytes  about how many will come
+    virtual bool loadText(std::size_t bytes, const TextParts& next) = 0;
     /// Takes the last step back and moves the caret there; false when there is none.
     virtual bool undoStep() = 0;
     virtual bool redoStep() = 0;
@@ -141,6 +147,8 @@ protected:
 private:
     template <typename Act>
     void perform(Act act);
+    bool loadUtf8(const std::string& path);
+    void loadDecoded(const std::string& path);
     const TextSearch& searchFor(std::string_view text, SearchOptions options);
     void enterBatch();
     void leaveBatch();

@@ -120,16 +120,22 @@ void TextBuffer::endBatch() {
     if (steps_.back().empty()) steps_.pop_back();
 }
 
-void TextBuffer::loadText(std::string_view text) {
-    storage_ = std::string(text);
+bool TextBuffer::loadText(std::size_t bytes, const TextParts& next) {
+    std::string text;
+    text.reserve(bytes);
+    auto part = next();
+    for (; part && !part->empty(); part = next()) text += *part;
+    if (!part) return false;
+    storage_ = std::move(text);
     gapStart_ = static_cast<int>(storage_.size());
     gapLength_ = 0;
-    characters_ = charactersIn(text);
+    characters_ = charactersIn(storage_);
     dropLines(0);
     select(0, 0);
     steps_.clear();
     undone_.clear();
     if (inBatch()) steps_.emplace_back();
+    return true;
 }
 
 void TextBuffer::select(int start, int length) {

@@ -34,7 +34,7 @@ protected:
     void replaceRange(int start, int length, std::string_view text) override;
     void select(int start, int length) override;
     void scrollToSelection() override {}
-    void loadText(std::string_view text) override;
+    bool loadText(std::size_t bytes, const TextParts& next) override;
     bool undoStep() override;
     bool redoStep() override;
     void showColors() override {}

@@ -16,6 +16,12 @@ using Sci = QsciScintillaBase;
 /// From this size on a write makes sure of its memory first: Scintilla cannot go on after one that ran out half way.
 constexpr std::size_t largeWrite = 1 << 20;
 
+/// Room for a text of so many bytes and a little more: one that fills its memory is copied whole with the next key.
+constexpr std::size_t roomFor(std::size_t bytes) {
+    constexpr std::size_t part = 64;
+    return bytes + bytes / part + 1;
+}
+
 unsigned long toParameter(int number) {
     return static_cast<unsigned long>(number);
 }
@@ -156,7 +162,7 @@ void ScintillaEdit::replaceRange(int start, int length, std::string_view text) {
     if (!widget_ || (length == 0 && text.empty())) return;
     if (text.size() + static_cast<std::size_t>(length) > largeWrite) {
         // The undo step keeps a copy of both, the line index takes at most a word for each byte of what is new.
-        const std::size_t whole = static_cast<std::size_t>(textLength()) + text.size();
+        const std::size_t whole = roomFor(static_cast<std::size_t>(textLength()) + text.size());
         // The function and not the expression: memory that is never used may be left out of that one. All of it at
         // once and first: when Scintilla's own request fails, its text has lost count of its gap.
         ::operator delete(::operator new(whole + text.size() + static_cast<std::size_t>(length) + text.size()));
@@ -189,34 +195,47 @@ void ScintillaEdit::scrollToSelection() {
     }
 }
 
-/// Into a document of its own: when memory runs out the old one is still there.
-void ScintillaEdit::loadText(std::string_view text) {
-    if (!widget_) return;
+/// Into a document of its own: when memory runs out, or there is no text, the old one is still there.
+bool ScintillaEdit::loadText(std::size_t bytes, const TextParts& next) {
+    if (!widget_) return true;
     std::optional<TextSpeech::Pause> pause;
     if (!inBatch()) pause.emplace(widget_->speech());
     const long old = widget_->send(Sci::SCI_GETDOCPOINTER);
     widget_->send(Sci::SCI_ADDREFDOCUMENT, 0, old);
     const int oldCharacters = characterCount();
     const bool pending = textChanged_;
-    try {
-        widget_->openDocument(text.size());
-        send(Sci::SCI_SETUNDOCOLLECTION, 0);
-        characters_ = 0;
-        widget_->send(Sci::SCI_APPENDTEXT, text);
-    } catch (...) {
+    const auto goBack = [&] {
         widget_->send(Sci::SCI_SETDOCPOINTER, 0, old);
         widget_->send(Sci::SCI_RELEASEDOCUMENT, 0, old);
         inserted_ = {};
         characters_ = oldCharacters;
         textChanged_ = pending;
+    };
+    try {
+        widget_->openDocument(roomFor(bytes));
+        send(Sci::SCI_SETUNDOCOLLECTION, 0);
+        characters_ = 0;
+        if (!appendAll(next)) {
+            goBack();
+            return false;
+        }
+        send(Sci::SCI_SETUNDOCOLLECTION, 1);
+        if (inBatch()) send(Sci::SCI_BEGINUNDOACTION);
+        select(0, 0);
+        scrollToSelection();  // lays out the first line, which may be all of the text
+    } catch (...) {
+        goBack();
         throw;
     }
     widget_->send(Sci::SCI_RELEASEDOCUMENT, 0, old);
-    send(Sci::SCI_SETUNDOCOLLECTION, 1);
-    if (inBatch()) send(Sci::SCI_BEGINUNDOACTION);
     textChanged_ = pending;
-    select(0, 0);
-    scrollToSelection();
+    return true;
+}
+
+bool ScintillaEdit::appendAll(const TextParts& next) {
+    auto part = next();
+    for (; part && !part->empty(); part = next()) widget_->send(Sci::SCI_APPENDTEXT, *part);
+    return part.has_value();
 }
 
 bool ScintillaEdit::undoStep() {

@@ -39,7 +39,7 @@ protected:
     void replaceRange(int start, int length, std::string_view text) override;
     void select(int start, int length) override;
     void scrollToSelection() override;
-    void loadText(std::string_view text) override;
+    bool loadText(std::size_t bytes, const TextParts& next) override;
     bool undoStep() override;
     bool redoStep() override;
     void showColors() override;
@@ -58,6 +58,7 @@ private:
     int send(unsigned int message, unsigned long first = 0, long second = 0) const;
     std::string_view bytesAt(int start, int length) const;
     Range shownSelection() const;
+    bool appendAll(const TextParts& next);
     bool goStep(unsigned int question, unsigned int step);
 
     void noteChange(bool insertion, int start, int length) override;

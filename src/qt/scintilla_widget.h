@@ -45,7 +45,7 @@ public:
     void showColors(int textColor, int backColor);
 
     /// An empty document of its own kind: UTF-8, with no style bytes. The undo steps of the one before are gone.
-    /// @param bytes  what is going to be put in
+    /// @param bytes  what there is room for
     void openDocument(std::size_t bytes);
 
     long send(unsigned int message, unsigned long first = 0, long second = 0) const {

@@ -1,11 +1,8 @@
 #include "text/code_points.h"
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
-#include <unicode/uchar.h>
 #include <algorithm>
-#include <bit>
-#include <cstring>
+
+#include "text/byte_blocks.h"
 
 namespace kelvor {
 
@@ -18,17 +15,15 @@ std::string shortened(std::string_view text) {
 }
 
 std::size_t characterCount(std::string_view text) {
-    // A character has one byte that is no continuation (10xxxxxx); eight bytes are looked at together.
-    constexpr uint64_t lowBits = 0x0101010101010101;
-    std::size_t continuations = 0;
-    std::size_t position = 0;
-    for (; position + sizeof(uint64_t) <= text.size(); position += sizeof(uint64_t)) {
-        uint64_t word = 0;
-        std::memcpy(&word, text.data() + position, sizeof word);
-        continuations += static_cast<std::size_t>(std::popcount((word >> 7) & (~word >> 6) & lowBits));
-    }
-    for (; position < text.size(); ++position) continuations += isContinuationByte(text[position]) ? 1 : 0;
-    return text.size() - continuations;
+    // A character has one byte that is no continuation (10xxxxxx), and these are the lowest of a signed byte.
+    constexpr signed char leastOther = -0x40;
+    BlockCount continuations;
+    std::size_t at = 0;
+    for (; at + sizeof(ByteBlock) <= text.size(); at += sizeof(ByteBlock))
+        continuations.add(blockAt(text.data() + at) < leastOther);
+    std::size_t count = at - continuations.total();
+    for (; at < text.size(); ++at) count += isContinuationByte(text[at]) ? 0 : 1;
+    return count;
 }
 
 std::size_t positionBehind(std::string_view text, std::size_t count) {

@@ -1,23 +1,42 @@
 #include "text/line_ends.h"
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
 #include <algorithm>
-#include <bit>
-#include <climits>
-#include <cstddef>
+
+#include "text/byte_blocks.h"
 
 namespace kelvor {
 
-std::string commonLineEnd(std::string_view text) {
-    std::size_t pairs = 0;
-    std::size_t feeds = 0;
-    for (auto at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1)) {
-        ++(at > 0 && text[at - 1] == '\r' ? pairs : feeds);
+void LineEndCounts::add(std::string_view part) {
+    if (part.empty()) return;
+    if (endsWithReturn_ && part.front() == '\n') ++pairs_;
+    endsWithReturn_ = part.back() == '\r';
+    BlockCount feeds;
+    BlockCount returns;
+    BlockCount pairs;
+    std::size_t at = 0;
+    for (; at + sizeof(ByteBlock) < part.size(); at += sizeof(ByteBlock)) {
+        const ByteBlock isFeed = blockAt(part.data() + at) == '\n';
+        const ByteBlock isReturn = blockAt(part.data() + at) == '\r';
+        const ByteBlock feedFollows = blockAt(part.data() + at + 1) == '\n';
+        feeds.add(isFeed);
+        returns.add(isReturn);
+        pairs.add(isReturn & feedFollows);
     }
-    const std::size_t returns = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r')) - pairs;
-    if (feeds > pairs && feeds >= returns) return "\n";
-    return returns > pairs ? "\r" : "\r\n";
+    feeds_ += feeds.total();
+    returns_ += returns.total();
+    pairs_ += pairs.total();
+    for (; at < part.size(); ++at) {
+        if (part[at] == '\n') ++feeds_;
+        if (part[at] == '\r') ++returns_;
+        if (part[at] == '\r' && at + 1 < part.size() && part[at + 1] == '\n') ++pairs_;
+    }
+}
+
+std::string LineEndCounts::mostCommon() const {
+    const auto feeds = feeds_ - pairs_;
+    const auto returns = returns_ - pairs_;
+    if (feeds > pairs_ && feeds >= returns) return "\n";
+    return returns > pairs_ ? "\r" : "\r\n";
 }
 
 std::string withLineEnd(std::string_view text, std::string_view lineEnd) {

@@ -309,10 +309,12 @@ TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
         {"\xFF\xFEx\0\r\0\n\0\xE4\0"s, "x\r\nä", Encoding::utf16LittleEndian, "\r\n"},
         {"\xE4\x80\x81\xFF", "ä€\u0081ÿ", Encoding::windows1252, "\r\n"},
         {allBytes, decode(allBytes).text, Encoding::windows1252, "\n"},
+        {std::string(1'000'000, 'x') + "\xE4", std::string(1'000'000, 'x') + "ä", Encoding::windows1252, "\r\n"},
     };
     for (const auto& row : rows) {
         this->load(row.bytes);
         EXPECT_EQ(this->edit.text(), row.text);
+        EXPECT_EQ(this->edit.characterCount(), static_cast<int>(characterCount(row.text)));
         EXPECT_EQ(this->edit.encoding(), row.encoding) << row.text;
         EXPECT_EQ(this->edit.lineEnd(), row.lineEnd) << row.text;
         EXPECT_EQ(this->saved(), row.bytes) << row.text;
