@@ -146,11 +146,12 @@ void MdiView::show(Form& child) {
     auto* window = new ChildWindow(child);
     window->setWidget(widget);
     connect(widget, &QWidget::windowTitleChanged, window, &ChildWindow::showTitle);
-    widget->show();
     windows_.insert(&child, window);
+    // Before either is shown: the display would make a window of its own for what stands in no other.
     area_.addSubWindow(window);
     // The size that it takes when it is no longer maximised.
     window->resize(area_.viewport()->size() * 3 / 4);
+    widget->show();
     window->showMaximized();
 }
 

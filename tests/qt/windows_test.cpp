@@ -60,6 +60,7 @@ TEST_F(Frame, TheModelAndTheAreaAgreeOnTheWindowInFront) {
     EditWindow& first = open("/one");
     open("/two");
     EditWindow& third = open("/three");
+    EXPECT_EQ(subWindow(third).size(), area().viewport()->size()) << "maximised, as those before it";
     frame_.mdi.activate(first);
     EXPECT_EQ(area().activeSubWindow(), &subWindow(first));
     area().setActiveSubWindow(&subWindow(third));
