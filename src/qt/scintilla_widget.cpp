@@ -128,7 +128,9 @@ void ScintillaWidget::setUpKeys() {
 void ScintillaWidget::showFont() {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     SendScintilla(SCI_STYLESETFONT, static_cast<uintptr_t>(STYLE_DEFAULT), font.family().toUtf8().constData());
-    const auto hundredths = static_cast<long>(QFontInfo(font).pointSizeF() * int{SC_FONT_SIZE_MULTIPLIER});
+    // Only a size in pixels is worth looking the font up for.
+    const double points = font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+    const auto hundredths = static_cast<long>(points * int{SC_FONT_SIZE_MULTIPLIER});
     send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, hundredths);
     showColors(textColor_, backColor_);
 }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "qt/colors.h"
+#include "qt/themed_icon.h"
 
 namespace kelvor::qt {
 
@@ -78,6 +79,13 @@ void Style::polish(QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);
     if (!isReadable(palette.color(QPalette::PlaceholderText), base))
         palette.setColor(QPalette::PlaceholderText, readable(base, palette.color(QPalette::Text), base));
+}
+
+QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    // What a narrow bar shows for the rest of it; the style's own arrow is black on every palette. Each bar asks for it
+    // when it is made, and the style would read several files.
+    const bool isMore = icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton;
+    return isMore ? themedIcon(QStringLiteral(":/toolbar/more.svg")) : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

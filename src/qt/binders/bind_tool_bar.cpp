@@ -11,7 +11,6 @@
 #include "qt/binders/mouse_presses.h"
 #include "qt/button_pictures.h"
 #include "qt/convert.h"
-#include "qt/themed_icon.h"
 
 namespace kelvor::qt {
 
@@ -66,12 +65,10 @@ void alignFaces(QToolBar& widget) {
     for (QToolButton* face : faces) face->setMinimumWidth(widest);
 }
 
-/// The button that shows what a narrow bar has no room for comes without a name and with an arrow that is black on
-/// every palette.
-void setUpExtension(QToolBar& widget) {
+/// The button that shows what a narrow bar has no room for comes without a name.
+void nameExtension(QToolBar& widget) {
     auto* extension = widget.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (!extension) return;
-    extension->setIcon(themedIcon(QStringLiteral(":/toolbar/more.svg")));
     const QString name = QStringLiteral("More of ") + widget.windowTitle();
     extension->setAccessibleName(name);
     extension->setToolTip(name);
@@ -85,7 +82,7 @@ void bindToolBar(ToolBar& bar, QToolBar& widget, FormLink& link) {
         const bool line = button.kind == Kind::separator;
         actions.push_back(line ? widget.addSeparator() : &addButton(bar, button, widget, link));
     }
-    setUpExtension(widget);
+    nameExtension(widget);
     if (widget.orientation() == Qt::Vertical) alignFaces(widget);
     tellMousePresses(widget, widget, link, [&bar](const MousePress& press) { bar.mouseDown.raise(press); });
     link.follow(bar, widget, [&bar, actions](Aspect) {
