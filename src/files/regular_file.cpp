@@ -1,6 +1,7 @@
 #include "files/regular_file.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -34,9 +35,9 @@ void grow(std::string& bytes, std::size_t size, const std::string& path) {
 
 void refuseUnfit(const struct stat& status, int flags, const std::string& path) {
     if (!S_ISREG(status.st_mode)) throw notRegularError(status.st_mode, path);
-    if ((flags & O_ACCMODE) != O_RDONLY && !hasWriteBit(status)) {
-        throw pathError(error_number::permissionDenied, "The file is read-only", path);
-    }
+    if ((flags & O_ACCMODE) == O_RDONLY || hasWriteBit(status)) return;
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) throw fileError(errno, path);
+    throw pathError(error_number::permissionDenied, "The file is read-only", path);
 }
 
 }  // namespace

@@ -64,7 +64,9 @@ TEST(Files, TellWhatTheUserMayNotDo) {
     chmod(directory.path().c_str(), 0755);
     const auto readOnly = directory.write("read-only", "old");
     const auto shown = directory.write("shown", "old");
+    const auto closed = directory.write("closed", "old");
     chmod(readOnly.c_str(), 0444);
+    chmod(closed.c_str(), 0);
     // Root is bound by a file's mode, others by its owner too.
     EXPECT_TRUE(isReadOnly(readOnly));
     EXPECT_FALSE(isReadOnly(shown));
@@ -73,6 +75,8 @@ TEST(Files, TellWhatTheUserMayNotDo) {
     const bool ownsFiles = geteuid() != 0;
     const int status = asOrdinaryUser([&] {
         EXPECT_EQ(isReadOnly(shown), !ownsFiles);
+        EXPECT_EQ(errorOf([&] { saveFileInPlace(readOnly, "new"); }), "70 The file is read-only: " + readOnly);
+        EXPECT_EQ(errorOf([&] { saveFileInPlace(closed, "new"); }), "70 Permission denied: " + closed);
         EXPECT_EQ(errorOf([&] { saveFileInPlace(shown, "new"); }), ownsFiles ? "" : "70 Permission denied: " + shown);
     });
     EXPECT_EQ(status, 0);
