@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "qt/colors.h"
@@ -25,20 +26,31 @@ bool isHighContrast(const QPalette& palette) {
                     palette.color(QPalette::Active, QPalette::Window)) >= highContrast;
 }
 
-/// Outlines made from a black background are as black.
+/// None where the style's own outlines do; they are darker than the window, so that none is seen on a dark one. What is
+/// as readable as a text is still seen on the pages of tabs, which are brighter than their window.
+std::optional<QColor> outlineColor(const QPalette& palette) {
+    const QColor window = palette.color(QPalette::Window);
+    const QColor ink = palette.color(QPalette::WindowText);
+    if (isHighContrast(palette)) return ink;
+    if (window.lightness() >= ink.lightness()) return std::nullopt;
+    return readable(window, ink, window);
+}
+
 void outline(QStyle::PrimitiveElement element, const QStyleOption& option, QPainter& painter) {
     constexpr QStyle::PrimitiveElement outlined[] = {QStyle::PE_FrameLineEdit, QStyle::PE_Frame,
                                                      QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton};
     if (std::find(std::begin(outlined), std::end(outlined), element) == std::end(outlined)) return;
     const bool showsFocus = element == QStyle::PE_FrameLineEdit && option.state.testFlag(QStyle::State_HasFocus);
-    if (showsFocus || !isHighContrast(option.palette)) return;
+    const auto color = outlineColor(option.palette);
+    if (showsFocus || !color) return;
     painter.save();
-    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.setPen(*color);
     painter.setBrush(Qt::NoBrush);
     const QRect edge = option.rect.adjusted(0, 0, -1, -1);
     if (element == QStyle::PE_IndicatorRadioButton) {
+        constexpr double middleOfPixel = 0.5;
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.drawEllipse(edge);
+        painter.drawEllipse(QRectF(edge).translated(middleOfPixel, middleOfPixel));
     } else {
         painter.drawRect(edge);
     }

@@ -5,8 +5,8 @@
 namespace kelvor::qt {
 
 /// The desktop's style, with tool buttons side by side, and plainer where some palettes leave things hard to see:
-/// disabled texts, pictures and outlines in high contrast, placeholders, tool buttons that are down, edit boxes of
-/// dialogs that have the keyboard.
+/// disabled texts and pictures in high contrast, outlines there and on dark windows, placeholders, tool buttons that
+/// are down, edit boxes of dialogs that have the keyboard.
 class Style : public QProxyStyle {
 public:
     using QProxyStyle::polish;

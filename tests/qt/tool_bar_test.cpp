@@ -132,5 +132,45 @@ TEST(Style, LetsDisabledTextsBeReadInHighContrastAlone) {
     }
 }
 
+/// One control of the desktop's style, 16 by 16, drawn in a window.
+QImage drawn(const QStyle& style, QStyle::PrimitiveElement element, const QPalette& palette) {
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(palette.color(QPalette::Window));
+    QStyleOptionFrame option;
+    option.palette = palette;
+    option.rect = image.rect();
+    option.lineWidth = 1;
+    option.state = QStyle::State_Enabled;
+    QPainter painter(&image);
+    style.drawPrimitive(element, &option, &painter);
+    return image;
+}
+
+TEST(Style, OutlinesFieldsAndIndicatorsOnDarkWindows) {
+    const struct {
+        QColor text;
+        QColor window;
+        QColor field;
+        double most = 0;  ///< contrast with the window; 0: as the desktop's style draws them
+    } rows[] = {
+        {"#eff0f1", "#232629", "#1b1e20", 5.5}, {"#ffffff", "#31363b", "#232629", 5.5},
+        {"#c0c0c0", "#1e1e1e", "#2d2d2d", 5.5}, {Qt::white, Qt::black, Qt::black, 21},
+        {Qt::black, Qt::white, Qt::white, 21},  {Qt::black, "#efefef", Qt::white},
+        {"#232629", "#eff0f1", "#fcfcfc"},
+    };
+    for (const auto& [text, window, field, most] : rows) {
+        const QPalette palette(text, window, window, window, window, text, text, field, window);
+        for (const auto element : {QStyle::PE_FrameLineEdit, QStyle::PE_Frame, QStyle::PE_IndicatorCheckBox,
+                                   QStyle::PE_IndicatorRadioButton}) {
+            const QImage image = drawn(Style(), element, palette);
+            const double edge = contrast(image.pixelColor(0, image.height() / 2), window);
+            if (most > 0)
+                EXPECT_TRUE(edge >= 3 && edge <= most) << fromQt(window.name()) << " " << element << ": " << edge;
+            else
+                EXPECT_EQ(image, drawn(QProxyStyle(), element, palette)) << fromQt(window.name()) << " " << element;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace kelvor::qt
