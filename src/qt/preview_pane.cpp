@@ -90,7 +90,10 @@ void PreviewPane::makeLines() {
     heldBack_->button()->setToolTip(choice);
     heldBack_->button()->setAccessibleDescription(choice);
     connect(heldBack_->button(), &QPushButton::clicked, this, &PreviewPane::loadRemoteContent);
-    connect(loading_->button(), &QPushButton::clicked, this, [this] { browser_->stop(); });
+    connect(loading_->button(), &QPushButton::clicked, this, [this] {
+        browser_->widget().setFocus();
+        browser_->stop();
+    });
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);

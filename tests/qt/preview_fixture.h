@@ -73,9 +73,9 @@ protected:
             if (label->isVisible() && label->text().contains(words)) return true;
         return false;
     }
-    /// Whether one comes to tell it.
-    bool tells(const char* words) const {
-        return QTest::qWaitFor([&] { return tellsNow(words); }, 10'000);
+    /// Whether one comes to tell it in that many milliseconds.
+    bool tells(const char* words, int patience = 10'000) const {
+        return QTest::qWaitFor([&] { return tellsNow(words); }, patience);
     }
 
     TestDirectory files_;

@@ -49,7 +49,7 @@ void BrowserView::close() {
 }
 
 void BrowserView::stop() {
-    if (page_) page_->triggerAction(QWebEnginePage::Stop);
+    if (page_) page_->stop();
 }
 
 void BrowserView::trustSite() {

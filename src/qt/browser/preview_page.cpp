@@ -8,6 +8,7 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFileSystemAccessRequest>
 #include <QWebEngineFullScreenRequest>
+#include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
 #include <QWebEngineQuotaRequest>
@@ -219,6 +220,12 @@ void PreviewPage::hearLoginAsked(const QUrl& url, QAuthenticator& answer) {
 
 void PreviewPage::keepLogin(const QString& name, const QString& password) {
     rememberLogin(obstacleAt_, realm_, {.name = name, .password = password});
+}
+
+void PreviewPage::stop() {
+    triggerAction(QWebEnginePage::Stop);
+    if (history()->count() == 0)
+        emit obstacle({.message = QStringLiteral("%1 was not loaded.").arg(shown(requestedUrl()))});
 }
 
 void PreviewPage::hearDownload(QWebEngineDownloadRequest& download) {

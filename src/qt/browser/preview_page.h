@@ -30,6 +30,8 @@ public:
     PreviewPage(const QUrl& document, bool remoteContent, QWidget& view);
     ~PreviewPage() override;
 
+    /// Loads no more; an obstacle unless something of a page is there.
+    void stop();
     /// Takes the certificate of the last obstacle from now on.
     void trustSite();
     /// Keeps what opens the last obstacle.
