@@ -121,8 +121,8 @@ TEST_F(Preview, AMappedAddressIsSentAsTheServerKnowsItAndTellsWhenItIsNone) {
 TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     listener_.refuse("/p", "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"shop\"", "Basic YW5uOnNlY3JldA==");
     listener_.serve("/p", "text/html", "<title>inside</title>");
-    const auto logIn = [this](const char* password) {
-        EXPECT_TRUE(tells("127.0.0.1 asks for a name and a password.\nIt says: shop"));
+    const auto logIn = [this](const char* password, const std::string& server) {
+        EXPECT_TRUE(tells((server + " asks for a name and a password.\nIt says: shop").c_str()));
         const QList<QLineEdit*> fields = window_.findChildren<QLineEdit*>();
         ASSERT_EQ(fields.size(), 2);
         EXPECT_TRUE(fields[1]->text().isEmpty() && fields[1]->echoMode() == QLineEdit::Password);
@@ -133,9 +133,9 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     showServed("/p");
     EXPECT_TRUE(tells("asks for a name"));
     EXPECT_EQ(listener_.heard(), Heard{"GET /p HTTP/1.1"}) << "no empty name and password";
-    logIn("wrong");
+    logIn("wrong", listener_.address());
     EXPECT_TRUE(tells("were not taken"));
-    logIn("secret");
+    logIn("secret", listener_.address());
     EXPECT_EQ(titleOnce("inside"), "inside");
     browser_.Close();
     showServed("/p");
@@ -145,7 +145,7 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     second.refuse("/", "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"shop\"", "Basic YW5uOnNlY29uZA==");
     second.serve("/", "text/html", "<title>second</title>");
     browser_.Navigate("http://" + second.address() + "/", 0);
-    logIn("second");
+    logIn("second", second.address());
     EXPECT_EQ(titleOnce("second"), "second");
     listener_.serve("/p", "http://" + second.address() + "/", "");
     showServed("/p");

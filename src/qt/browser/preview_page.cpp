@@ -70,7 +70,8 @@ bool isLocal(const QUrl& url) {
 }
 
 QString loginQuestion(const QUrl& url, const QString& realm, bool again) {
-    QString text = QStringLiteral("%1 asks for a name and a password.").arg(url.host());
+    QString text =
+        QStringLiteral("%1 asks for a name and a password.").arg(url.adjusted(QUrl::RemoveUserInfo).authority());
     if (!realm.isEmpty()) text += QStringLiteral("\nIt says: %1").arg(elidedInTheMiddle(realm, longestAddress));
     if (again) text += QStringLiteral("\n\nThe name and the password given before were not taken.");
     return text;
