@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "base/outcome.h"
 #include "controls/form.h"
 #include "core/file_open.h"
 #include "core/recent_files.h"
@@ -14,6 +15,7 @@
 #include "files/whole_file.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/messages.h"
 #include "text/code_points.h"

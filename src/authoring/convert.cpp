@@ -2,12 +2,16 @@
 
 #include <string>
 
+#include "controls/edit_control.h"
+#include "controls/form.h"
 #include "editing/insertion.h"
 #include "editing/text_change.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "html/special_chars.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/services.h"
 
 namespace kelvor {
 

@@ -1,8 +1,12 @@
 #include "authoring/date_time.h"
 
+#include "base/error.h"
+#include "controls/edit_control.h"
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
+#include "platform/dates.h"
 #include "platform/platform.h"
+#include "platform/services.h"
 
 namespace kelvor {
 

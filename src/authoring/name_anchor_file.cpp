@@ -8,6 +8,7 @@
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

@@ -1,5 +1,7 @@
 #include "authoring/name_anchors.h"
 
+#include "base/error.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "text/text_search.h"
 

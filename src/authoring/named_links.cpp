@@ -2,9 +2,11 @@
 
 #include "authoring/links.h"
 #include "authoring/name_anchors.h"
+#include "controls/edit_control.h"
 #include "editing/anchors.h"
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

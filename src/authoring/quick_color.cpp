@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "controls/common_dialog.h"
 #include "editing/insertion.h"
 #include "frame/main_frame.h"
 #include "html/colors.h"

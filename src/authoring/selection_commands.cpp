@@ -1,5 +1,7 @@
 #include "authoring/selection_commands.h"
 
+#include "base/error.h"
+#include "controls/edit_control.h"
 #include "editing/insertion.h"
 #include "frame/main_frame.h"
 #include "text/letter_case.h"

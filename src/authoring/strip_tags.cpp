@@ -5,9 +5,11 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "controls/edit_control.h"
 #include "editing/insertion.h"
 #include "editing/text_change.h"
 #include "frame/main_frame.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/error.h"
+#include "controls/edit_control.h"
 #include "editing/insertion.h"
 #include "files/files.h"
 #include "files/paths.h"
@@ -10,6 +12,7 @@
 #include "frame/tool_forms.h"
 #include "frame/tool_switch.h"
 #include "html/no_value.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 #include "text/line_ends.h"

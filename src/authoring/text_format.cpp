@@ -5,6 +5,7 @@
 #include "frame/tool_forms.h"
 #include "html/colors.h"
 #include "html/no_value.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 

@@ -1,5 +1,6 @@
 #include "base/event.h"
 
+#include <exception>
 #include <new>
 
 namespace kelvor {

@@ -1,11 +1,14 @@
 #include "batch/case_change.h"
 
+#include "base/error.h"
 #include "batch/walk_filters.h"
+#include "controls/control.h"
 #include "editing/insertion.h"
 #include "files/paths.h"
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

@@ -1,6 +1,7 @@
 #include "batch/file_count.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "files/whole_file.h"
 #include "text/letter_case.h"

@@ -1,5 +1,6 @@
 #include "batch/file_rewrite.h"
 
+#include "base/error.h"
 #include "files/file_error.h"
 #include "files/file_replace.h"
 #include "text/text_encoding.h"

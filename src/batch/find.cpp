@@ -4,8 +4,10 @@
 
 #include "core/document.h"
 #include "editing/insertion.h"
+#include "frame/edit_window.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 #include "support/user_settings.h"

@@ -1,10 +1,13 @@
 #include "batch/find_replace.h"
 
 #include "batch/find.h"
+#include "controls/form.h"
 #include "editing/insertion.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/services.h"
 #include "support/fields.h"
 #include "text/line_ends.h"
 

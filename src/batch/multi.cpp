@@ -1,12 +1,18 @@
 #include "batch/multi.h"
 
+#include <exception>
+
+#include "base/error.h"
+#include "base/event.h"
 #include "batch/file_rewrite.h"
+#include "controls/control.h"
 #include "files/file_replace.h"
 #include "files/temporary_directory.h"
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "html/special_chars.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/fields.h"
 #include "support/report_error.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/error.h"
 #include "text/text_order.h"
 
 namespace kelvor {

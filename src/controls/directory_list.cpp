@@ -1,5 +1,7 @@
 #include "controls/directory_list.h"
 
+#include <algorithm>
+
 #include "files/files.h"
 #include "files/paths.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/error.h"
 #include "files/volumes.h"
 
 namespace kelvor {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/error.h"
+#include "base/event.h"
 #include "files/files.h"
 #include "files/utf8_file.h"
 #include "platform/platform.h"

@@ -1,7 +1,10 @@
 #include "controls/form.h"
 
 #include <algorithm>
+#include <exception>
 
+#include "base/error.h"
+#include "base/event.h"
 #include "controls/edit_control.h"
 #include "platform/platform.h"
 

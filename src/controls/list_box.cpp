@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "base/error.h"
+
 namespace kelvor {
 
 std::size_t ListBox::checked(int row) const {

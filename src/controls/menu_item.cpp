@@ -1,5 +1,7 @@
 #include "controls/menu_item.h"
 
+#include "controls/form.h"
+
 namespace kelvor {
 
 MenuItem::MenuItem(Form& form, std::string name, MenuItem* parent, std::string caption, const Handler<>& click)

@@ -1,5 +1,7 @@
 #include "controls/option_group.h"
 
+#include "controls/form.h"
+
 namespace kelvor {
 
 OptionGroup::OptionGroup(Form& form, const std::string& name, const std::vector<std::string>& captions,

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <numeric>
 
+#include "base/error.h"
 #include "text/text_order.h"
 
 namespace kelvor {

@@ -1,5 +1,8 @@
 #include "controls/tab_control.h"
 
+#include "base/error.h"
+#include "controls/form.h"
+
 namespace kelvor {
 
 TabControl::TabControl(Form& form, std::string name, const std::vector<std::string>& captions,

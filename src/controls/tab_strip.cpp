@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/error.h"
+
 namespace kelvor {
 
 std::vector<TabStrip::Tab>::const_iterator TabStrip::find(const std::string& key) const {

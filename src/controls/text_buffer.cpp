@@ -4,6 +4,8 @@
 #include <climits>
 #include <cstring>
 
+#include "base/event.h"
+#include "base/step.h"
 #include "text/code_points.h"
 
 namespace kelvor {

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "base/error.h"
+#include "controls/button.h"
+
 namespace kelvor {
 
 std::size_t ToolBar::indexOf(std::string_view key) const {

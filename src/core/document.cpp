@@ -1,5 +1,14 @@
 #include "core/document.h"
 
+#include <exception>
+
+#include "base/error.h"
+#include "base/event.h"
+#include "controls/common_dialog.h"
+#include "controls/edit_control.h"
+#include "controls/key_press.h"
+#include "controls/mouse_press.h"
+#include "controls/web_browser.h"
 #include "core/recent_files.h"
 #include "editing/editor_colors.h"
 #include "files/paths.h"
@@ -7,9 +16,11 @@
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/messages.h"
 #include "support/report_error.h"
+#include "text/text_encoding.h"
 
 namespace kelvor {
 

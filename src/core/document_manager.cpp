@@ -1,6 +1,8 @@
 #include "core/document_manager.h"
 
+#include "base/event.h"
 #include "base/single.h"
+#include "editing/rich_text_box.h"
 
 namespace kelvor {
 

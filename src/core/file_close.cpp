@@ -1,5 +1,7 @@
 #include "core/file_close.h"
 
+#include "base/event.h"
+#include "controls/form.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 

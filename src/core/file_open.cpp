@@ -1,12 +1,17 @@
 #include "core/file_open.h"
 
+#include "base/event.h"
+#include "core/document.h"
 #include "core/document_manager.h"
 #include "core/recent_files.h"
+#include "core/virtual_directories.h"
 #include "files/paths.h"
 #include "files/whole_file.h"
 #include "frame/enablement.h"
 #include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/messages.h"
 

@@ -1,14 +1,22 @@
 #include "core/file_save.h"
 
 #include <algorithm>
+#include <exception>
 #include <string>
 #include <vector>
 
+#include "base/error.h"
+#include "base/event.h"
+#include "base/outcome.h"
+#include "controls/common_dialog.h"
+#include "core/document.h"
 #include "core/document_manager.h"
 #include "core/recent_files.h"
 #include "files/paths.h"
 #include "frame/file_dialogs.h"
+#include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/messages.h"
 #include "support/report_error.h"

@@ -1,5 +1,7 @@
 #include "core/recent_files.h"
 
+#include "base/error.h"
+#include "controls/menu_item.h"
 #include "frame/main_frame.h"
 #include "support/user_settings.h"
 

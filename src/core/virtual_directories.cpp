@@ -8,6 +8,7 @@
 #include "files/files.h"
 #include "files/paths.h"
 #include "files/places.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/report_error.h"
 #include "text/percent_encoding.h"

@@ -1,6 +1,8 @@
 #include "core/window_commands.h"
 
+#include "controls/mdi_area.h"
 #include "core/document_manager.h"
+#include "frame/main_frame.h"
 
 namespace kelvor {
 

@@ -1,5 +1,6 @@
 #include "editing/edit_commands.h"
 
+#include "controls/edit_control.h"
 #include "frame/main_frame.h"
 
 namespace kelvor {

@@ -1,9 +1,11 @@
 #include "editing/htmlkeys.h"
 
+#include <exception>
 #include <string>
 
 #include "editing/anchors.h"
 #include "editing/insertion.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

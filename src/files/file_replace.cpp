@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <optional>
 
+#include "base/error.h"
+#include "base/step.h"
 #include "files/file_error.h"
 #include "files/files.h"
 #include "files/paths.h"

@@ -2,7 +2,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <exception>
 
+#include "base/error.h"
 #include "files/file_error.h"
 #include "files/files.h"
 #include "files/regular_file.h"

@@ -8,6 +8,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "base/error.h"
 #include "files/file_error.h"
 
 namespace kelvor {

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/error.h"
 #include "files/file_error.h"
 #include "files/files.h"
 #include "files/path_look.h"

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "files/file_error.h"
+#include "files/system_calls.h"
 #include "text/utf8_check.h"
 
 namespace kelvor {

@@ -1,5 +1,8 @@
 #include "frame/enablement.h"
 
+#include "controls/combo_box.h"
+#include "controls/tool_bar.h"
+#include "frame/edit_window.h"
 #include "frame/main_frame.h"
 
 namespace kelvor {

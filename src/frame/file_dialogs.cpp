@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "controls/common_dialog.h"
 #include "files/paths.h"
 #include "frame/main_frame.h"
 #include "platform/platform.h"

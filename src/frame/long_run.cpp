@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "controls/control.h"
 #include "controls/form.h"
 #include "platform/platform.h"
+#include "platform/services.h"
 
 namespace kelvor {
 

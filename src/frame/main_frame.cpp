@@ -1,5 +1,6 @@
 #include "frame/main_frame.h"
 
+#include "base/error.h"
 #include "frame/menu_table.h"
 
 namespace kelvor {

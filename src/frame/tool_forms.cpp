@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/error.h"
 #include "base/event.h"
 #include "controls/form.h"
 #include "frame/main_frame.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

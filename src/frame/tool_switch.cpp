@@ -1,5 +1,6 @@
 #include "frame/tool_switch.h"
 
+#include "controls/form.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 

@@ -1,5 +1,7 @@
 #include "frame/toolbar_menu.h"
 
+#include "controls/control.h"
+#include "controls/menu_item.h"
 #include "frame/main_frame.h"
 
 namespace kelvor {

@@ -1,7 +1,9 @@
 #include "preview/request_rules.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
+#include <system_error>
 
 namespace kelvor {
 

@@ -26,6 +26,7 @@
 #include <QTreeView>
 #include <set>
 
+#include "base/error.h"
 #include "controls/button.h"
 #include "controls/check_box.h"
 #include "controls/combo_box.h"

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "base/error.h"
 #include "controls/form.h"
 #include "controls/menu_item.h"
 #include "frame/main_frame.h"

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "controls/text_field.h"
 #include "html/no_value.h"
 #include "platform/platform.h"
 #include "support/messages.h"

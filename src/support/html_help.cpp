@@ -2,6 +2,7 @@
 
 #include "files/paths.h"
 #include "files/places.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/help_pages.h"
 

@@ -2,13 +2,16 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <system_error>
 
 #include "base/event.h"
 #include "controls/form.h"
 #include "files/files.h"
 #include "files/paths.h"
 #include "files/places.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/services.h"
 #include "text/code_points.h"
 
 namespace kelvor {

@@ -6,11 +6,14 @@
 #include <ctime>
 #include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
+#include "base/error.h"
 #include "files/path_look.h"
 #include "files/paths.h"
 #include "files/places.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/settings_database.h"
 #include "text/code_points.h"

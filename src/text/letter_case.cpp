@@ -8,6 +8,7 @@
 
 #include "base/error.h"
 #include "text/code_points.h"
+#include "text/text_encoding.h"
 
 namespace kelvor {
 

@@ -1,5 +1,6 @@
 #include "workbench/document_assistant.h"
 
+#include "controls/side_bar.h"
 #include "frame/main_frame.h"
 #include "support/user_settings.h"
 

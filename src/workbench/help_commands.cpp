@@ -1,6 +1,7 @@
 #include "workbench/help_commands.h"
 
 #include "files/whole_file.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/html_help.h"
 #include "support/programs.h"

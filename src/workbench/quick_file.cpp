@@ -1,7 +1,12 @@
 #include "workbench/quick_file.h"
 
 #include <filesystem>
+#include <system_error>
 
+#include "base/error.h"
+#include "base/outcome.h"
+#include "controls/combo_box.h"
+#include "controls/file_list.h"
 #include "core/file_open.h"
 #include "core/recent_files.h"
 #include "files/path_look.h"

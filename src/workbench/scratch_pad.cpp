@@ -2,11 +2,17 @@
 
 #include <string>
 
+#include "base/error.h"
+#include "base/event.h"
+#include "controls/common_dialog.h"
+#include "controls/control.h"
+#include "controls/mouse_press.h"
 #include "editing/insertion.h"
 #include "files/paths.h"
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace kelvor {

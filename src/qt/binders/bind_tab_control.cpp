@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "controls/tab_control.h"
 
 #include <QShortcut>
