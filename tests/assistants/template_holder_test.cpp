@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "tests/kit/file_messages.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -61,10 +61,14 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
         expectTold("Illegal character in requested template name", "A template name cannot contain a period(.).",
                    MessageIcon::critical);
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "a.b"));
-        expectTold("Illegal filename",
-                   "A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
-                   MessageIcon::critical);
-        EXPECT_FALSE(holder.lbxTemplates.edit(1, "a/b"));
+        platform.beeps = 0;
+        for (const char character : std::string("\\/:*?\"<>|")) {
+            platform.expectMessage(
+                critical("A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
+                         "Illegal filename"));
+            EXPECT_FALSE(holder.lbxTemplates.edit(1, std::string("a") + character));
+        }
+        EXPECT_EQ(platform.beeps, 9);
         for (const char* nothing : {"", "  ", "\u00A0\u3000\t"}) EXPECT_FALSE(holder.lbxTemplates.edit(1, nothing));
         expectTold("Template file already exists.",
                    "There is a template of this name already: my default template copy", MessageIcon::exclamation);
@@ -79,10 +83,10 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
         holder.lbxTemplates.setSelectedRow(1);
         // The name is still being edited when the button is pressed.
         holder.lbxTemplates.follow([&](Aspect aspect) {
-            if (aspect == Aspect::value) holder.lbxTemplates.edit(1, "Letter");
+            if (aspect == Aspect::value) holder.lbxTemplates.edit(1, "näme (1)");
         });
         for (const Answer answer : {Answer::no, Answer::yes}) {
-            platform.expectMessage({.text = "Delete [Letter.tpl] template?",
+            platform.expectMessage({.text = "Delete [näme (1).tpl] template?",
                                     .title = "Delete confirmation",
                                     .icon = MessageIcon::question,
                                     .buttons = MessageButtons::yesNo,
@@ -90,7 +94,7 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
                                    answer);
             holder.cmdDelete.click();
             EXPECT_FALSE(exists("Page"));
-            EXPECT_EQ(exists("Letter"), answer == Answer::no);
+            EXPECT_EQ(exists("näme (1)"), answer == Answer::no);
         }
         holder.lbxTemplates.follow({});
         EXPECT_EQ(holder.lbxTemplates.count(), 1U);

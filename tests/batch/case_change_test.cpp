@@ -7,6 +7,7 @@
 
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 #include "tests/kit/waiting_events.h"
 
 namespace kelvor {
@@ -33,7 +34,7 @@ protected:
         form().optWhere.select(1);
         Rows paths;
         for (const std::string& name : names) paths.push_back(files.path(name));
-        platform.expectOpen(paths);
+        platform.expectOpen("Select files (multiple selections allowed)", paths);
         form().cmdAddFiles.click();
     }
     /// The results, each as "name attribute icon".
@@ -52,11 +53,7 @@ protected:
         EXPECT_EQ(form().SSTab1.tab(), 2);
     }
     void expectCancel() {
-        platform.expectMessage({.text = "Are you sure that you wish to cancel?",
-                                .title = "Confirm cancel",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNo},
-                               Answer::yes);
+        platform.expectMessage(question("Are you sure that you wish to cancel?", "Confirm cancel"), Answer::yes);
     }
 };
 
@@ -104,9 +101,8 @@ TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
 
     // Without files the run stays unfinished, and the form open.
     form().lblStartDir.setCaption(files.path("settings"));
-    platform.expectMessage({.text = "There are no files matching the selected filter(s) in " + files.path("settings/"),
-                            .title = "No files to search",
-                            .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation(
+        "There are no files matching the selected filter(s) in " + files.path("settings/"), "No files to search"));
     form().cmdApply.click();
     expectRunning(true);
     EXPECT_EQ(platform.pointer, MousePointer::hourglass);
@@ -122,16 +118,13 @@ TEST_F(CaseChangeForm, AFileThatFailsEndsTheRunAndKeepsItsBytes) {
         const char* file;
         unsigned mode;
         int choice;
-        int error;
+        const char* error;
     };
-    for (const Row& row : {Row{"read-only.htm", 0444, 0, 70}, Row{"latin.htm", 0644, 1, 5}}) {
+    for (const Row& row : {Row{"read-only.htm", 0444, 0, "70"}, Row{"latin.htm", 0644, 1, "5 "}}) {
         chmod(files.write(row.file, bytes).c_str(), row.mode);
         showList({row.file});
         form().optCase.select(row.choice);
-        int number = 0;
-        setErrorSink([&](const Error& thrown) { number = thrown.number(); });
-        form().cmdApply.click();
-        EXPECT_EQ(number, row.error);
+        EXPECT_EQ(reportedBy([this] { form().cmdApply.click(); }).substr(0, 2), row.error);
         EXPECT_EQ(files.read(row.file), bytes);
         expectRunning(true);
         mainForm().unload();

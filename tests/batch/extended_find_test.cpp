@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 #include "tests/kit/waiting_events.h"
 
 namespace kelvor {
@@ -42,11 +43,7 @@ protected:
         return texts;
     }
     void expectQuestion(Answer answer) {
-        platform.expectMessage({.text = "Are you sure you want to cancel?",
-                                .title = "Confirm Cancel",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNo},
-                               answer);
+        platform.expectMessage(question("Are you sure you want to cancel?", "Confirm Cancel"), answer);
     }
 
     ExtendedFind& form = toolForm<ExtendedFind>();
@@ -68,9 +65,8 @@ TEST_F(ExtendedFindForm, BeginsWithAFolderAndATextOnly) {
 TEST_F(ExtendedFindForm, TellsThatNoFileMatches) {
     enter("x");
     form.chkCase.setValue(true);
-    platform.expectMessage({.text = "There are no files matching the selected filter in " + files.path("site/"),
-                            .title = "No files to search",
-                            .icon = MessageIcon::exclamation});
+    platform.expectMessage(
+        exclamation("There are no files matching the selected filter in " + files.path("site/"), "No files to search"));
     form.cmdBegin.click();
     EXPECT_EQ(platform.beeps, 1);
     EXPECT_EQ(platform.focused, "cmdBegin");
@@ -126,13 +122,8 @@ TEST_F(ExtendedFindForm, OpensTheSelectedRowsAndKeepsThoseThatFailSelected) {
     std::filesystem::remove(path);
     form.ListView1.choose(0, {0, 1, 2});
     platform.expectPopup([this](MenuItem&) { form.mnuLV1_open.click(); });
-    platform.expectMessage({.text = "The file " + path + " does not exist.",
-                            .title = "File Open Error",
-                            .icon = MessageIcon::exclamation});
-    platform.expectMessage({.text = "An error occurred while opening " + path +
-                                    "\r\nMake sure that the file is not already locked by another application.",
-                            .title = "File open error",
-                            .icon = MessageIcon::critical});
+    platform.expectMessage(noSuchFile(path));
+    platform.expectMessage(openError(path));
     form.ListView1.mouseDown.raise({MousePress::left});
     form.ListView1.mouseDown.raise({MousePress::right});
     EXPECT_EQ(documentManager().count(), 2U);

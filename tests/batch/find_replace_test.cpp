@@ -4,6 +4,7 @@
 
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 #include "tests/kit/waiting_events.h"
 
 namespace kelvor {
@@ -156,8 +157,7 @@ TEST_F(FindReplaceForm, TheSelectionIsTheTextToFindUntilItIsTheRange) {
     mnuEdit_FindReplace_Click();
     EXPECT_EQ(form().txtFindText.text(), "cat");
     form().chkWithin.click();
-    platform.expectMessage(
-        {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation("You must enter some text to find!", "Find text error"));
     form().cmdReplaceOne.click();
     form().chkWithin.click();
     EXPECT_EQ(form().txtFindText.text(), "cat");

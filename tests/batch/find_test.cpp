@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "core/file_close.h"
 #include "frame/main_frame.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -19,8 +21,7 @@ protected:
         find().cmdFind.click();
     }
     void pressInVain(const std::string& text) {
-        platform.expectMessage(
-            {.text = "Search string not found.", .title = "Find Results", .icon = MessageIcon::information});
+        platform.expectMessage(information("Search string not found.", "Find Results"));
         press(text);
         EXPECT_EQ(find().cmdFind.caption(), "&Find");
     }
@@ -95,8 +96,7 @@ TEST_F(FindForm, ATypedTextBeginsAnewAndAChosenRowGoesOn) {
     EXPECT_EQ(selection(), "8:Cat");
     press("cats");
     EXPECT_EQ(find().cboFindText.list(), (std::vector<std::string>{"cats", "Cat", "cats", "cat", "dog"}));
-    platform.expectMessage(
-        {.text = "You must enter some text to find!", .title = "Find text error", .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation("You must enter some text to find!", "Find text error"));
     press("");
     EXPECT_EQ(platform.focused, "cboFindText");
 }
@@ -112,6 +112,21 @@ TEST_F(FindForm, TheHistoryFillsUpAndThenTakesNewTextsOnTop) {
     find().unload();
     mnuEdit_Find_Click();
     EXPECT_EQ(find().cboFindText.list(), (std::vector<std::string>{"ONE", "six", "one", "two", "three"}));
+}
+
+using FindInDocuments = KelvorTest;
+
+TEST_F(FindInDocuments, ASearchDoesNotGoOnInADocumentThatIsOpenedAgain) {
+    start();
+    open("b.htm", "");
+    for (int time = 0; time < 2; ++time) {
+        const EditControl& text = open("a.htm", "cat cat").SourceRTB();
+        if (time == 0) mnuEdit_Find_Click();
+        if (time == 0) toolForm<Find>().cboFindText.type("cat");
+        toolForm<Find>().cmdFind.click();
+        EXPECT_EQ(text.selStart(), 0) << time;
+        mnuFile_Close_Click();
+    }
 }
 
 }  // namespace

@@ -16,18 +16,13 @@
 #include "files/temporary_directory.h"
 #include "frame/file_dialogs.h"
 #include "html/special_chars.h"
-#include "support/report_error.h"
-#include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
-
-Message question(const std::string& text, const std::string& title) {
-    return {.text = text, .title = title, .icon = MessageIcon::question, .buttons = MessageButtons::yesNo};
-}
 
 const Message cancelQuestion = question("Are you sure that you want to cancel?", "Cancel multifile find and replace");
 const Message addQuestion = question(
@@ -54,14 +49,12 @@ protected:
         form.cmdAdd.click();
     }
     void choose(const std::vector<std::string>& paths) {
-        platform.expectOpen(paths);
+        platform.expectOpen("Select the target files (multiple selections allowed)", paths);
         form.cmdBrowse.click();
     }
     void expectSkipped(const std::string& path, const std::string& cause) {
-        platform.expectMessage({.text = "Could not write to " + path + " skipping file.",
-                                .cause = cause,
-                                .title = "Multifile Find and Replace",
-                                .icon = MessageIcon::critical});
+        platform.expectMessage(
+            critical("Could not write to " + path + " skipping file.", "Multifile Find and Replace", cause));
     }
     std::string summary(int row) { return form.lstSummary.cell(row, 0) + "|" + form.lstSummary.cell(row, 1); }
 
@@ -69,8 +62,7 @@ protected:
 };
 
 TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {
-    platform.expectMessage(
-        {.text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation("You must enter some text to be found.", "Empty field"));
     form.cmdAdd.click();
     EXPECT_EQ(platform.beeps, 1);
     add("a", "b");
@@ -113,10 +105,7 @@ TEST_F(MultiForm, PrefillsBothWaysAndThenCountsItsRowsFromTheirOwn) {
     // Fewer rows counted than were removed: a pair is refused, for without its replacement it would delete.
     form.lstSummary.setSelectedRow(0);
     for (int count = 0; count < 2; ++count) form.cmdRemoveItem.click();
-    int number = 0;
-    setErrorSink([&](const Error& thrown) { number = thrown.number(); });
-    add("z", "y");
-    EXPECT_EQ(number, 9);
+    EXPECT_EQ(reportedBy([&] { add("z", "y"); }), "9 The summary has no row for the replacement text;");
     EXPECT_EQ(form.lstSummary.count(), 61U);
     form.cmdRemoveSummary.click();
     EXPECT_TRUE(!form.chkCase.value() && form.chkCase.enabled() && form.cmdAddSC.enabled());
@@ -267,7 +256,6 @@ TEST_F(MultiForm, OffersToDeleteWhatKilledRunsHaveLeft) {
     };
     expectOffer(abandoned[0] + "\r\n" + abandoned[1], Answer::no);
     for (const auto& path : abandoned) EXPECT_TRUE(fs::exists(path));
-    std::string told;
     {
         auto calls = kernelCalls();
         calls.unlink = [&](const char* path) {
@@ -275,10 +263,9 @@ TEST_F(MultiForm, OffersToDeleteWhatKilledRunsHaveLeft) {
             return path == abandoned[0] ? -1 : ::unlink(path);
         };
         const ScopedSystemCalls scope(calls);
-        setErrorSink([&](const Error& error) { told += error.description(); });
-        expectOffer(abandoned[0] + "\r\n" + abandoned[1], Answer::yes);
+        EXPECT_EQ(reportedBy([&] { expectOffer(abandoned[0] + "\r\n" + abandoned[1], Answer::yes); }),
+                  "70 Permission denied: " + abandoned[0] + ";");
     }
-    EXPECT_EQ(told, "Permission denied: " + abandoned[0]);
     EXPECT_TRUE(fs::exists(abandoned[0])) << "one that does not go keeps none of the others";
     expectOffer(abandoned[0], Answer::yes);
     for (const auto& path : abandoned) EXPECT_FALSE(fs::exists(directoryPart(path)));
@@ -293,13 +280,8 @@ TEST_F(MultiForm, StopsWithWordsWhenItsTemporaryFileIsNotItsOwn) {
     fs::create_symlink(one, planted);
     add("a", "b");
     choose({one});
-    installErrorReporting();
-    platform.expectMessage({.text = "An application error has occurred:\r\n\r\nError number: 58\r\nError description: "
-                                    "Something else stands in the temporary file's place: " +
-                                    planted,
-                            .title = "Application Error",
-                            .icon = MessageIcon::critical});
-    form.cmdStart.click();
+    EXPECT_EQ(reportedBy([&] { form.cmdStart.click(); }),
+              "58 Something else stands in the temporary file's place: " + planted + ";");
     EXPECT_EQ(files.read("one.htm"), "a\r\n");
     EXPECT_EQ(form.cmdClose.caption(), "&Close");
     fs::remove(planted);

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
-#include <stdexcept>
-
 #include "controls/combo_box.h"
 #include "controls/mdi_area.h"
 #include "controls/tab_strip.h"
@@ -12,38 +9,6 @@
 
 namespace kelvor {
 namespace {
-
-TEST(Events, AFailingHandlerStopsNeitherTheOthersNorItsCaller) {
-    Event<> inner;
-    Event<> outer;
-    std::string order;
-    inner.connect([] { throw Error(13, "Type mismatch"); });
-    inner.connect([&] { order += "i"; });
-    outer.connect([&] {
-        inner.raise();
-        order += "o";
-        throw std::bad_alloc();
-    });
-    outer.connect([] { throw std::length_error("too long"); });
-    std::string told;
-    setErrorSink([&](const Error& error) { told += std::to_string(error.number()) + " " + error.description() + ";"; });
-    outer.raise();
-    setErrorSink({});
-    EXPECT_EQ(order, "io");
-    EXPECT_EQ(told, "13 Type mismatch;7 Out of memory;5 too long;");
-}
-
-TEST(Events, AHandlerTakenOffMeanwhileIsNotRunAndOneOfAnEndedEventCanBeTakenOff) {
-    Connection outliving;
-    Connection second;
-    int calls = 0;
-    Event<> event;
-    event.connect([&] { second.reset(); });
-    second = event.connectScoped([&] { ++calls; });
-    outliving = event.connectScoped([] {});
-    event.raise();
-    EXPECT_EQ(calls, 0);
-}
 
 class Forms : public testing::Test {
 protected:

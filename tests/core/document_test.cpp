@@ -2,12 +2,11 @@
 
 #include <sys/stat.h>
 
-#include "batch/find.h"
 #include "controls/text_buffer.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
-#include "tests/kit/file_messages.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -87,7 +86,7 @@ TEST_F(Document, AnUntitledOneAsksForItsNameWhenItIsClosedChanged) {
     }
     type("x");
     platform.expectMessage(saveQuestion("Untitled 2"), Answer::yes);
-    platform.expectSave("", [](const FileRequest& request) { EXPECT_TRUE(request.overwritePrompt); });
+    platform.expectSave("");
     mnuFile_Close_Click();
     ASSERT_EQ(documentManager().MyDocuments().Count(), 2U) << "Cancel in the dialog keeps it";
     EXPECT_FALSE(documentManager().currentDocument().IsSaved());
@@ -105,12 +104,10 @@ TEST_F(Document, ACharacterThatTheFileLacksIsAskedFor) {
     type("\xE4\xB8\xAD");
     for (const auto& [answer, onDisk] :
          {std::pair{Answer::no, "\xE9\x81\r\n"}, {Answer::yes, "\xE4\xB8\xAD\xC3\xA9\xC2\x81\r\n"}}) {
-        platform.expectMessage({.text = "The text in [" + document.LongFileName() +
-                                        "] has characters that its file's encoding lacks.\r\n"
-                                        "Do you want to save it as UTF-8?",
-                                .title = "File Save Error",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNo},
+        platform.expectMessage(question("The text in [" + document.LongFileName() +
+                                            "] has characters that its file's encoding lacks.\r\n"
+                                            "Do you want to save it as UTF-8?",
+                                        "File Save Error"),
                                answer);
         menu("mnuFile_Save").click();
         EXPECT_EQ(document.IsSaved(), answer == Answer::yes) << "No saves nothing and says no more";
@@ -150,18 +147,6 @@ TEST_F(Document, WindowsStayInStepWithTheTabs) {
     EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
     EXPECT_EQ(open("c.htm", "3").StrUniqueID(), "TABID4") << "one path may be open twice, and no key is used again";
     EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "c.htm");
-}
-
-TEST_F(Document, ASearchDoesNotGoOnInADocumentThatIsOpenedAgain) {
-    open("b.htm", "");
-    for (int time = 0; time < 2; ++time) {
-        const EditControl& text = open("a.htm", "cat cat").SourceRTB();
-        if (time == 0) mnuEdit_Find_Click();
-        if (time == 0) toolForm<Find>().cboFindText.type("cat");
-        toolForm<Find>().cmdFind.click();
-        EXPECT_EQ(text.selStart(), 0) << time;
-        mnuFile_Close_Click();
-    }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "files/folder_entries.h"
 
-#include "files/filter_rows.h"
 #include "tests/kit/faults.h"
 
 namespace kelvor {
@@ -26,23 +25,6 @@ TEST(FolderEntries, AreTheFoldersAndFilesAsAPersonSortsThem) {
         EXPECT_EQ(errorOf([&] { folderEntries(directory / name); }), told);
     }
     EXPECT_EQ(errorOf([&] { makeFolder(directory / "z"); }), "58 File already exists: " + (directory / "z"));
-}
-
-TEST(FilterRows, AreNamesWithTheirPatterns) {
-    const auto told = [](const char* filter) {
-        std::string text;
-        for (const FilterRow& row : filterRows(filter)) {
-            text += row.name + ":";
-            for (const std::string& pattern : row.patterns) text += pattern + ",";
-        }
-        return text;
-    };
-    EXPECT_EQ(told("All Files (*.*)|*.*|Pages (*.asp)|*.asp;"), "All Files (*.*):*.*,Pages (*.asp):*.asp,");
-    EXPECT_EQ(told(" A| *.a ; *.b |Empty||rest"), "A:*.a,*.b,Empty:*.*,");
-    EXPECT_EQ(told("No pattern"), "All Files:*.*,");
-    const FilterRow row{"", {"*.a", "*.b"}};
-    EXPECT_TRUE(matches("X.B", row));
-    EXPECT_FALSE(matches("x.c", row));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "files/places.h"
-#include "files/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -7,42 +6,11 @@
 
 #include "files/temporary_directory.h"
 #include "tests/kit/faults.h"
-#include "tests/kit/fresh_state.h"
 
 namespace kelvor {
 namespace {
 
 namespace fs = std::filesystem;
-
-TEST(Paths, AreTakenApartAndJoinedByTheirOwnRules) {
-    const struct {
-        const char* path;
-        bool foreign;
-        const char* directory;
-        const char* name;
-    } rows[] = {
-        {"/home/a/x.htm", false, "/home/a", "x.htm"},
-        {"/x.htm", false, "/", "x.htm"},
-        {"x.htm", false, "", "x.htm"},
-        {"/home/a/", false, "/home/a", ""},
-        {"/home/a\\b.htm", false, "/home", "a\\b.htm"},
-        {"c:x.htm", false, "", "c:x.htm"},
-        {"1:\\x.htm", false, "", "1:\\x.htm"},
-        {"C:", true, "", "C:"},
-        {"c:\\x.htm", true, "c:", "x.htm"},
-        {"\\\\server\\share\\x.htm", true, "\\\\server\\share", "x.htm"},
-        {"\\\\server", true, "\\\\", "server"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(isForeignPath(row.path), row.foreign) << row.path;
-        EXPECT_EQ(directoryPart(row.path), row.directory) << row.path;
-        EXPECT_EQ(fileNamePart(row.path), row.name) << row.path;
-        EXPECT_EQ(joinPath(row.directory, row.name), row.path);
-    }
-    EXPECT_EQ(directoryPart("C:/web/x.htm"), "C:/web");
-    EXPECT_EQ(joinPath("/home/a/", "x.htm"), "/home/a/x.htm");
-    EXPECT_EQ(joinPath("/a\\", "x"), "/a\\/x");
-}
 
 /// In the process of directoriesOf() this writes the directories and ends, before there is any test.
 const bool isNoPrinter = [] {
@@ -109,38 +77,6 @@ TEST_F(ProgramDirectories, AreFilledOnceFromTheInstalledData) {
     fs::remove(root / "data/kelvor/Templates");
     start();
     EXPECT_EQ(root.read("data/kelvor/tags.txt") + root.read("data/kelvor/Templates/page.htm"), "the user'spage");
-}
-
-TEST(TemporaryDirectory, IsAnotherOneWhenItIsNoLongerItsOwn) {
-    const ScratchDirectory base;
-    const ScratchDirectory victim;
-    const ScopedVariable environment("TMPDIR", base.path());
-    const auto moveAway = [](const std::string& path) { fs::rename(path, path + " moved"); };
-    const std::function<void(const std::string&)> acts[] = {
-        [](const std::string& path) { fs::remove_all(path); },
-        [](const std::string& path) { fs::permissions(path, fs::perms::others_write, fs::perm_options::add); },
-        [&](const std::string& path) {
-            moveAway(path);
-            fs::create_directory_symlink(victim.path(), path);
-        },
-        [&](const std::string& path) {
-            moveAway(path);
-            mkdir(path.c_str(), S_IRWXU);
-        },
-        [](const std::string& path) {
-            if (chown(path.c_str(), nobody, nobody) != 0) fs::remove_all(path);
-        },
-    };
-    for (const auto& act : acts) {
-        const auto before = temporaryDirectory();
-        EXPECT_EQ(temporaryDirectory(), before);
-        act(before);
-        const auto now = temporaryDirectory();
-        EXPECT_NE(now, before);
-        EXPECT_EQ(directoryPart(now), base.path());
-        EXPECT_EQ(fs::symlink_status(now).permissions(), fs::perms::owner_all);
-    }
-    EXPECT_EQ(victim.entryCount(), 0U);
 }
 
 }  // namespace

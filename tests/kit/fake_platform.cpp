@@ -7,7 +7,9 @@
 #include "base/event.h"
 #include "controls/form.h"
 #include "controls/menu_item.h"
+#include "controls/tab_control.h"
 #include "files/places.h"
+#include "frame/file_dialogs.h"
 
 namespace kelvor {
 
@@ -25,14 +27,16 @@ std::string joined(const std::vector<std::string>& words) {
 
 }  // namespace
 
+void failOnError(const Error& error) {
+    ADD_FAILURE() << "unexpected error " << error.number() << ": " << error.description();
+}
+
 std::string numbersOf(const Date& day) {
     return std::to_string(day.year) + "-" + std::to_string(day.month) + "-" + std::to_string(day.day);
 }
 
 FakePlatform::FakePlatform() {
-    setErrorSink([](const Error& error) {
-        ADD_FAILURE() << "unexpected error " << error.number() << ": " << error.description();
-    });
+    setErrorSink(failOnError);
 }
 
 FakePlatform::~FakePlatform() {
@@ -48,12 +52,12 @@ void FakePlatform::expectInput(const std::string& prompt, const std::string& tit
     steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});
 }
 
-void FakePlatform::expectOpen(const std::vector<std::string>& paths, std::function<void(const FileRequest&)> look) {
-    steps_.push_back({.kind = "open", .paths = paths, .look = std::move(look)});
+void FakePlatform::expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex) {
+    steps_.push_back({.kind = "open", .title = title, .paths = paths, .filterIndex = filterIndex});
 }
 
-void FakePlatform::expectSave(const std::string& path, std::function<void(const FileRequest&)> look) {
-    steps_.push_back({.kind = "save", .text = path, .look = std::move(look)});
+void FakePlatform::expectSave(const std::string& path, const std::string& offered) {
+    steps_.push_back({.kind = "save", .title = "Save HTML file as", .text = offered, .paths = {path}});
 }
 
 void FakePlatform::expectColor(std::optional<int> color) {
@@ -108,17 +112,28 @@ std::string FakePlatform::input(const InputRequest& request) {
     return step->text;
 }
 
+void FakePlatform::expectRequest(const FileRequest& request, const Step& step) {
+    EXPECT_EQ(request.title, step.title);
+    EXPECT_EQ(request.directory, lastDir) << step.title;
+    EXPECT_EQ(request.filter, fileFilter) << step.title;
+    EXPECT_EQ(request.filterIndex, step.filterIndex) << step.title;
+    EXPECT_EQ(request.fileName, step.text) << step.title;
+    EXPECT_EQ(request.multiple, step.title.find("(multiple selections allowed)") != std::string::npos) << step.title;
+    EXPECT_EQ(request.overwritePrompt, step.kind == "save") << step.title;
+}
+
 std::vector<std::string> FakePlatform::openFiles(const FileRequest& request) {
     const auto step = next("open", request.title);
-    if (step && step->look) step->look(request);
-    return step ? step->paths : std::vector<std::string>{};
+    if (!step) return {};
+    expectRequest(request, *step);
+    return step->paths;
 }
 
 std::optional<std::string> FakePlatform::saveFile(const FileRequest& request) {
     const auto step = next("save", request.title);
-    if (step && step->look) step->look(request);
-    if (!step || step->text.empty()) return {};
-    return step->text;
+    if (!step) return {};
+    expectRequest(request, *step);
+    return step->paths.front().empty() ? std::nullopt : std::optional(step->paths.front());
 }
 
 std::optional<int> FakePlatform::color(const std::string& title, int start) {
@@ -128,10 +143,12 @@ std::optional<int> FakePlatform::color(const std::string& title, int start) {
     return step ? step->color : std::nullopt;
 }
 
-std::optional<std::string> FakePlatform::folder(const std::string& title, const std::string& /*start*/) {
+std::optional<std::string> FakePlatform::folder(const std::string& title, const std::string& start) {
     const auto step = next("folder", title);
-    if (!step || step->text.empty()) return {};
+    if (!step) return {};
     EXPECT_EQ(title, step->title);
+    EXPECT_EQ(start, lastDir) << title;
+    if (step->text.empty()) return {};
     return step->text;
 }
 
@@ -166,6 +183,26 @@ void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
     menu.clicked.raise();
     const auto step = next("popup", menu.name());
     if (step) step->popup(menu);
+}
+
+std::string disabledIn(const Form& form) {
+    std::string names;
+    for (const Control* control : form.controls()) {
+        if (!control->enabled()) names += control->name() + " ";
+        const auto* tabs = dynamic_cast<const TabControl*>(control);
+        for (int page = 0; tabs != nullptr && page < static_cast<int>(tabs->count()); ++page)
+            if (!tabs->tabEnabled(page)) names += control->name() + "/" + std::to_string(page) + " ";
+    }
+    return names;
+}
+
+std::string reportedBy(const std::function<void()>& act) {
+    std::string reports;
+    setErrorSink(
+        [&](const Error& error) { reports += std::to_string(error.number()) + " " + error.description() + ";"; });
+    act();
+    setErrorSink(failOnError);
+    return reports;
 }
 
 TestDirectory::TestDirectory() {

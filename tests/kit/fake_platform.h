@@ -16,6 +16,9 @@ namespace kelvor {
 /// "2026-11-5": the three numbers without leading zeros.
 std::string numbersOf(const Date& day);
 
+/// The error sink of a test that expects none.
+void failOnError(const Error& error);
+
 /// The surroundings of a test: answers what the test has scripted and records what the program asked for. A
 /// dialog that the test does not expect fails it, and so does an expected one that never came.
 class FakePlatform : private QuietPlatform {
@@ -28,9 +31,12 @@ public:
     void expectMessage(const Message& message, Answer answer = Answer::ok);
     /// The next input box must have this prompt and title.
     void expectInput(const std::string& prompt, const std::string& title, const std::string& answer);
-    /// The next dialog of that kind must come; `look` may check what it was opened with. No paths cancel it.
-    void expectOpen(const std::vector<std::string>& paths, std::function<void(const FileRequest&)> look = {});
-    void expectSave(const std::string& path, std::function<void(const FileRequest&)> look = {});
+    /// The next dialog must be the one that opens files, with this title and filter row, in the directory last used and
+    /// with the filter of documents; it takes several files when its title says so. No paths cancel it.
+    void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1);
+    /// The next dialog must be the one for a name, which asks before a file is written over and offers `offered`. No
+    /// path cancels it.
+    void expectSave(const std::string& path, const std::string& offered = {});
     void expectColor(std::optional<int> color);
     void expectFolder(const std::string& title, const std::optional<std::string>& answer);
     /// While the next modal form is shown, `steps` run.
@@ -69,10 +75,11 @@ private:
         std::string text;
         std::vector<std::string> paths;
         std::optional<int> color;
-        std::function<void(const FileRequest&)> look;
+        int filterIndex = 1;
         std::function<void(Form&)> modal;
         std::function<void(MenuItem&)> popup;
     };
+    static void expectRequest(const FileRequest& request, const Step& step);
     std::optional<Step> next(const std::string& kind, const std::string& what);
 
     Answer message(const Message& message) override;
@@ -112,6 +119,12 @@ private:
     std::deque<Step> steps_;
     std::optional<Answer> answerAll_;
 };
+
+/// The names of the form's controls that cannot be reached, a blank behind each, in their order; tabs as "name/page".
+std::string disabledIn(const Form& form);
+
+/// What the handlers that `act` runs report, each as "number description;". Nothing of it fails the test.
+std::string reportedBy(const std::function<void()>& act);
 
 /// A private directory with the program's and the settings' directories in it, in force while it lives.
 class TestDirectory {

@@ -1,7 +1,9 @@
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 #include "controls/text_buffer.h"
 #include "core/file_open.h"
+#include "files/paths.h"
 #include "frame/tool_forms.h"
 #include "program/startup.h"
 #include "support/report_error.h"
@@ -9,19 +11,10 @@
 
 namespace kelvor {
 
-namespace {
-
-/// From here on an error of a handler is no message box.
-void failOnErrors() {
-    setErrorSink([](const Error& error) { ADD_FAILURE() << error.number() << ": " << error.description(); });
-}
-
-}  // namespace
-
 KelvorTest::~KelvorTest() {
     platform.verifyNothingOutstanding();
     platform.answerAllMessages(Answer::no);
-    failOnErrors();
+    setErrorSink(failOnError);
     if (mainForm().isLoaded()) mainForm().unload();
     releaseMainForm();
 }
@@ -29,7 +22,7 @@ KelvorTest::~KelvorTest() {
 void KelvorTest::start() {
     SaveSetting(application, "User", "LCase", "False");
     ASSERT_TRUE(startKelvor());
-    failOnErrors();
+    setErrorSink(failOnError);
 }
 
 void KelvorTest::startFrame() {
@@ -57,18 +50,29 @@ void KelvorTest::type(const std::string& text) {
     dynamic_cast<TextBuffer&>(mainForm().activeForm().Text1).type(text);
 }
 
+void KelvorTest::openByDialog(const std::string& name) {
+    platform.expectOpen(openTitle, {files.write(name, name)});
+    menu("mnuFile_Open").click();
+}
+
+std::string KelvorTest::recentMenu() {
+    std::string names;
+    for (int index = 0; index < 5; ++index) {
+        const MenuItem& row = menu("mnuFile_RecentFiles_" + std::to_string(index));
+        if (row.visible()) names += fileNamePart(row.caption()) + " ";
+    }
+    return names;
+}
+
 Message KelvorTest::saveQuestion(const std::string& name) {
-    return {.text = "The text in [" + name + "] has changed.\r\nDo you want to save the changes?",
-            .title = "Kelvor",
-            .icon = MessageIcon::question,
-            .buttons = MessageButtons::yesNoCancel};
+    return question("The text in [" + name + "] has changed.\r\nDo you want to save the changes?", "Kelvor",
+                    MessageButtons::yesNoCancel);
 }
 
 void KelvorTest::expectError(int number, const std::string& description) {
-    platform.expectMessage({.text = "An application error has occurred:\r\n\r\nError number: " +
-                                    std::to_string(number) + "\r\nError description: " + description,
-                            .title = "Application Error",
-                            .icon = MessageIcon::critical});
+    platform.expectMessage(critical("An application error has occurred:\r\n\r\nError number: " +
+                                        std::to_string(number) + "\r\nError description: " + description,
+                                    "Application Error"));
 }
 
 }  // namespace kelvor

@@ -34,6 +34,10 @@ protected:
     void type(const std::string& text);
     MenuItem& menu(const std::string& name) { return mainForm().menu(name); }
     std::string panelText(int number) { return mainForm().StatusBar1.panelText(number); }
+    /// Writes a file into the test's directory and opens it as the user does, by the dialog.
+    void openByDialog(const std::string& name);
+    /// The names in the menu's rows of recent files, a blank behind each.
+    std::string recentMenu();
     /// The close question for a name.
     static Message saveQuestion(const std::string& name);
     /// Expects the message of an error.

@@ -5,8 +5,8 @@
 #include "core/file_open.h"
 #include "frame/enablement.h"
 #include "support/settings.h"
-#include "tests/kit/file_messages.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -16,10 +16,8 @@ protected:
     Preview() { start(); }
 
     void expectQuestion(Answer answer) {
-        platform.expectMessage({.text = "File must be saved before a preview can be executed.\r\nSave file now?",
-                                .title = "Preview requires save.",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNo},
+        platform.expectMessage(question("File must be saved before a preview can be executed.\r\nSave file now?",
+                                        "Preview requires save."),
                                answer);
     }
     void listBrowser(const std::string& program) {
@@ -61,9 +59,8 @@ TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
 
     expectQuestion(Answer::yes);
     platform.expectSave("");
-    platform.expectMessage({.text = "[Untitled 1] has no file yet, so there is nothing that a browser could show.",
-                            .title = "Preview requires save.",
-                            .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation("[Untitled 1] has no file yet, so there is nothing that a browser could show.",
+                                       "Preview requires save."));
     menu("mnuRClick_Preview_Default").click();
     EXPECT_EQ(platform.opened, std::vector<std::string>());
 }
@@ -91,11 +88,10 @@ TEST_F(Preview, OnlyTheViewGoesByTheMappings) {
 }
 
 TEST_F(Preview, OnlyABrowserThatIsGoneIsTold) {
-    const Message gone = {.text =
-                              "The executable you have provided for this option can not be found.  Please check "
-                              "your preferences.",
-                          .title = "Program executable not found",
-                          .icon = MessageIcon::critical};
+    const Message gone = critical(
+        "The executable you have provided for this option can not be found.  Please check "
+        "your preferences.",
+        "Program executable not found");
     open("a.htm", "x");
     listBrowser("browser");
     platform.startFails["browser"] = error_number::pathAccess;

@@ -1,7 +1,6 @@
 #include <map>
 #include <set>
 
-#include "core/file_close.h"
 #include "frame/enablement.h"
 #include "frame/menu_table.h"
 #include "program/command_table.h"
@@ -18,38 +17,6 @@ using Names = std::set<std::string>;
 class CommandSurface : public KelvorTest {
 protected:
     CommandSurface() { start(); }
-
-    /// Checks what is shown and enabled beside a source in front, beside a preview, and without any document.
-    void expectCommands(bool source, bool document) {
-        SCOPED_TRACE(source ? "beside a source" : document ? "beside a preview" : "without a document");
-        MDIForm1& frame = mainForm();
-        std::string bar;
-        Names disabled;
-        for (const auto& item : frame.menus()) {
-            if (!item->parent() && item->visible()) bar += item->caption() + " ";
-            if (!item->enabled()) disabled.insert(item->name());
-        }
-        EXPECT_EQ(bar, source     ? "&File &Edit &Link &Tools For&mat Text Tool&bars &View &Window &Help "
-                       : document ? "&File &Tools Tool&bars &View &Window &Help "
-                                  : "&File &Tools Tool&bars &View &Help ");
-        Names wanted = {"mnuFile_Print"};
-        if (!source)
-            wanted.insert({"mnuEdit", "mnuFile_Close", "mnuFile_CloseAll", "mnuFile_Save", "mnuFile_SaveAll",
-                           "mnuFile_SaveAs", "mnuInsert_Image", "mnuInsert_Link", "mnuInsert_Scripts",
-                           "mnuInsert_SpecialChars", "mnuInsert_TableWiz", "mnuInsert_Tags", "mnuToolBars_forms",
-                           "mnuTools_ConvertSpec", "mnuTools_CreateTemplate", "mnuTools_Format", "mnuTools_FormatText",
-                           "mnuView_dropDown"});
-        if (!document) wanted.insert({"mnuView_Source", "mnuView_Preview"});
-        EXPECT_EQ(disabled, wanted);
-        const Names always = {"New", "Open", "Print", "Links", "About", "Exit"};
-        for (const auto& button : frame.Toolbar1.buttons())
-            EXPECT_EQ(button.enabled, source || always.contains(std::string(button.key))) << button.key;
-        for (const char* key : {"Source", "Preview", "VDir", "NoVDir"})
-            EXPECT_EQ(frame.Toolbar4.button(key).enabled, document) << key;
-        for (const ComboBox* list : {&frame.Combo1, &frame.Combo2, &frame.Combo3, &frame.Combo4})
-            EXPECT_EQ(list->enabled(), source) << list->name();
-        EXPECT_TRUE(source || !frame.Toolbar3.enabled());
-    }
 };
 
 TEST_F(CommandSurface, EveryRowIsUniqueAndHasACommandLikeEveryButtonOrIsListedAsStillToCome) {
@@ -86,65 +53,6 @@ TEST_F(CommandSurface, RowsHaveTheTextsThatUsersKnow) {
              {"mnuWindow_PreviousWindow", "&Previous Window Ctrl+Q"},
          })
         EXPECT_EQ(menu(name).caption() + " " + menu(name).shortcut(), text);
-}
-
-TEST_F(CommandSurface, ADocumentTurnsEverythingOnOnceAndItsEndOff) {
-    expectCommands(false, false);
-    open("a.htm", "x");
-    expectCommands(true, true);
-    menu("mnuToolBars_forms").click();
-    enableMenuItems();
-    EXPECT_TRUE(menu("mnuToolBars_forms").checked()) << "a second call leaves the user's choice alone";
-    mnuFile_Close_Click();
-    expectCommands(false, false);
-    EXPECT_FALSE(menu("mnuToolBars_forms").checked());
-    EXPECT_FALSE(mainForm().Toolbar3.visible());
-    EXPECT_FALSE(mainForm().Picture2.visible());
-}
-
-TEST_F(CommandSurface, PreviewTurnsOffWhatNeedsTheSource) {
-    CDocument& first = open("a.htm", "x");
-    const std::string second = open("b.htm", "y").StrUniqueID();
-    mainForm().TabStrip1.click(first.StrUniqueID());
-    menu("mnuView_Preview").click();
-    for (int round = 0; round < 2; ++round) {
-        expectCommands(false, true);
-        EXPECT_EQ(platform.focused, "WebBrowser1") << "no key reaches the text behind the page; round " << round;
-        EXPECT_TRUE(mainForm().Toolbar4.button("Preview").pressed);
-        EXPECT_FALSE(mainForm().Toolbar4.button("Source").pressed);
-        EXPECT_TRUE(menu("mnuView_Preview").checked());
-        EXPECT_FALSE(menu("mnuView_Source").checked());
-        EXPECT_FALSE(mainForm().Toolbar3.button("form_submit").enabled);
-        mainForm().TabStrip1.click(second);
-        expectCommands(true, true);
-        EXPECT_TRUE(mainForm().Toolbar3.enabled() && mainForm().Toolbar3.button("form_submit").enabled);
-        EXPECT_EQ(platform.focused, "Text1");
-        menu("mnuWindow_NextWindow").click();
-        EXPECT_EQ(platform.focused, "WebBrowser1");
-        mainForm().TabStrip1.click(second);
-        mainForm().TabStrip1.click(first.StrUniqueID());
-    }
-    mainForm().Toolbar4.click("Source");
-    EXPECT_EQ(first.ViewMode(), view_mode::source);
-    expectCommands(true, true);
-}
-
-TEST_F(CommandSurface, RowsThatNeedASelectionFollowIt) {
-    EditControl& text = open("a.htm", "one two").SourceRTB();
-    for (const int length : {0, 3, 0}) {
-        text.setSelStart(0);
-        text.setSelLength(length);
-        menu("mnuEdit").click();
-        menu("mnuTools_FormatText").click();
-        platform.expectPopup([&](MenuItem& popup) {
-            EXPECT_EQ(popup.name(), "mnuRClick");
-            for (const char* name : {"mnuEdit_StripSel", "mnuTools_FormatText_Case", "mnuRClick_Cut", "mnuRClick_Copy",
-                                     "mnuRClick_Center", "mnuRClick_Right", "mnuRClick_Format", "mnuRClick_Link",
-                                     "mnuRClick_Comment", "mnuRClick_Name", "mnuRClick_TextCase", "mnuRClick_SendSP"})
-                EXPECT_EQ(menu(name).enabled(), length > 0) << name;
-        });
-        text.mouseDown.raise({.button = MousePress::right});
-    }
 }
 
 TEST_F(CommandSurface, WrappingCommandsAreTheSameFromEveryPlace) {

@@ -4,8 +4,8 @@
 #include "frame/file_dialogs.h"
 #include "program/single_instance.h"
 #include "support/settings.h"
-#include "tests/kit/file_messages.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -15,23 +15,20 @@ using Startup = KelvorTest;
 TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
     SaveSetting(application, "UserStrings", "Rule", "<HR>");
     files.write("program/VDirs.txt", "/srv|http://localhost\n\n/other|http://never\n");
-    platform.expectMessage({.text = "Unable to read VDirs.txt.  Please consult the online help.",
-                            .cause = "Line 2 has no \"|\".",
-                            .title = "File read failed",
-                            .icon = MessageIcon::critical});
-    platform.expectMessage({.text = "This is your first time using Kelvor.  Take a minute to setup your preferences "
-                                    "once the program has loaded.",
-                            .title = "First time user",
-                            .icon = MessageIcon::information});
+    platform.expectMessage(critical("Unable to read VDirs.txt.  Please consult the online help.", "File read failed",
+                                    "Line 2 has no \"|\"."));
+    platform.expectMessage(
+        information("This is your first time using Kelvor.  Take a minute to setup your preferences "
+                    "once the program has loaded.",
+                    "First time user"));
     SaveSetting(application, "User", "BGColor", "blue");
     for (int index = 0; index < 16; ++index) SaveSetting(application, "Browsers", "B" + std::to_string(index), "b");
     for (const char* error :
          {"13\r\nError description: Type mismatch: \"blue\"",
           "9\r\nError description: The preview menu has room for 15 browsers, and 16 are listed in the "
           "preferences. The first 15 are shown."})
-        platform.expectMessage({.text = std::string("An application error has occurred:\r\n\r\nError number: ") + error,
-                                .title = "Application Error",
-                                .icon = MessageIcon::critical});
+        platform.expectMessage(critical(std::string("An application error has occurred:\r\n\r\nError number: ") + error,
+                                        "Application Error"));
     ASSERT_TRUE(startKelvor());
     EXPECT_EQ(vdirManager().VirtualDirectories().Count(), 1U);
     EXPECT_EQ(GetSetting(application, "User", "LCase"), "") << "greeted until the options are applied";
@@ -72,7 +69,7 @@ TEST_F(Startup, TakesTheStoredDirectoryColoursMappingsAndNewDocument) {
 TEST_F(Startup, RefusesASecondCopyAndLeavesTheSettingsAlone) {
     const SingleInstance first;
     ASSERT_TRUE(first.isFirst());
-    platform.expectMessage({.text = "Kelvor is already running.", .title = "Kelvor", .icon = MessageIcon::exclamation});
+    platform.expectMessage(exclamation("Kelvor is already running.", "Kelvor"));
     EXPECT_FALSE(startKelvor());
     EXPECT_TRUE(platform.shownModeless.empty());
     EXPECT_EQ(GetSetting(application, "User", "EnforceVDirs", "untouched"), "untouched");

@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "base/error.h"
 #include "text/code_points.h"
 
 namespace kelvor {
@@ -113,6 +114,13 @@ TEST(TextSearch, StaysLinearWhereThePatternNearlyMatchesEverywhere) {
     EXPECT_EQ(matchOf(cells + "-a", cells.substr(0, 3000) + "-a", {.wholeWord = true}), "6000+3002");
     EXPECT_EQ(matchOf(std::string(200000, '\r') + "b", std::string(50000, '\n') + "bb", {.anyLineEnd = true}), "");
     EXPECT_EQ(matchOf(std::string(200000, 'a'), std::string(50000, 'a'), {.wholeWord = true, .matchCase = true}), "");
+}
+
+TEST(ExtractBetween, GivesWhatStandsBetweenTwoTokens) {
+    EXPECT_EQ(extractBetween("name=\"é\" CONTENT=\"", "\"", "<Meta Name=\"É\" Content=\"a\" b>"), "a");
+    EXPECT_EQ(extractBetween("none", "]", "a"), "");
+    EXPECT_EQ(extractBetween("", "", "a]"), "a]");
+    EXPECT_THROW(extractBetween("a", "[", "a]"), Error);
 }
 
 }  // namespace

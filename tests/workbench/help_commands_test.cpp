@@ -4,6 +4,7 @@
 #include "support/html_help.h"
 #include "support/report_error.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 #include "workbench/help_commands.h"
 
 namespace kelvor {
@@ -31,8 +32,7 @@ TEST_F(Help, ShowsThePageOfEachPlaceAndTheSites) {
 TEST_F(Help, ShowsTheLogInTheFirstEditorOfTheDesktopOrSaysThatThereIsNone) {
     fs::create_directory(files.path("bin"));
     const ScopedVariable path("PATH", files.path("none") + "::" + files.path("bin"));
-    platform.expectMessage(
-        {.text = "No errors has been logged", .title = "No error log found", .icon = MessageIcon::information});
+    platform.expectMessage(information("No errors has been logged", "No error log found"));
     mnuHelp_ViewErrLog_Click();
     files.write("program/errorlog.txt", "a line\r\n");
     mnuHelp_ViewErrLog_Click();

@@ -6,8 +6,8 @@
 #include "frame/file_dialogs.h"
 #include "support/settings.h"
 #include "tests/kit/faults.h"
-#include "tests/kit/file_messages.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -88,13 +88,10 @@ TEST_F(QuickFile, WhatCannotBeShownLeavesTheListsWhereTheyAreButReadAnew) {
         SetQuickView();
         EXPECT_EQ(mainForm().Dir1.path(), files.path("site")) << directory;
     }
-    std::string told;
-    setErrorSink([&](const Error& error) { told = std::to_string(error.number()) + " " + error.description(); });
-    guarded([] { mainForm().Drive1.setDrive("/media/gone"); });
-    EXPECT_EQ(told, "68 Device unavailable: /media/gone");
+    const auto drive = [] { guarded([] { mainForm().Drive1.setDrive("/media/gone"); }); };
+    EXPECT_EQ(reportedBy(drive), "68 Device unavailable: /media/gone;");
     lastDir = "C:\\web";
-    guarded(SetQuickView);
-    EXPECT_EQ(told, "68 Device unavailable: C:\\web");
+    EXPECT_EQ(reportedBy([] { guarded(SetQuickView); }), "68 Device unavailable: C:\\web;");
     files.write("site/new.htm", "");
     mainForm().Dir1.open(mainForm().Dir1.currentRow());
     EXPECT_EQ(list().list().size(), 5U);
@@ -107,12 +104,12 @@ TEST_F(QuickFile, ADirectoryThatCannotBeReadIsToldAndTheListsStay) {
     std::filesystem::permissions(closed, std::filesystem::perms(0));
     const int status = asOrdinaryUser([&] {
         const Names listed = list().list();
-        std::string told;
-        setErrorSink([&](const Error& error) { told += error.description() + "\n"; });
         DirectoryList& directories = mainForm().Dir1;
-        guarded([&] { directories.open(static_cast<int>(directories.rows().size()) - 1); });
-        guarded([&] { list().setPath(closed); });
-        EXPECT_EQ(told, "Permission denied: " + closed + "\nPermission denied: " + closed + "\n");
+        const std::string told = reportedBy([&] {
+            guarded([&] { directories.open(static_cast<int>(directories.rows().size()) - 1); });
+            guarded([&] { list().setPath(closed); });
+        });
+        EXPECT_EQ(told, "70 Permission denied: " + closed + ";70 Permission denied: " + closed + ";");
         EXPECT_EQ(directories.path(), files.path("site"));
         EXPECT_EQ(directories.rows().back().name, "pictures");
         EXPECT_EQ(list().path(), files.path("site"));
@@ -120,23 +117,6 @@ TEST_F(QuickFile, ADirectoryThatCannotBeReadIsToldAndTheListsStay) {
     });
     EXPECT_EQ(status, 0);
     std::filesystem::permissions(closed, std::filesystem::perms(0700));
-}
-
-TEST(Volumes, AreTheMountPointsThatPeopleUse) {
-    const char* mountInfo =
-        "22 1 8:1 / / rw,relatime - ext4 /dev/sda1 rw\n"
-        "23 22 0:21 / /proc rw,nosuid - proc proc rw\n"
-        "25 22 8:2 / /usr rw shared:3 - ext4 /dev/sda2 rw\n"
-        "27 22 7:0 / /var ro - squashfs /dev/loop0 ro\n"
-        "28 22 0:40 / /home rw - nfs4 server:/home rw\n"
-        "29 22 8:3 / /not\\040there rw - vfat /dev/sdb1 rw\n"
-        "junk\n";
-    EXPECT_EQ(volumesIn(mountInfo), (Names{"/", "/home", "/usr"}));
-    const Names volumes = {"/", "/home", "/home/media"};
-    EXPECT_EQ(volumeOf("/home/me/x", volumes), "/home");
-    EXPECT_EQ(volumeOf("/home/media", volumes), "/home/media");
-    EXPECT_EQ(volumeOf("/homer", volumes), "/");
-    EXPECT_EQ(volumeOf("C:\\web", volumes), "");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -11,10 +12,8 @@ struct Pad : FrameTest {
     Pad() { showScratchPad(); }
 
     void expectQuestion(Answer answer) {
-        platform.expectMessage({.text = "The scratch pad contents have changed. Would you like to save before closing?",
-                                .title = "Text Changed",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNoCancel},
+        platform.expectMessage(question("The scratch pad contents have changed. Would you like to save before closing?",
+                                        "Text Changed", MessageButtons::yesNoCancel),
                                answer);
     }
 
@@ -49,11 +48,7 @@ TEST_F(Pad, TheMenuActsOnThePadAndSavesOnlyAText) {
     lastDir = "/before";
     mainForm().CommonD1.fileName = "other.htm";
     platform.expectPopup([this](MenuItem&) { pad.mnusp_save.click(); });
-    platform.expectSave(files.path("pad.txt"), [](const FileRequest& request) {
-        EXPECT_EQ(request.directory, "/before");
-        EXPECT_EQ(request.fileName, "");
-        EXPECT_TRUE(request.overwritePrompt);
-    });
+    platform.expectSave(files.path("pad.txt"));
     pad.spRTF1.mouseDown.raise({.button = MousePress::right});
     EXPECT_EQ(files.read("pad.txt"), "é\r\nb");
     EXPECT_EQ(lastDir + "/", files.path(""));

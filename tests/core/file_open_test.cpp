@@ -1,0 +1,93 @@
+#include "core/file_open.h"
+
+#include <sys/stat.h>
+#include <filesystem>
+
+#include "core/recent_files.h"
+#include "files/system_calls.h"
+#include "frame/file_dialogs.h"
+#include "support/settings.h"
+#include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/messages.h"
+
+namespace kelvor {
+namespace {
+
+struct FileOpen : KelvorTest {
+    FileOpen() { start(); }
+};
+
+TEST_F(FileOpen, OpenTakesSeveralFilesAndTheirDirectoryAndNothingWhenCancelled) {
+    lastDir = "/somewhere";
+    platform.expectOpen(openTitle, {});
+    menu("mnuFile_Open").click();
+    EXPECT_EQ(lastDir, "/somewhere");
+
+    SaveSetting(application, "User", "DFilter", "3");
+    platform.expectOpen(openTitle, {files.write("a.htm", "1"), files.write("b.htm", "2")}, 4);
+    menu("mnuFile_Open").click();
+    EXPECT_EQ(mainForm().TabStrip1.count(), 2U);
+    EXPECT_EQ(lastDir + "/a.htm", files.path("a.htm"));
+    EXPECT_TRUE(menu("mnuView_Preview").enabled()) << "the commands are switched on also when a tab was clicked before";
+    EXPECT_EQ(platform.focused, "Text1");
+}
+
+TEST_F(FileOpen, OneFileThatCannotBeReadIsToldAndTheOthersOpen) {
+    const std::string pipe = files.path("pipe.htm");
+    const std::string gone = files.path("gone.htm");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    openByDialog("a.htm");
+    EXPECT_FALSE(fileOpen(pipe, false));
+    EXPECT_FALSE(menu("mnuEdit").visible()) << "a failed open beside one document empties the frame";
+    platform.expectOpen(openTitle, {pipe, gone, files.write("b.htm", "2")});
+    platform.expectMessage(openError(pipe, "This is a pipe, not a file."));
+    platform.expectMessage(noSuchFile(gone));
+    platform.expectMessage(openError(gone));
+    menu("mnuFile_Open").click();
+    EXPECT_EQ(documentManager().MyDocuments().Count(), 2U);
+    EXPECT_EQ(recentMenu(), "b.htm a.htm ");
+    EXPECT_TRUE(mainForm().enabled());
+}
+
+TEST_F(FileOpen, WhatIsThereAndCannotBeOpenedIsToldWithItsCause) {
+    const auto click = [this](const std::string& path) {
+        mainForm().recentFiles.clear();
+        addOpenFile(path);
+        recentFileMenu();
+        menu("mnuFile_RecentFiles_0").click();
+    };
+    const std::string page = files.write("page.htm", "<P>");
+    const std::string pipe = files.path("pipe.htm");
+    const std::string loop = files.path("loop.htm");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink(loop, loop);
+    for (const auto& [path, cause] : {std::pair{files.path("settings"), "This is a folder, not a file."},
+                                      {pipe, "This is a pipe, not a file."},
+                                      {loop, "The links lead in a circle."}}) {
+        platform.expectMessage(openError(path, cause));
+        click(path);
+    }
+    SystemCalls calls = kernelCalls();
+    calls.fstat = [](int descriptor, struct stat* status) {
+        const int result = ::fstat(descriptor, status);
+        status->st_size = off_t{1} << 60;
+        return result;
+    };
+    const ScopedSystemCalls scope(calls);
+    platform.expectMessage(openError(page, "There is not enough memory."));
+    click(page);
+    EXPECT_EQ(mainForm().TabStrip1.count(), 0U);
+}
+
+TEST_F(FileOpen, NewWithoutATemplateTellsWhereTheyBelong) {
+    platform.expectMessage(
+        critical("The template directory does not exist or is empty.\r\n\r\nTo correct this problem "
+                 "ensure that a subdirectory called Templates exists underneath the Kelvor program "
+                 "directory.  Copy an html file into the new directory and rename it Default "
+                 "Template.tpl.\r\n\r\nRe-installing Kelvor will also correct this problem",
+                 "Template directory missing or empty"));
+    menu("mnuFile_New").click();
+}
+
+}  // namespace
+}  // namespace kelvor
