@@ -31,17 +31,30 @@ protected:
 };
 
 TEST_F(Walk, TellsWhichNamesMatch) {
-    for (const char* name : {"a.htm", "b.HTML", "c.shtml", "d.htm.bak", "e.ht", "f.c", "g.cgi", "noextension", ".htm"})
+    for (const char* name : {"a.htm", "b.HTML", "c.shtml", "d.htm.bak", "e.ht", "f.c", "g.cgi", "noextension", ".htm",
+                             "h.azazel", "[@`{.x", "i.h`ml"})
         tree.write(name, "");
-    const std::pair<const char*, Names> rows[] = {
+    const struct {
+        const char* filter;
+        Names names;
+    } rows[] = {
         {"*.htm", {".htm", "a.htm", "b.HTML"}},
         {"*.html", {"b.HTML"}},
         {"a*", {"a.htm"}},
         {"*h*t*m", {".htm", "a.htm"}},
         {"htm", {}},
+        // Letters have two cases, and their neighbours only one.
+        {"*.AZA", {"h.azazel"}},
+        {"[@*", {"[@`{.x"}},
+        {"*`{.X", {"[@`{.x"}},
+        {"{*", {}},
+        {"*`.x", {}},
+        // A longer ending is found by three letters only, not by other signs.
+        {"*.h`m", {}},
+        {"*.az", {}},
     };
     for (const auto& [filter, names] : rows) EXPECT_EQ(found(filter), names) << filter;
-    EXPECT_EQ(found("*.*").size(), 9U);
+    EXPECT_EQ(found("*.*").size(), 12U);
 }
 
 TEST_F(Walk, DeliversEveryRegularFileAndNothingElse) {

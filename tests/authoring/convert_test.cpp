@@ -20,14 +20,21 @@ protected:
                 EXPECT_EQ(dialog.progBar1.value(), static_cast<int>(pairs.size()));
                 EXPECT_FALSE(dialog.enabled() || dialog.cmdClose.enabled() || mainForm().enabled());
                 EXPECT_EQ(platform.pointer, MousePointer::hourglass);
+                EXPECT_EQ(disabledIn(dialog), "cmdConvert cmdClose ");
+                EXPECT_TRUE(dialog.lblStart.visible() && dialog.lblFinish.visible());
                 pairs.push_back(dialog.lblStartString.caption() + " " + dialog.lblFinishString.caption());
             });
+            EXPECT_FALSE(dialog.lblStart.visible() || dialog.lblFinish.visible());
             dialog.optType[direction].click();
+            EXPECT_EQ(dialog.lblStart.caption() + " " + dialog.lblFinish.caption(),
+                      direction == 0 ? "Converting special character: to HTML value:"
+                                     : "Converting HTML value: to special character:");
             dialog.cmdConvert.click();
             EXPECT_FALSE(dialog.isLoaded());
         });
         platform.expectMessage(information(report, "Special Character Conversion"));
         mnuTools_ConvertSpec_Click();
+        EXPECT_EQ(platform.pointersAtBoxes.back(), 'a');
         EXPECT_TRUE(mainForm().enabled());
         return pairs;
     }

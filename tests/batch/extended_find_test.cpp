@@ -30,6 +30,8 @@ protected:
         form.lblDirFolder.doubleClick();
         form.rtbFind.setText(text);
     }
+    /// What the form says, and what of it cannot be reached.
+    std::string looks() { return form.lblStatus.caption() + " " + form.cmdClose.caption() + ": " + disabledIn(form); }
     /// The rows of the results as "name count", in their order.
     Texts rows() {
         Texts texts;
@@ -67,22 +69,33 @@ TEST_F(ExtendedFindForm, TellsThatNoFileMatches) {
     form.chkCase.setValue(true);
     platform.expectMessage(
         exclamation("There are no files matching the selected filter in " + files.path("site/"), "No files to search"));
+    // While files are gathered there is nothing to cancel.
+    const WaitingEvents gathering([this] {
+        EXPECT_EQ(
+            looks(),
+            "Gathering files... &Cancel: SSTab1/1 lblDirFolder cboFilter rtbFind chkCase chkSubDir cmdBegin cmdClose ");
+        EXPECT_FALSE(form.unload());
+        EXPECT_EQ(platform.pointer, MousePointer::hourglass);
+    });
     form.cmdBegin.click();
+    EXPECT_TRUE(gathering.haveRun());
     EXPECT_EQ(platform.beeps, 1);
     EXPECT_EQ(platform.focused, "cmdBegin");
     EXPECT_FALSE(form.chkCase.value());
-    EXPECT_FALSE(form.SSTab1.tabEnabled(1));
-    EXPECT_EQ(form.cmdClose.caption(), "&Close");
-    EXPECT_EQ(platform.pointer, MousePointer::standard);
+    EXPECT_EQ(looks(), "Status: &Close: SSTab1/1 ");
+    EXPECT_EQ(platform.pointersAtBoxes, "a");
 }
 
 TEST_F(ExtendedFindForm, FiltersByTheChosenRow) {
     for (const char* kind : {"htm", "html", "shtml", "c", "cgi", "vbs", "js", "pl", "css"})
         files.write(std::string("site/x.") + kind, "");
     enter("x");
-    const std::pair<int, Texts> choices[] = {{1, {"x.htm 0", "x.html 0", "x.shtml 0"}},
-                                             {3, {"x.c 0"}},
-                                             {10, {"x.c 0", "x.cgi 0", "x.htm 0", "x.html 0", "x.pl 0", "x.shtml 0"}}};
+    const struct {
+        int row;
+        Texts found;
+    } choices[] = {{1, {"x.htm 0", "x.html 0", "x.shtml 0"}},
+                   {3, {"x.c 0"}},
+                   {10, {"x.c 0", "x.cgi 0", "x.htm 0", "x.html 0", "x.pl 0", "x.shtml 0"}}};
     for (const auto& [row, found] : choices) {
         form.cboFilter.choose(row);
         form.cmdBegin.click();
@@ -100,7 +113,7 @@ TEST_F(ExtendedFindForm, ListsEachFileWithItsCountAndSortsThemAsTexts) {
     form.cmdBegin.click();
     EXPECT_EQ(sortedRows(), (Texts{"a.htm 3", "b.htm 0", "bad\xFF.htm Error", "sub/d.htm 10"}));
     EXPECT_EQ(form.SSTab1.tab(), 1);
-    EXPECT_TRUE(form.SSTab1.tabEnabled(1));
+    EXPECT_EQ(looks(), "Status: &Close: ");
     EXPECT_EQ(form.ListView1.selectedRow(), 0);
     EXPECT_FALSE(form.ProgressBar1.visible());
     form.ListView1.clickColumn(0);
@@ -148,7 +161,8 @@ TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
     // The first events of the third file come before it is read.
     form.ProgressBar1.follow([&](Aspect) {
         if (form.ProgressBar1.value() != 2 || before) return;
-        EXPECT_EQ(form.lblStatus.caption(), "Searching files:");
+        EXPECT_EQ(looks(),
+                  "Searching files: &Cancel: SSTab1/1 lblDirFolder cboFilter rtbFind chkCase chkSubDir cmdBegin ");
         before.emplace([&] {
             expectQuestion(Answer::no);
             EXPECT_FALSE(form.unload());
@@ -162,7 +176,7 @@ TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
     EXPECT_TRUE(during && during->haveRun());
     EXPECT_EQ(form.ListView1.count(), 2U);
     EXPECT_EQ(form.SSTab1.tab(), 1);
-    EXPECT_EQ(form.cmdClose.caption(), "&Close");
+    EXPECT_EQ(looks(), "Status: &Close: ");
     form.ProgressBar1.follow({});
     during.reset();
 }

@@ -45,7 +45,7 @@ protected:
         EXPECT_EQ(window.Text1.text(), after);
         EXPECT_EQ(window.Text1.selLength(), 0);
         EXPECT_TRUE(mainForm().enabled());
-        for (Control* control : form().controls()) EXPECT_TRUE(control->enabled()) << control->name();
+        EXPECT_EQ(disabledIn(form()), "");
         EXPECT_EQ(form().cmdClose.caption(), "&Close");
         EXPECT_EQ(platform.pointer, MousePointer::standard);
     }
@@ -119,12 +119,18 @@ TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {
     expectCount(1);
     form().cmdReplaceOne.click();
     expectOutcome("a\u212Abxxckk");
+    EXPECT_EQ(platform.pointersAtBoxes, "aaaaa") << "the user is asked";
     EXPECT_EQ(window.Text1.selStart(), 9);
 }
 
 TEST_F(FindReplaceForm, ClosedBetweenTwoQuestionsItEndsTheRun) {
     show("xax", "x", "-");
-    const WaitingEvents events([&] { EXPECT_TRUE(form().unload()); });
+    const WaitingEvents events([&] {
+        EXPECT_EQ(
+            form().cmdClose.caption() + ": " + disabledIn(form()),
+            "&Close: txtFindText txtReplace chkWithin chkWord chkCase cmdReplaceOne cmdReplaceAll cmdClose cmdHelp ");
+        EXPECT_TRUE(form().unload());
+    });
     expect("Replace this instance?", "Find and Replace", MessageButtons::yesNoCancel, Answer::yes);
     expectCount(1);
     form().cmdReplaceOne.click();
@@ -138,8 +144,9 @@ TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
         other.load();
         const WaitingEvents events([&] {
             { const DisabledFrame another; }
-            EXPECT_FALSE(mainForm().enabled() || other.enabled() || form().txtFindText.enabled() ||
-                         form().cmdHelp.enabled());
+            EXPECT_FALSE(mainForm().enabled() || other.enabled());
+            EXPECT_EQ(form().cmdClose.caption() + ": " + disabledIn(form()),
+                      "&Cancel: txtFindText txtReplace chkWithin chkWord chkCase cmdReplaceOne cmdReplaceAll cmdHelp ");
             EXPECT_EQ(platform.pointer, MousePointer::hourglass);
             goesOn ? form().cmdClose.click() : static_cast<void>(form().unload());
         });

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/combo_box.h"
 #include "controls/mdi_area.h"
 #include "controls/tab_strip.h"
 #include "tests/kit/fake_platform.h"
@@ -72,23 +71,6 @@ TEST_F(Forms, RemovingTabsKeepsANeighbourSelectedWithoutAClick) {
         tabs.remove(removed);
         EXPECT_EQ(tabs.selectedItem().key, then) << removed << " of which " << selected << " was selected";
     }
-}
-
-TEST_F(Forms, AListRaisesEachChoiceOnceAndKeepsItWhileRowsComeAndGo) {
-    ComboBox list(frame, "list");
-    int clicks = 0;
-    list.clicked.connect([&] { ++clicks; });
-    list.setSorted(true);
-    for (const char* item : {"banana", "(none)", "Apple", "cherry"}) list.addItem(item);
-    EXPECT_EQ(list.list(), (std::vector<std::string>{"(none)", "Apple", "banana", "cherry"}));
-    for (int i = 0; i < 2; ++i) list.setListIndex(2);
-    EXPECT_EQ(clicks, 1);
-    list.choose(2);
-    EXPECT_EQ(clicks, 2) << "the user may choose the same row again";
-    list.insertItem(0, "first");
-    EXPECT_EQ(list.listIndex(), 3);
-    list.removeItem(3);
-    EXPECT_EQ(list.listIndex(), -1);
 }
 
 }  // namespace

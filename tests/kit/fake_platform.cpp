@@ -25,6 +25,15 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
+/// Every row of a tool's popup does something. The frame's rows are known by a table.
+void expectConnectedRows(const MenuItem& menu) {
+    for (const Control* control : menu.form().controls()) {
+        const auto* row = dynamic_cast<const MenuItem*>(control);
+        if (row == nullptr || row->parent() != &menu || row->isSeparator()) continue;
+        EXPECT_TRUE(row->clicked.isConnected() || menu.form().kind() == Form::Kind::frame) << row->name();
+    }
+}
+
 }  // namespace
 
 void failOnError(const Error& error) {
@@ -93,6 +102,7 @@ std::optional<FakePlatform::Step> FakePlatform::next(const std::string& kind, co
 
 Answer FakePlatform::message(const Message& message) {
     if (answerAll_) return *answerAll_;
+    pointersAtBoxes += pointer == MousePointer::hourglass ? "h" : "a";
     const auto step = next("message", describe(message));
     if (!step) return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
     EXPECT_EQ(message.text, step->message.text);
@@ -181,6 +191,7 @@ void FakePlatform::showModeless(Form& form, bool owned) {
 
 void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
     menu.clicked.raise();
+    expectConnectedRows(menu);
     const auto step = next("popup", menu.name());
     if (step) step->popup(menu);
 }

@@ -60,6 +60,7 @@ public:
     DateTime moment{{2026, 11, 21}, 9, 5, 7};
     std::string focused;  ///< name of the control that got the focus last
     MousePointer pointer = MousePointer::standard;
+    std::string pointersAtBoxes;  ///< "a" for each message box that came under an arrow, "h" under an hourglass
     int beeps = 0;
     int eventRounds = 0;
     std::string colorTitle;  ///< what the last colour dialog was opened with
