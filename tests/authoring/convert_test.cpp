@@ -1,15 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <tuple>
-
 #include "authoring/convert.h"
+
 #include "tests/kit/kelvor_fixture.h"
 #include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
 
-class ConvertDialog : public KelvorTest {
+class ConvertDialog : public StartedTest {
 protected:
     /// Shows the dialog, chooses a direction and presses Convert; gives the pairs that were shown.
     std::vector<std::string> run(std::size_t direction, const char* report) {
@@ -41,7 +38,6 @@ protected:
 };
 
 TEST_F(ConvertDialog, RewritesTheConvertibleRowsOnly) {
-    start();
     const std::string kept = "<p class=\"a\">&amp;&lt;&nbsp;&copy;&trade;&AGRAVE; ®© TM ×</p>";
     const std::string characters = "ÿ" + kept + "Ààà";
     const std::string entities = "&yuml;" + kept + "&Agrave;&agrave;&agrave;";

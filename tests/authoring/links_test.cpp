@@ -1,7 +1,5 @@
 #include "authoring/links.h"
 
-#include <tuple>
-
 #include "authoring/name_anchor_file.h"
 #include "authoring/name_anchors.h"
 #include "authoring/named_links.h"
@@ -68,9 +66,14 @@ TEST_F(Links, PromptsMakeAnchorsOfWhatIsEntered) {
     const Prompt address = {"Enter the fully qualified URL for this anchor.", "Make anchor"};
     const Prompt name = {"Enter the name for this name anchor.\r\n\r\n<A NAME=\"your text here\">",
                          "Make named anchor"};
+    struct Row {
+        void (*command)();
+        Prompt prompt;
+        const char* answer;
+        const char* result;
+    };
     for (const auto& [command, prompt, answer, result] : {
-             std::tuple{+linkToScheme<LinkScheme::mailto>, link, "\"a\"@b",
-                        "my <A HREF=\"mailto:\"a\"@b\">word</A> Text1"},
+             Row{linkToScheme<LinkScheme::mailto>, link, "\"a\"@b", "my <A HREF=\"mailto:\"a\"@b\">word</A> Text1"},
              {linkToScheme<LinkScheme::mailto>, link, "", "my word Text1"},
              {blankAnchor, address, "/a", "my <A HREF=\"/a\">word</A> Text1"},
              {blankAnchor, address, "", "my word Text1"},

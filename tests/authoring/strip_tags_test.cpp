@@ -6,15 +6,21 @@
 namespace kelvor {
 namespace {
 
-using StripTags = KelvorTest;
+using StripTags = StartedTest;
 
 TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
-    start();
     using Pair = std::pair<int, int>;
+    struct Row {
+        const char* source;
+        Pair range;
+        const char* result;
+        Pair selected;  ///< its start and length
+        Pair given;     ///< what becomes of the range
+        bool warns;
+    };
     int number = 0;
-    // The range, the start and length of the selection afterwards, the positions that are given back.
     for (const auto& [source, range, result, selected, given, warns] : {
-             std::tuple{"no tags", Pair(0, 7), "no tags", Pair(7, 0), Pair(-1, 7), false},
+             Row{"no tags", {0, 7}, "no tags", {7, 0}, {-1, 7}, false},
              {"é<B\r\n>ü</B>", {0, 14}, "éü", {4, 0}, {-1, 5}, false},
              {"a < b <I>c</I>", {0, 14}, "a < b <I>c</I>", {13, 1}, {10, 7}, true},
              {"<<><b>12345678", {0, 14}, "<<>12345678", {3, 0}, {-1, 8}, true},
@@ -45,7 +51,6 @@ TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
 }
 
 TEST_F(StripTags, TheCommandsStripTheSelectionOrTheTextInOneStep) {
-    start();
     EditControl& text = open("a.htm", "<a>1<b>2</b><c>3").SourceRTB();
     text.setSelStart(4);
     text.setSelLength(8);

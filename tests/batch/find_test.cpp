@@ -114,10 +114,9 @@ TEST_F(FindForm, TheHistoryFillsUpAndThenTakesNewTextsOnTop) {
     EXPECT_EQ(find().cboFindText.list(), (std::vector<std::string>{"ONE", "six", "one", "two", "three"}));
 }
 
-using FindInDocuments = KelvorTest;
+using FindInDocuments = StartedTest;
 
 TEST_F(FindInDocuments, ASearchDoesNotGoOnInADocumentThatIsOpenedAgain) {
-    start();
     open("b.htm", "");
     for (int time = 0; time < 2; ++time) {
         const EditControl& text = open("a.htm", "cat cat").SourceRTB();

@@ -44,7 +44,10 @@ TEST(LineRewrite, AppliesEachItemToEachLineInTurn) {
 }
 
 TEST(LineRewrite, EndsEveryLineInOneWay) {
-    const std::pair<const char*, const char*> cases[] = {
+    const struct {
+        const char* text;
+        const char* expected;
+    } cases[] = {
         {"", ""},
         {"a", "a\r\n"},
         {"a\n", "a\n"},

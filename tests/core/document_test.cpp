@@ -11,10 +11,8 @@
 namespace kelvor {
 namespace {
 
-class Document : public KelvorTest {
+class Document : public StartedTest {
 protected:
-    Document() { start(); }
-
     std::string panels() {
         return panelText(panel::saved) + "|" + panelText(panel::position) + "|" + panelText(panel::characters);
     }

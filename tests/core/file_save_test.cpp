@@ -1,6 +1,7 @@
 #include "core/file_save.h"
 
 #include <sys/stat.h>
+
 #include <filesystem>
 
 #include "core/file_close.h"
@@ -13,9 +14,7 @@
 namespace kelvor {
 namespace {
 
-struct FileSave : KelvorTest {
-    FileSave() { start(); }
-};
+using FileSave = StartedTest;
 
 TEST_F(FileSave, AFailedSaveSaysWhyAndWhetherTheFileMayBeDamaged) {
     open("a.htm", "old");

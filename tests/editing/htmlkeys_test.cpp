@@ -1,5 +1,6 @@
 #include "editing/htmlkeys.h"
 
+#include "frame/enablement.h"
 #include "tests/kit/selection_fixture.h"
 
 namespace kelvor {
@@ -22,8 +23,13 @@ TEST_F(HtmlKeys, ChordsBecomeTagsAndSomeAreSwallowed) {
     using namespace modifier;
     constexpr int ctrlShift = ctrl + modifier::shift;
     constexpr int ctrlShiftAlt = ctrlShift + alt;
+    struct Press {
+        int keyCode;
+        int shift;
+        const char* result;
+    };
     for (const auto& [keyCode, shift, result] : {
-             std::tuple{int{'6'}, ctrlShift, "[<H6>x</H6>] Text1"},
+             Press{'6', ctrlShift, "[<H6>x</H6>] Text1"},
              {'I', ctrlShiftAlt, "[<LI>x</LI>] Text1"},
              {key_code::space, ctrlShift, "&nbsp;[] Text1 +"},
              {'B', ctrlShift, "<BR>[] Text1 +"},
@@ -38,10 +44,13 @@ TEST_F(HtmlKeys, ChordsBecomeTagsAndSomeAreSwallowed) {
     std::string ran;
     const auto note = [&ran](const char* chord) { return [&ran, chord] { ran = chord; }; };
     htmlkeys::fileChords() = {note("preview"), note("link"), note("close"), note("save")};
-    for (const auto& [keyCode, chord, result] : {std::tuple{'D', "preview", "[x] "},
-                                                 {'L', "link", "[x] "},
-                                                 {'W', "close", "[x]  +"},
-                                                 {'S', "save", "[x] Text1"}}) {
+    struct Chord {
+        int keyCode;
+        const char* name;
+        const char* result;
+    };
+    for (const auto& [keyCode, chord, result] :
+         {Chord{'D', "preview", "[x] "}, {'L', "link", "[x] "}, {'W', "close", "[x]  +"}, {'S', "save", "[x] Text1"}}) {
         EXPECT_EQ(pressing(keyCode, ctrlShiftAlt), result);
         EXPECT_EQ(ran, chord);
     }
@@ -53,6 +62,31 @@ TEST_F(HtmlKeys, ADocumentMayCloseByAChordOfItsOwn) {
     dynamic_cast<TextBuffer&>(*text).press('1', modifier::ctrl + modifier::shift);
     EXPECT_EQ(mainForm().activeForm().Text1.text(), "<H1></H1>");
     EXPECT_EQ(panelText(panel::saved), "File Saved: No");
+}
+
+TEST_F(HtmlKeys, EditRowsAndTheirChordsActOnceOnTheDocumentInFront) {
+    CDocument& document = open("a.htm", "one two");
+    text = &document.SourceRTB();
+    const auto press = [this](int keyCode, int shift) {
+        KeyPress key{.keyCode = keyCode, .shift = shift};
+        text->keyDown.raise(key);
+        return key.keyCode;
+    };
+    menu("mnuEdit_Delete").click();
+    EXPECT_TRUE(document.IsSaved()) << "without a selection nothing changes";
+    menu("mnuEdit_SelectAll").click();
+    menu("mnuEdit_Copy").click();
+    menu("mnuEdit_Delete").click();
+    EXPECT_EQ(text->text(), "");
+    EXPECT_EQ(press('Z', modifier::ctrl), 0);
+    EXPECT_EQ(text->text(), "one two");
+    text->setSelStart(7);
+    EXPECT_EQ(press('V', modifier::ctrl + modifier::shift), 'V') << "with Shift the chord belongs to somebody else";
+    menu("mnuEdit_Paste").click();
+    EXPECT_EQ(text->text(), "one twoone two");
+    ControlFunctionForMode(view_mode::preview);
+    EXPECT_EQ(press('V', modifier::ctrl), 0) << "swallowed where the row is disabled";
+    EXPECT_EQ(text->text(), "one twoone two");
 }
 
 }  // namespace

@@ -168,10 +168,8 @@ TEST_P(Enablement, FollowsTheDocumentInFrontThroughAnyActs) {
 INSTANTIATE_TEST_SUITE_P(StartsWith, Enablement, testing::Values(false, true),
                          [](const auto& start) { return start.param ? "AMissingTemplate" : "AnEmptyFrame"; });
 
-class Commands : public KelvorTest {
+class Commands : public StartedTest {
 protected:
-    Commands() { start(); }
-
     /// Checks what is shown and enabled beside a source in front, beside a preview, and without any document.
     void expectCommands(bool source, bool document) {
         SCOPED_TRACE(source ? "beside a source" : document ? "beside a preview" : "without a document");

@@ -57,4 +57,10 @@ protected:
     FrameTest() { startFrame(); }
 };
 
+/// One that begins with the whole, started.
+class StartedTest : public KelvorTest {
+protected:
+    StartedTest() { start(); }
+};
+
 }  // namespace kelvor

@@ -11,10 +11,8 @@
 namespace kelvor {
 namespace {
 
-class Preview : public KelvorTest {
+class Preview : public StartedTest {
 protected:
-    Preview() { start(); }
-
     void expectQuestion(Answer answer) {
         platform.expectMessage(question("File must be saved before a preview can be executed.\r\nSave file now?",
                                         "Preview requires save."),

@@ -14,10 +14,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-class CommandSurface : public KelvorTest {
-protected:
-    CommandSurface() { start(); }
-};
+using CommandSurface = StartedTest;
 
 TEST_F(CommandSurface, EveryRowIsUniqueAndHasACommandLikeEveryButtonOrIsListedAsStillToCome) {
     Names names;
