@@ -1,41 +1,38 @@
 #include "qt/key_places.h"
 
+#include "controls/button.h"
+#include "controls/menu_item.h"
+#include "controls/text_box.h"
 #include "tests/qt/form_fixture.h"
 
 namespace kelvor::qt {
 namespace {
 
 /// A window with a menu's shortcut, a button's access key and a field, and its keys by their places.
-class KeyPlacesTest : public QtForms {
+class KeyPlacesTest : public Binding {
 protected:
     KeyPlacesTest() {
-        window_.addAction(&save_);
-        save_.setShortcut(Qt::CTRL | Qt::Key_S);
-        layout_.addWidget(&button_);
-        layout_.addWidget(&field_);
-        QObject::connect(&save_, &QAction::triggered, [this] { did_ += "save "; });
-        QObject::connect(&button_, &QPushButton::pressed, [this] { did_ += "press "; });
-        window_.show();
-        window_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
-        field_.setFocus();
+        auto& save = make<MenuItem>("mnuSave", nullptr);
+        save.setShortcut("Ctrl+S");
+        save.clicked.connect([this] { did_ += "save "; });
+        pair<Button, QPushButton>("cmdPress", "&Press").first.clicked.connect([this] { did_ += "press "; });
+        bind();
     }
 
     /// What a key does; what is typed into the field included.
     std::string press(int key, Qt::KeyboardModifiers modifiers, quint32 scanCode, const QString& text) {
         did_.clear();
         field_.clear();
-        QKeyEvent event(QEvent::KeyPress, key, modifiers, scanCode, 0, 0, text);
-        QCoreApplication::sendEvent(window_.windowHandle(), &event);
+        field_.setFocus();
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers, scanCode, 0, 0, text);
+            QCoreApplication::sendEvent(window_.windowHandle(), &event);
+        }
         return did_ + field_.text().toStdString();
     }
 
     KeyPlaces places_{nullptr};
-    QWidget window_;
-    QVBoxLayout layout_{&window_};
-    QAction save_;
-    QPushButton button_{"&Press"};
-    QLineEdit field_;
+    QLineEdit& field_ = pair<TextBox, QLineEdit>("txtField").second;
     std::string did_;
 };
 

@@ -3,6 +3,7 @@
 #include "assistants/template_holder.h"
 #include "controls/mdi_area.h"
 #include "frame/main_frame.h"
+#include "frame/menu_table.h"
 #include "qt/mdi_arrangement.h"
 #include "tests/qt/form_fixture.h"
 
@@ -16,6 +17,7 @@ protected:
         form_.onLoad = {};
         frame_.load();
         windows().showModeless(frame_, false);
+        letEventsRun();
     }
     ~Frame() override {
         for (const auto& child : children_) close(*child);
@@ -37,6 +39,14 @@ protected:
         child.unload();
         letEventsRun();
     }
+    /// The rows of the Window menu once it was opened.
+    QList<QAction*> windowMenu() {
+        frame_.menu("mnuWindow").setVisible(true);
+        auto& menu = widget<QMenu>(frame_, "mnuWindow");
+        menu.popup({});
+        menu.close();
+        return menu.actions();
+    }
     /// Shows a modal form that lasts for `steps`.
     void whileModal(std::function<void()> steps) {
         form_.load();
@@ -45,7 +55,11 @@ protected:
     }
 
     QtWindows& windows() { return platform_.windows(); }
-    QWidget& window() { return *windows().widgetOf(frame_); }
+    QMainWindow& window() { return static_cast<QMainWindow&>(*windows().widgetOf(frame_)); }
+    QRect placeOf(const char* name) {
+        auto& found = widget<QWidget>(frame_, name);
+        return {found.mapTo(&window(), QPoint()), found.size()};
+    }
     QMdiArea& area() { return widget<QMdiArea>(frame_, "MdiArea1"); }
     QMdiSubWindow& subWindow(const Form& child) {
         return static_cast<QMdiSubWindow&>(*windows().widgetOf(child)->parentWidget());
@@ -146,20 +160,16 @@ TEST_F(Frame, KeysNeverReachATextThatNobodySees) {
 }
 
 TEST_F(Frame, TheWindowMenuListsTheChildren) {
-    frame_.menu("mnuWindow").setVisible(true);
-    auto& menu = widget<QMenu>(frame_, "mnuWindow");
     EditWindow& first = open("/web/a&b.html");
     open("/web/two.html");
-    const auto rows = menu.actions().size();
-    for (int opened = 0; opened < 2; ++opened) {
-        menu.popup({});
-        menu.close();
-    }
-    ASSERT_EQ(menu.actions().size(), rows + 3);
-    EXPECT_EQ(menu.actions()[rows + 1]->text(), "&1 a&&b.html - /web");
-    EXPECT_TRUE(menu.actions()[rows + 2]->isChecked());
+    const auto fixed = widget<QMenu>(frame_, "mnuWindow").actions().size();
+    windowMenu();
+    const auto rows = windowMenu();
+    ASSERT_EQ(rows.size(), fixed + 3);
+    EXPECT_EQ(rows[fixed + 1]->text(), "&1 a&&b.html - /web");
+    EXPECT_TRUE(rows[fixed + 2]->isChecked());
     for (int time = 0; time < 2; ++time) {
-        menu.actions()[rows + 1]->trigger();
+        rows[fixed + 1]->trigger();
         EXPECT_EQ(frame_.mdi.activeForm(), &first);
         EXPECT_FALSE(subWindow(first).isMinimized());
         subWindow(first).showMinimized();
@@ -167,19 +177,12 @@ TEST_F(Frame, TheWindowMenuListsTheChildren) {
 }
 
 TEST_F(Frame, TheWindowMenuHasNineRowsAndAListOfAll) {
-    frame_.menu("mnuWindow").setVisible(true);
-    auto& menu = widget<QMenu>(frame_, "mnuWindow");
     for (int number = 1; number < 10; ++number) open("/web/" + std::to_string(number) + ".htm");
-    const auto rows = [&] {
-        menu.popup({});
-        menu.close();
-        return menu.actions().size();
-    };
-    const auto rowsForNine = rows();
+    const auto rowsForNine = windowMenu().size();
     for (const char* name : {"\nx.htm", "late.htm", "last.htm"}) open("/web/" + std::string(name));
-    EXPECT_EQ(rows(), rowsForNine + 1);
-    QTimer::singleShot(0, [] {
-        QWidget& dialog = *QApplication::activeModalWidget();
+    const auto rows = windowMenu();
+    EXPECT_EQ(rows.size(), rowsForNine + 1);
+    onDialog<QDialog>([](QDialog& dialog) {
         auto& list = *dialog.findChild<QListWidget*>();
         EXPECT_EQ(list.count(), 12);
         EXPECT_EQ(list.currentItem()->text(), "last.htm - /web");
@@ -187,7 +190,7 @@ TEST_F(Frame, TheWindowMenuHasNineRowsAndAListOfAll) {
         QTest::keyClicks(&list, "lat");
         QTest::keyClick(&list, Qt::Key_Return);
     });
-    menu.actions().last()->trigger();
+    rows.last()->trigger();
     EXPECT_EQ(frame_.mdi.activeForm()->caption(), "/web/late.htm");
 }
 
@@ -234,10 +237,10 @@ TEST_F(Frame, NothingBelowADialogOrAModalFormCloses) {
     for (const auto& show : shown) {
         windows().widgetOf(form_)->activateWindow();
         letEventsRun();
-        QTimer::singleShot(0, [&] {
+        onDialog<QDialog>([&](QDialog& dialog) {
             staysOpen();
             letEventsRun();
-            QApplication::activeModalWidget()->close();
+            dialog.close();
         });
         show();
     }
@@ -271,6 +274,113 @@ TEST_F(Frame, HelpFloatsAboveAModalFormAndOutlivesIt) {
     platform_.help().window()->windowHandle()->setTransientParent(window().windowHandle());
     platform().help.show("/no/help.chm::/1.html");
     EXPECT_EQ(transientParent(), nullptr);
+}
+
+/// Compares a menu and all below it with the rows of the table.
+/// @return how many rows these are
+std::size_t compareMenu(const QWidget& menu, std::string_view parent) {
+    const auto actions = menu.actions();
+    qsizetype place = 0;
+    std::size_t below = 0;
+    for (const MenuRow& row : menuTable()) {
+        if (row.parent != parent || place == actions.size()) continue;
+        const QAction& action = *actions[place++];
+        const QObject& named = action.menu() ? static_cast<const QObject&>(*action.menu()) : action;
+        EXPECT_EQ(fromQt(named.objectName()), row.name);
+        EXPECT_EQ(action.isSeparator() ? "-" : fromQt(action.text()), row.caption) << row.name;
+        EXPECT_EQ(fromQt(action.shortcut().toString(QKeySequence::PortableText)), row.shortcut) << row.name;
+        EXPECT_TRUE(action.isChecked() == row.isChecked && action.isCheckable() == row.isChecked) << row.name;
+        EXPECT_EQ(action.isVisible(), !row.isHidden && !row.isPopup) << row.name;
+        EXPECT_EQ(action.isEnabled(), action.isVisible() && !row.isDisabled) << row.name;
+        if (action.menu()) below += compareMenu(*action.menu(), row.name);
+    }
+    EXPECT_EQ(place, actions.size()) << parent;
+    return static_cast<std::size_t>(place) + below;
+}
+
+TEST_F(Frame, TheMenuBarIsTheTable) {
+    EXPECT_EQ(compareMenu(*window().menuBar(), ""), menuTable().size());
+}
+
+TEST_F(Frame, TheToolbarsAreTheTables) {
+    for (const ToolBar* bar : {&frame_.Toolbar1, &frame_.Toolbar2, &frame_.Toolbar3, &frame_.Toolbar4}) {
+        auto& widget = this->widget<QToolBar>(frame_, bar->name().c_str());
+        const auto actions = widget.actions();
+        ASSERT_EQ(static_cast<std::size_t>(actions.size()), bar->buttons().size()) << bar->name();
+        for (QAction* action : actions) {
+            const ToolBar::Button& button = bar->buttons()[static_cast<std::size_t>(actions.indexOf(action))];
+            EXPECT_EQ(action->isSeparator(), button.kind == ToolBar::ButtonKind::separator) << button.key;
+            if (action->isSeparator()) continue;
+            auto& face = *qobject_cast<QToolButton*>(widget.widgetForAction(action));
+            EXPECT_EQ(fromQt(action->objectName()), button.key);
+            // A tip is rich text when it would be taken for that otherwise, as "<BR>" is.
+            const QString tip = face.toolTip();
+            EXPECT_EQ(fromQt(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip),
+                      button.toolTip);
+            EXPECT_EQ(fromQt(face.accessibleName()), button.toolTip);
+            EXPECT_FALSE(face.icon().isNull()) << button.key;
+            EXPECT_EQ(face.isCheckable(), button.kind == ToolBar::ButtonKind::toggle) << button.key;
+            EXPECT_EQ(face.isChecked(), button.pressed) << button.key;
+            EXPECT_EQ(face.menu() ? face.menu()->actions().size() : 0, static_cast<int>(button.entries.size()));
+        }
+    }
+}
+
+TEST_F(Frame, BarsComeAndGoAndNothingElseLeavesTheWindow) {
+    EXPECT_FALSE(widget<QToolBar>(frame_, "Toolbar3").isVisible());
+    frame_.Toolbar3.setVisible(true);
+    letEventsRun();
+    EXPECT_GE(placeOf("Toolbar2").top(), placeOf("Toolbar1").bottom());
+    EXPECT_GE(placeOf("Toolbar3").top(), placeOf("Toolbar2").bottom());
+    frame_.Picture1.setVisible(false);
+    letEventsRun();
+    EXPECT_EQ(placeOf("Toolbar2").left(), 0) << "the helpers stay where they are without the lists";
+    for (Control* bar :
+         std::initializer_list<Control*>{&frame_.Toolbar1, &frame_.Toolbar2, &frame_.Toolbar3, &frame_.Picture1,
+                                         &frame_.Picture2, &frame_.CoolBar1, &frame_.CoolBar2}) {
+        bar->setVisible(false);
+        letEventsRun();
+        EXPECT_FALSE(widget<QWidget>(frame_, bar->name().c_str()).isVisible()) << bar->name();
+        EXPECT_TRUE(window().rect().contains(placeOf("MdiArea1"))) << bar->name();
+    }
+    EXPECT_EQ(placeOf("MdiArea1").width(), window().width());
+}
+
+TEST_F(Frame, TheSideBarsStandBesideTheDocuments) {
+    frame_.CoolBar2.setAlign(SideBar::right);
+    letEventsRun();
+    EXPECT_LT(placeOf("CoolBar1").right(), placeOf("MdiArea1").left());
+    EXPECT_GT(placeOf("CoolBar2").left(), placeOf("MdiArea1").right());
+    const int width = placeOf("CoolBar2").width();
+    EXPECT_LE(width, widget<QToolBar>(frame_, "Toolbar4").sizeHint().width() + 4) << "no wider than its buttons";
+    frame_.CoolBar1.setVisible(false);
+    frame_.CoolBar2.setAlign(SideBar::left);
+    letEventsRun();
+    EXPECT_LT(placeOf("CoolBar2").right(), placeOf("MdiArea1").left());
+    EXPECT_EQ(placeOf("CoolBar2").width(), width);
+    frame_.CoolBar1.setVisible(true);
+    letEventsRun();
+    EXPECT_GE(placeOf("CoolBar1").width(), 120);
+    EXPECT_FALSE(placeOf("CoolBar1").intersects(placeOf("CoolBar2")));
+}
+
+TEST_F(Frame, ANarrowWindowOffersTheButtonsThatItHasNoRoomFor) {
+    const auto& more = *widget<QToolBar>(frame_, "Toolbar1").findChild<QToolButton*>("qt_toolbar_ext_button");
+    // The wider one is what the margins leave of a screen of 1024 pixels.
+    for (const int width : {984, 500}) {
+        window().resize(width, 600);
+        letEventsRun();
+        EXPECT_EQ(window().width(), width);
+        EXPECT_EQ(more.isVisible(), width == 500);
+    }
+}
+
+TEST_F(Frame, NoMenuOfTheToolkitsOwnHidesABar) {
+    auto& bar = widget<QToolBar>(frame_, "Toolbar1");
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, bar.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&bar, &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_FALSE(bar.isFloatable());
 }
 
 TEST(Tiles, CoverTheAreaWithoutOverlapInAnyNumber) {
