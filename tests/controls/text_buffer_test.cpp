@@ -4,6 +4,7 @@
 
 namespace kelvor {
 
-INSTANTIATE_TYPED_TEST_SUITE_P(TextBuffer, EditControlContract, TextBuffer);
+INSTANTIATE_TEST_SUITE_P(TextBuffer, EditControlContract,
+                         testing::Values(EditControlKind{"TextBuffer", makeControl<TextBuffer>}));
 
 }  // namespace kelvor

@@ -22,9 +22,21 @@ struct StepRow {
     int moves;
 };
 
-/// What every edit control does alike; instantiated with each class that is one.
+/// One of the classes of edit controls.
+struct EditControlKind {
+    const char* name = nullptr;
+    std::unique_ptr<EditControl> (*make)(Form&, const std::string&) = nullptr;
+
+    friend void PrintTo(const EditControlKind& kind, std::ostream* out) { *out << kind.name; }
+};
+
 template <typename Surface>
-class EditControlContract : public testing::Test {
+std::unique_ptr<EditControl> makeControl(Form& form, const std::string& name) {
+    return std::make_unique<Surface>(form, name);
+}
+
+/// What every edit control does alike; instantiated with each class that is one.
+class EditControlContract : public testing::TestWithParam<EditControlKind> {
 protected:
     EditControlContract() {
         edit.changed.connect([this] { ++changes; });
@@ -76,16 +88,14 @@ protected:
     FakePlatform platform;
     TestDirectory directory;
     Form form{"contract", "Contract"};
-    std::unique_ptr<Surface> surface = std::make_unique<Surface>(form, "Text1");
+    std::unique_ptr<EditControl> surface = GetParam().make(form, "Text1");
     EditControl& edit = *surface;
     int changes = 0;
     int moves = 0;
 };
 
-TYPED_TEST_SUITE_P(EditControlContract);
-
-TYPED_TEST_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce) {
-    this->check({
+TEST_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce) {
+    check({
         {"abc|", [](auto& control) { control.setText("xy"); }, "|xy", 1, 1},
         {"|abc", [](auto& control) { control.setText("abc"); }, "|abc", 1, 0},
         {"a[bc]d", [](auto& control) { control.setSelText("XYZ"); }, "aXYZ|d", 1, 1},
@@ -111,14 +121,14 @@ TYPED_TEST_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce) {
     });
 }
 
-TYPED_TEST_P(EditControlContract, FindsInItsRange) {
+TEST_P(EditControlContract, FindsInItsRange) {
     using Place = std::optional<int>;
     constexpr SearchOptions word = {.wholeWord = true};
     constexpr SearchOptions wordAndCase = {.wholeWord = true, .matchCase = true};
     const auto find = [](const char* pattern, Place start = {}, Place end = {}, SearchOptions options = {}) {
         return [=](EditControl& control) { control.Find(pattern, start, end, options); };
     };
-    this->check({
+    check({
         {"dog cat| cat", find("cat"), "dog [cat] cat", 0, 1},
         {"cat [dog cat] cat", find("cat"), "cat dog [cat] cat", 0, 1},
         {"cat [dog ca]t", find("cat"), "cat [dog ca]t", 0, 0},
@@ -134,165 +144,146 @@ TYPED_TEST_P(EditControlContract, FindsInItsRange) {
         {"äb", find("ä", 1), "[ä]b", 0, 1},
         {"aä", find("ä", 0, 2), "|aä", 0, 0},
     });
-    EXPECT_EQ(this->edit.Find("ä"), 1);
-    EXPECT_EQ(this->edit.Find("a"), -1);
+    EXPECT_EQ(edit.Find("ä"), 1);
+    EXPECT_EQ(edit.Find("a"), -1);
 }
 
-TYPED_TEST_P(EditControlContract, CountsWithinTheText) {
-    this->put("a\r\nä\rb|");
-    EXPECT_EQ(this->edit.GetLineFromChar(-1), 0);
-    EXPECT_EQ(this->edit.GetLineFromChar(99), 2);
-    EXPECT_EQ(this->edit.lineIndex(-1), 6);
-    EXPECT_EQ(this->edit.lineIndex(99), 7);
-    EXPECT_EQ(this->edit.characterCount(-1, 99), 6);
-    EXPECT_EQ(this->edit.characterCount(5, 3), 0);
+TEST_P(EditControlContract, CountsWithinTheText) {
+    put("a\r\nä\rb|");
+    EXPECT_EQ(edit.GetLineFromChar(-1), 0);
+    EXPECT_EQ(edit.GetLineFromChar(99), 2);
+    EXPECT_EQ(edit.lineIndex(-1), 6);
+    EXPECT_EQ(edit.lineIndex(99), 7);
+    EXPECT_EQ(edit.characterCount(-1, 99), 6);
+    EXPECT_EQ(edit.characterCount(5, 3), 0);
 }
 
-inline std::size_t linesIn(const std::string& text) {
-    std::size_t lines = 1;
-    for (std::size_t at = 0; at < text.size(); ++at) {
+inline int linesIn(const std::string& text) {
+    int lines = 1;
+    for (std::size_t at = 0; at < text.size(); ++at)
         if (text[at] == '\n' || (text[at] == '\r' && text[at + 1] != '\n')) ++lines;
-    }
     return lines;
 }
 
-TYPED_TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
+TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
     std::mt19937 random(7);
     const auto below = [&](int bound) { return std::uniform_int_distribution<int>(0, bound)(random); };
+    const auto charactersIn = [](const std::string& text) { return static_cast<int>(characterCount(text)); };
     const std::string pieces[] = {"", "a", "\r", "\n", "\r\n", "ä", "€", "<B>x</B>", std::string("\0", 1)};
     std::string expected;
     std::optional<EditControl::Batch> batch;
     constexpr int steps = 600;
     for (int step = 0; step < steps; ++step) {
-        if (step == 200 || step == 400) batch.emplace(this->edit);
+        SCOPED_TRACE(step);
+        if (step == 200 || step == 400) batch.emplace(edit);
         if (step == 300 || step == 500) batch.reset();
-        this->edit.setSelStart(below(this->edit.textLength()));
-        this->edit.setSelLength(below(4));
-        const auto start = static_cast<std::size_t>(this->edit.selStart());
-        const auto length = static_cast<std::size_t>(this->edit.selLength());
-        ASSERT_EQ(this->edit.selText(), expected.substr(start, length)) << step;
+        edit.setSelStart(below(edit.textLength()));
+        edit.setSelLength(below(4));
+        const auto start = static_cast<std::size_t>(edit.selStart());
+        const auto length = static_cast<std::size_t>(edit.selLength());
+        ASSERT_EQ(edit.selText(), expected.substr(start, length));
         const auto& piece = pieces[below(8)];
         expected.replace(start, length, piece);
-        this->edit.setSelText(piece);
+        edit.setSelText(piece);
 
-        const int at = below(this->edit.textLength());
+        const int at = below(edit.textLength());
         const auto before = expected.substr(0, static_cast<std::size_t>(at));
-        ASSERT_EQ(this->edit.text(), expected) << step;
-        ASSERT_EQ(static_cast<std::size_t>(this->edit.characterCount()), characterCount(expected)) << step;
-        ASSERT_EQ(static_cast<std::size_t>(this->edit.characterCount(0, at)), characterCount(before)) << step;
-        ASSERT_EQ(static_cast<std::size_t>(this->edit.lineCount()), linesIn(expected)) << step;
-        if (!before.ends_with('\r')) {
-            const int line = this->edit.GetLineFromChar(at);
-            ASSERT_EQ(static_cast<std::size_t>(line) + 1, linesIn(before)) << step;
-            ASSERT_EQ(static_cast<std::size_t>(this->edit.lineIndex(line)), before.find_last_of("\r\n") + 1) << step;
-        }
+        ASSERT_EQ(edit.text(), expected);
+        ASSERT_EQ(edit.characterCount(), charactersIn(expected));
+        ASSERT_EQ(edit.characterCount(0, at), charactersIn(before));
+        ASSERT_EQ(edit.lineCount(), linesIn(expected));
+        if (before.ends_with('\r')) continue;
+        ASSERT_EQ(edit.GetLineFromChar(at) + 1, linesIn(before));
+        ASSERT_EQ(edit.lineIndex(linesIn(before) - 1), static_cast<int>(before.find_last_of("\r\n") + 1));
     }
-    for (const auto& [go, text] :
-         {std::pair(&EditControl::undo, std::string()), std::pair(&EditControl::redo, expected),
-          std::pair(&EditControl::undo, std::string())}) {
-        for (int step = 0; step < steps; ++step) (this->edit.*go)();
-        EXPECT_EQ(this->edit.text(), text);
-        EXPECT_EQ(static_cast<std::size_t>(this->edit.characterCount()), characterCount(text));
+    const struct {
+        void (EditControl::*go)();
+        std::string text;
+    } ways[] = {{&EditControl::undo, ""}, {&EditControl::redo, expected}, {&EditControl::undo, ""}};
+    for (const auto& [go, text] : ways) {
+        for (int step = 0; step < steps; ++step) (edit.*go)();
+        EXPECT_EQ(edit.text(), text);
+        EXPECT_EQ(edit.characterCount(), charactersIn(text));
     }
 }
 
-TYPED_TEST_P(EditControlContract, TakesStepsBack) {
-    this->load("one");
-    this->edit.undo();
-    EXPECT_EQ(this->shown(), "|one") << "a loaded text has no step";
-    this->edit.setText("two");
-    this->edit.setSelStart(3);
-    this->edit.setSelText("!");
+TEST_P(EditControlContract, TakesStepsBackAndAgain) {
+    const auto expectSteps = [&](void (EditControl::*go)(), std::initializer_list<const char*> outcomes) {
+        for (const char* outcome : outcomes) {
+            (edit.*go)();
+            EXPECT_EQ(shown(), outcome);
+        }
+    };
+    load("one");
+    expectSteps(&EditControl::undo, {"|one"});
+    edit.setText("two");
+    edit.setSelStart(3);
+    edit.setSelText("!");
     {
-        const EditControl::Batch batch(this->edit);
-        this->edit.setSelStart(0);
-        this->edit.setSelText("<");
-        this->edit.undo();
+        const EditControl::Batch batch(edit);
+        edit.setSelStart(0);
+        edit.setSelText("<");
+        expectSteps(&EditControl::undo, {"<|two!"});
         {
-            const EditControl::Batch inner(this->edit);
-            this->edit.setText("new");
+            const EditControl::Batch inner(edit);
+            edit.setText("new");
         }
-        this->edit.setSelText(">");
+        edit.setSelText(">");
+        expectSteps(&EditControl::redo, {">|new"});
     }
-    EXPECT_EQ(this->shown(), ">|new");
-    { const EditControl::Batch empty(this->edit); }
-    for (const char* text : {"two!", "two", "one", "one"}) {
-        this->edit.undo();
-        EXPECT_EQ(this->edit.text(), text);
-    }
-    this->put("[on]e");
-    this->edit.setSelText("XYZ");
-    this->edit.setSelStart(4);
-    this->edit.undo();
-    EXPECT_EQ(this->shown(), "on|e");
-    EXPECT_EQ(this->changes, 2);
-    EXPECT_EQ(this->moves, 3);
+    { const EditControl::Batch empty(edit); }
+    expectSteps(&EditControl::undo, {"|two!", "two|", "one|", "one|"});
+
+    put("[on]e");
+    edit.setSelText("XYZ");
+    edit.setSelStart(4);
+    edit.setSelText("!");
+    expectSteps(&EditControl::undo, {"XYZe|", "on|e"});
+    expectSteps(&EditControl::redo, {"XYZ|e", "XYZe!|", "XYZe!|"});
+    EXPECT_EQ(changes, 6);
+    expectSteps(&EditControl::undo, {"XYZe|"});
+    edit.setSelText("?");
+    expectSteps(&EditControl::redo, {"XYZe?|"});
+
     {
-        const EditControl::Batch batch(this->edit);
-        this->edit.setSelText("x");
-        this->load("loaded");
-        this->edit.setSelText("y");
+        const EditControl::Batch batch(edit);
+        edit.setSelText("x");
+        load("loaded");
+        edit.setSelText("y");
     }
-    EXPECT_EQ(this->shown(), "y|loaded");
-    for (int i = 0; i < 2; ++i) this->edit.undo();
-    EXPECT_EQ(this->shown(), "|loaded") << "a load forgets all steps";
-    this->edit.redo();
-    this->load("loaded");
-    this->edit.redo();
-    EXPECT_EQ(this->shown(), "|loaded");
+    EXPECT_EQ(shown(), "y|loaded");
+    // A load forgets all steps of both ways.
+    expectSteps(&EditControl::undo, {"|loaded", "|loaded"});
+    load("loaded");
+    expectSteps(&EditControl::redo, {"|loaded"});
 }
 
-TYPED_TEST_P(EditControlContract, DoesStepsAgain) {
-    this->put("[on]e");
-    this->edit.setSelText("XYZ");
-    this->edit.setSelStart(4);
-    this->edit.setSelText("!");
-    for (int i = 0; i < 2; ++i) this->edit.undo();
-    this->changes = 0;
-    this->edit.redo();
-    EXPECT_EQ(this->shown(), "XYZ|e");
-    EXPECT_EQ(this->changes, 1);
-    {
-        const EditControl::Batch batch(this->edit);
-        this->edit.redo();
-    }
-    EXPECT_EQ(this->edit.text(), "XYZe") << "nothing inside a batch";
-    this->edit.redo();
-    EXPECT_EQ(this->shown(), "XYZe!|");
-    this->edit.redo();
-    EXPECT_EQ(this->changes, 2);
-    this->edit.undo();
-    this->edit.setSelText("?");
-    this->edit.redo();
-    EXPECT_EQ(this->shown(), "XYZe?|") << "a change leaves nothing to do again";
-}
-
-TYPED_TEST_P(EditControlContract, HandlersSeeTheOutcome) {
-    this->put("a[b]c");
+TEST_P(EditControlContract, HandlersSeeTheOutcome) {
+    put("a[b]c");
     std::vector<std::string> seen;
-    this->edit.changed.connect([&] { seen.push_back("changed " + this->shown()); });
-    this->edit.selectionChanged.connect([&] { seen.push_back("moved " + this->shown()); });
-    this->edit.setSelText("xy");
+    edit.changed.connect([&] { seen.push_back("changed " + shown()); });
+    edit.selectionChanged.connect([&] { seen.push_back("moved " + shown()); });
+    edit.setSelText("xy");
     {
-        const EditControl::Batch batch(this->edit);
+        const EditControl::Batch batch(edit);
         for (int i = 0; i < 2; ++i) {
-            const EditControl::Batch inner(this->edit);
-            this->edit.setSelText("z");
+            const EditControl::Batch inner(edit);
+            edit.setSelText("z");
         }
-        EXPECT_EQ(this->edit.Find("a"), 0);
+        EXPECT_EQ(edit.Find("a"), 0);
     }
-    { const EditControl::Batch reading(this->edit); }
+    { const EditControl::Batch reading(edit); }
     EXPECT_EQ(seen, (std::vector<std::string>{"changed axy|c", "moved axy|c", "changed [a]xyzzc", "moved [a]xyzzc"}));
     // A handler may write again.
     bool once = true;
-    this->edit.changed.connect([&] {
-        if (std::exchange(once, false)) this->edit.setText("abc!");
+    edit.changed.connect([&] {
+        if (std::exchange(once, false)) edit.setText("abc!");
     });
-    this->edit.setText("abc");
-    EXPECT_EQ(this->shown(), "|abc!");
+    edit.setText("abc");
+    EXPECT_EQ(shown(), "|abc!");
 }
 
-TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
+TEST_P(EditControlContract, FilesComeBackByteForByte) {
     using namespace std::string_literals;
     std::string allBytes;
     for (int byte = 0; byte < 256; ++byte) allBytes += static_cast<char>(byte);
@@ -312,38 +303,33 @@ TYPED_TEST_P(EditControlContract, FilesComeBackByteForByte) {
         {std::string(1'000'000, 'x') + "\xE4", std::string(1'000'000, 'x') + "ä", Encoding::windows1252, "\r\n"},
     };
     for (const auto& row : rows) {
-        this->load(row.bytes);
-        EXPECT_EQ(this->edit.text(), row.text);
-        EXPECT_EQ(this->edit.characterCount(), static_cast<int>(characterCount(row.text)));
-        EXPECT_EQ(this->edit.encoding(), row.encoding) << row.text;
-        EXPECT_EQ(this->edit.lineEnd(), row.lineEnd) << row.text;
-        EXPECT_EQ(this->saved(), row.bytes) << row.text;
-        this->platform.clipboardText = "1\r\n2\r3\n";
-        this->edit.paste();
-        EXPECT_EQ(this->edit.text(), "1" + row.lineEnd + "2" + row.lineEnd + "3" + row.lineEnd + row.text);
-        this->edit.undo();
-        EXPECT_EQ(this->edit.text(), row.text);
+        load(row.bytes);
+        EXPECT_EQ(edit.text(), row.text);
+        EXPECT_EQ(edit.characterCount(), static_cast<int>(characterCount(row.text)));
+        EXPECT_EQ(edit.encoding(), row.encoding) << row.text;
+        EXPECT_EQ(edit.lineEnd(), row.lineEnd) << row.text;
+        EXPECT_EQ(saved(), row.bytes) << row.text;
+        platform.clipboardText = "1\r\n2\r3\n";
+        edit.paste();
+        EXPECT_EQ(edit.text(), "1" + row.lineEnd + "2" + row.lineEnd + "3" + row.lineEnd + row.text);
+        edit.undo();
+        EXPECT_EQ(edit.text(), row.text);
     }
 }
 
-TYPED_TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
-    this->put("abc|");
-    this->load("\xE4\n");
-    EXPECT_EQ(this->saved(), "\xE4\n");
-    EXPECT_THROW(this->edit.LoadFile(this->directory.path("missing")), Error);
-    EXPECT_EQ(this->shown(), "|ä\n");
-    EXPECT_EQ(this->edit.lineEnd(), "\n");
-    EXPECT_EQ(this->changes, 1);
-    EXPECT_EQ(this->moves, 1);
-    this->edit.setSelText("Ж");
-    EXPECT_FALSE(this->edit.canBeSaved());
-    EXPECT_THROW(this->saved(), Error);
-    EXPECT_EQ(this->directory.read("saved"), "\xE4\n");
+TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
+    put("abc|");
+    load("\xE4\n");
+    EXPECT_EQ(saved(), "\xE4\n");
+    EXPECT_THROW(edit.LoadFile(directory.path("missing")), Error);
+    EXPECT_EQ(shown(), "|ä\n");
+    EXPECT_EQ(edit.lineEnd(), "\n");
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(moves, 1);
+    edit.setSelText("Ж");
+    EXPECT_FALSE(edit.canBeSaved());
+    EXPECT_THROW(saved(), Error);
+    EXPECT_EQ(directory.read("saved"), "\xE4\n");
 }
-
-REGISTER_TYPED_TEST_SUITE_P(EditControlContract, EachStepLeavesItsTextAndRaisesEachEventOnce, FindsInItsRange,
-                            CountsWithinTheText, AgreesWithAPlainStringThroughAnyEditsAndBack, TakesStepsBack,
-                            DoesStepsAgain, HandlersSeeTheOutcome, FilesComeBackByteForByte,
-                            ALoadIsAChangeAndAFailedLoadOrSaveIsNone);
 
 }  // namespace kelvor

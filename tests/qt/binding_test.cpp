@@ -158,7 +158,7 @@ TEST_F(Binding, EachFaultOfALayoutIsToldWithFormNameAndClasses) {
 
 TEST_F(Binding, ADisabledFormTakesNoInputAndKeepsItsFocus) {
     pair<TextBox, QLineEdit>("txtFirst");
-    auto& box = pair<TextBox, QLineEdit>("txtName").first;
+    auto& box = pair<TextBox, QLineEdit>("txtName").model;
     auto& row = make<MenuItem>("mnuFile", nullptr);
     row.setShortcut("Ctrl+N");
     bind();
@@ -286,7 +286,7 @@ protected:
         add<QWidget>("Text1").setMinimumSize(200, 100);
         add<QPushButton>("cmdInsert");
         insert_.clicked.connect([this] { clicks_ += 'I'; });
-        pair<Button, QPushButton>("cmdClose", "").first.clicked.connect([this] { clicks_ += 'C'; });
+        pair<Button, QPushButton>("cmdClose", "").model.clicked.connect([this] { clicks_ += 'C'; });
         bind();
     }
     void focus(const char* name) { found<QWidget>(name).setFocus(); }

@@ -20,6 +20,9 @@ protected:
             field.selectAll();
             field.insert(text);
             emit field.textEdited(text);
+            enter();
+        }
+        void enter() {
             QTest::keyClick(&field, Qt::Key_Return);
             letEventsRun();
         }
@@ -28,14 +31,19 @@ protected:
             QTest::keyClick(&list, key, modifiers);
             letEventsRun();
         }
-        QString rows() {
-            QStringList rows;
-            for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row)
-                rows += list.model()->index(row, 0, list.rootIndex()).data().toString();
-            return rows.join(' ');
+        void openAll() {
+            press(Qt::Key_A, Qt::ControlModifier);
+            press(Qt::Key_Return);
         }
+        QString rows() { return textsOf(*list.model(), list.rootIndex()).join(' '); }
     };
     using Steps = std::function<void(Shown)>;
+
+    static QStringList textsOf(const QAbstractItemModel& model, const QModelIndex& root = {}) {
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(root); ++row) texts += model.index(row, 0, root).data().toString();
+        return texts;
+    }
 
     /// What the dialog answers when `steps` use it. One still open after them is closed.
     Paths opening(const Steps& steps) {
@@ -85,11 +93,7 @@ TEST_F(FileDialogs, ThreeThousandMarkedFilesAreAllOfThemInTheListsOrder) {
     Paths files;
     std::filesystem::create_directory(folder_ / "a folder");
     for (int i = 10000; i < 13000; ++i) files.push_back(folder_.write("page \"" + std::to_string(i) + "\".html", ""));
-    EXPECT_EQ(opening([](Shown shown) {
-                  shown.press(Qt::Key_A, Qt::ControlModifier);
-                  shown.press(Qt::Key_Return);
-              }),
-              files);
+    EXPECT_EQ(opening([](Shown shown) { shown.openAll(); }), files);
 }
 
 TEST_F(FileDialogs, TakeWhatIsTypedOrTellWhyNot) {
@@ -146,9 +150,9 @@ TEST_F(FileDialogs, SaveUnderTheNameThatIsTypedAndAskOnceBeforeTheyReplace) {
     const std::string there = folder_.write("there.htm", "");
     for (const char* name : {"a\"b.htm", "\"a\" \"b\"", "\"a.htm\"", "~x", " .htaccess"})
         EXPECT_EQ(saving([&](Shown shown) { shown.type(name); }), folder_ / (name[0] == ' ' ? name + 1 : name));
-    for (const auto& [answer, path] : {std::pair(QMessageBox::Yes, there), {QMessageBox::No, std::string()}}) {
+    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
         answerBox(answer);
-        EXPECT_EQ(saving([&](Shown shown) { shown.type("there.htm"); }), path);
+        EXPECT_EQ(saving([&](Shown shown) { shown.type("there.htm"); }), answer == QMessageBox::Yes ? there : "");
         EXPECT_EQ(box_, "there.htm already exists.\nDo you want to replace it?");
     }
     EXPECT_EQ(boxes_, 2);
@@ -157,7 +161,7 @@ TEST_F(FileDialogs, SaveUnderTheNameThatIsTypedAndAskOnceBeforeTheyReplace) {
     EXPECT_EQ(fromQt(box_), "The folder does not exist: " + folder_ / "none");
     request_.overwritePrompt = false;
     request_.fileName = there;
-    EXPECT_EQ(saving([](Shown shown) { QTest::keyClick(&shown.field, Qt::Key_Return), letEventsRun(); }), there);
+    EXPECT_EQ(saving([](Shown shown) { shown.enter(); }), there);
 }
 
 TEST_F(FileDialogs, EnterTheFolderThatIsTypedOrOpened) {
@@ -172,13 +176,15 @@ TEST_F(FileDialogs, EnterTheFolderThatIsTypedOrOpened) {
                   shown.field.setText("new.htm");
                   shown.press(Qt::Key_Return);
                   shown.field.setFocus();
-                  QTest::keyClick(&shown.field, Qt::Key_Return);
-                  letEventsRun();
+                  shown.enter();
               }),
               folder_ / "sub/new.htm");
     EXPECT_EQ(choosingFolder([](Shown shown) { shown.type("sub"); }), folder_ / "sub");
     EXPECT_EQ(choosingFolder([](Shown shown) { shown.type(""); }), folder_.path());
-    const std::pair<QString, std::string> refused[] = {
+    const struct {
+        QString text;
+        std::string told;
+    } refused[] = {
         {"none", "The folder does not exist: " + folder_ / "none"},
         {"sub/e.htm", "This is a file, not a folder: " + folder_ / "sub/e.htm"},
         {"\"sub\" \".\"", "Only one folder can be chosen here."},
@@ -194,7 +200,10 @@ TEST_F(FileDialogs, OfferWhatGoesOnAsTheTextDoes) {
     std::filesystem::create_directory(folder_ / "sub");
     for (const char* name : {"~", " y", "e.htm", ".h"}) folder_.write(std::string("sub/") + name, "");
     for (const char* name : {"~", "a.htm"}) folder_.write(name, "");
-    const std::pair<QString, QString> rows[] = {
+    const struct {
+        QString text;
+        QString offers;
+    } rows[] = {
         {"s", "sub|a.htm"},
         {"sub/", "sub/ y|sub/~|sub/e.htm"},
         {"./sub/../sub/.", "./sub/../sub/ y|./sub/../sub/.h|./sub/../sub/~|./sub/../sub/e.htm"},
@@ -204,23 +213,16 @@ TEST_F(FileDialogs, OfferWhatGoesOnAsTheTextDoes) {
     opening([&rows](Shown shown) {
         for (const auto& [text, offers] : rows) {
             emit shown.field.textEdited(text);
-            QStringList found;
-            const auto* list = shown.field.completer()->model();
-            for (int row = 0; row < list->rowCount(); ++row) found += list->index(row, 0).data().toString();
-            EXPECT_EQ(found.join('|'), offers);
+            EXPECT_EQ(textsOf(*shown.field.completer()->model()).join('|'), offers);
         }
     });
 }
 
 TEST_F(FileDialogs, GiveANameThatIsNoUtf8ByItsBytes) {
     const std::string odd = folder_.write("bad\xff\xe9.html", "");
-    EXPECT_EQ(opening([](Shown shown) {
-                  shown.press(Qt::Key_A, Qt::ControlModifier);
-                  shown.press(Qt::Key_Return);
-              }),
-              Paths{odd});
+    EXPECT_EQ(opening([](Shown shown) { shown.openAll(); }), Paths{odd});
     request_ = {.directory = folder_.path(), .fileName = odd};
-    EXPECT_EQ(saving([](Shown shown) { QTest::keyClick(&shown.field, Qt::Key_Return), letEventsRun(); }), odd);
+    EXPECT_EQ(saving([](Shown shown) { shown.enter(); }), odd);
     EXPECT_EQ(saving([](Shown shown) { shown.type("new.html"); }), folder_ / "new.html");
 }
 

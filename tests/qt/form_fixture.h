@@ -66,8 +66,13 @@ protected:
         layout_.addWidget(widget);
         return *widget;
     }
+    template <typename Model, typename Widget>
+    struct Pair {
+        Model& model;
+        Widget& widget;
+    };
     template <typename Model, typename Widget, typename... Args>
-    std::pair<Model&, Widget&> pair(const char* name, Args&&... args) {
+    Pair<Model, Widget> pair(const char* name, Args&&... args) {
         auto& model = make<Model>(name, std::forward<Args>(args)...);
         return {model, add<Widget>(name)};
     }

@@ -161,8 +161,8 @@ TEST_F(HostilePage, OpensNothingWritesNothingAndStartsNothing) {
     const char* const schemes[] = {"mailto", "tel", "http", "file"};
     for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
     const auto state = [this] {
-        return std::pair(std::distance(std::filesystem::recursive_directory_iterator(files_.path("")), {}),
-                         QApplication::topLevelWidgets().size());
+        return std::vector{std::distance(std::filesystem::recursive_directory_iterator(files_.path("")), {}),
+                           std::ptrdiff_t{QApplication::topLevelWidgets().size()}};
     };
     EXPECT_EQ(run("", ""), "got:");
     const auto before = state();

@@ -15,7 +15,7 @@ protected:
         auto& save = make<MenuItem>("mnuSave", nullptr);
         save.setShortcut("Ctrl+S");
         save.clicked.connect([this] { did_ += "save "; });
-        pair<Button, QPushButton>("cmdPress", "&Press").first.clicked.connect([this] { did_ += "press "; });
+        pair<Button, QPushButton>("cmdPress", "&Press").model.clicked.connect([this] { did_ += "press "; });
         bind();
     }
 
@@ -32,7 +32,7 @@ protected:
     }
 
     KeyPlaces places_{nullptr};
-    QLineEdit& field_ = pair<TextBox, QLineEdit>("txtField").second;
+    QLineEdit& field_ = pair<TextBox, QLineEdit>("txtField").widget;
     std::string did_;
 };
 

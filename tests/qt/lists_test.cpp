@@ -148,25 +148,23 @@ TEST_F(Reports, ReturnOverSelectedRowsIsTheListsWhenItHearsIt) {
 TEST_F(Reports, ColumnsHaveTheWidthToldOrShareTheRoom) {
     const auto width = [this](int column) {
         letEventsRun();
+        EXPECT_EQ(view_.header()->length(), view_.viewport()->width());
         return view_.header()->sectionSize(column);
     };
     list_.addRow({std::string(300, 'x'), "1"});
     const int room = view_.viewport()->width();
-    EXPECT_EQ(width(0) + width(1), room);
+    EXPECT_LT(width(0), room);
     list_.clear();
     list_.addRow({"x", "1"});
     EXPECT_LT(width(0), room / 2);
     list_.setColumnWidth(0, 1750);
     EXPECT_EQ(width(0), 1750 / 15);
-    EXPECT_EQ(width(0) + width(1), room);
     list_.setColumnWidth(1, 3500);
     EXPECT_LE(std::abs(3 * width(0) - room), 3);
-    EXPECT_EQ(width(0) + width(1), room);
     // Numbers stand beside their texts, and these take what is left.
     list_.setRightAligned(1);
     for (const int column : {0, 1}) list_.setColumnWidth(column, 0);
     EXPECT_GT(width(0), room / 2);
-    EXPECT_EQ(width(0) + width(1), room);
 }
 
 TEST_F(Reports, ManyRowsAreOneInsertAndEachCanBeSelectedInTurn) {

@@ -48,21 +48,25 @@ protected:
     }
     void type(const char* keys) { QTest::keyClicks(&text(), QString::fromUtf8(keys)); }
 
-    /// The next modal window is given to `steps`, which must close it.
+    /// The next modal window or popup is given to `steps`, which must close it.
     void whenDialogOpens(std::function<void(QWidget&)> steps) { dialogs_.push_back(std::move(steps)); }
 
     void answerNextBox(QMessageBox::StandardButton button) {
         whenDialogOpens([button](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(button)->click(); });
     }
 
+    void enterIntoNextDialog(const QString& names) {
+        whenDialogOpens([names](QWidget& dialog) {
+            auto& field = *dialog.findChild<QLineEdit*>("fileNameEdit");
+            field.setText(names);
+            QTest::keyClick(&field, Qt::Key_Return);
+        });
+    }
     /// Chooses File, Open by its keys and enters the paths into the dialog.
     void openByDialog(const std::vector<std::string>& paths) {
-        whenDialogOpens([paths](QWidget& dialog) {
-            QString names;
-            for (const auto& path : paths) names += "\"" + QString::fromStdString(path) + "\" ";
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(names.trimmed());
-            QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-        });
+        QStringList names;
+        for (const auto& path : paths) names += "\"" + QString::fromStdString(path) + "\"";
+        enterIntoNextDialog(names.join(' '));
         QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier);
         QApplication::processEvents();
     }
@@ -88,7 +92,8 @@ protected:
 private:
     void answerDialog() {
         constexpr const char* answered = "answered";
-        QWidget* dialog = QApplication::activeModalWidget();
+        QWidget* dialog = QApplication::activePopupWidget();
+        if (!dialog) dialog = QApplication::activeModalWidget();
         if (!dialog || dialogs_.empty() || dialog->property(answered).toBool()) return;
         dialog->setProperty(answered, true);
         const auto steps = std::move(dialogs_.front());
@@ -156,7 +161,7 @@ TEST_F(Program, TheRoadOfOneCommandLeadsFromASelectedWordToThePreview) {
     press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
 
     // The popup menu's Format..., Bold, by its keys.
-    QTimer::singleShot(50, [] {
+    whenDialogOpens([](QWidget&) {
         for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right, Qt::Key_Up, Qt::Key_Up,
                                   Qt::Key_Up, Qt::Key_Return})
             QTest::keyClick(QApplication::activePopupWidget(), key);
@@ -164,8 +169,8 @@ TEST_F(Program, TheRoadOfOneCommandLeadsFromASelectedWordToThePreview) {
     QTest::mouseClick(dynamic_cast<QAbstractScrollArea&>(text()).viewport(), Qt::RightButton);
     QApplication::processEvents();
     EXPECT_EQ(source.selText(), "<B>word</B>");
-    answerNextBox(QMessageBox::Yes);
     QTest::keyClick(&window(), Qt::Key_V, Qt::AltModifier);
+    answerNextBox(QMessageBox::Yes);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_P);
     EXPECT_EQ(files.read("page.htm"), "<P>one <B>word</B></P>\r\n");
     EXPECT_FALSE(mainForm().menu("mnuEdit").visible());
@@ -177,6 +182,7 @@ TEST_F(Program, TheRoadOfOneCommandLeadsFromASelectedWordToThePreview) {
 class Page : public Program {
 protected:
     using Program::press;
+    Page() { std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt")); }
 
     /// Double clicks the row of a floating window's list whose first or second cell is `text`.
     void pick(Form& form, const char* list, int column, const char* text) {
@@ -198,7 +204,7 @@ protected:
     void answer(const char* row, const char* text) {
         whenDialogOpens([text](QWidget& dialog) {
             dialog.findChild<QLineEdit*>()->setText(text);
-            dynamic_cast<QDialog&>(dialog).accept();
+            QTest::keyClick(&dialog, Qt::Key_Return);
         });
         choose(row);
     }
@@ -228,12 +234,8 @@ protected:
 };
 
 TEST_F(Page, TheTextHasTheKeyboardAfterASaveOverAFileAndAfterAnInsertFromTheTagsWindow) {
-    std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt"));
     openByDialog({files.write("page.htm", "one two")});
-    whenDialogOpens([path = files.write("there.htm", "old")](QWidget& dialog) {
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
-        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-    });
+    enterIntoNextDialog(QString::fromStdString(files.write("there.htm", "old")));
     answerNextBox(QMessageBox::Yes);
     choose("mnuFile_SaveAs");
     EXPECT_EQ(files.read("there.htm"), "one two");
@@ -247,7 +249,6 @@ TEST_F(Page, TheTextHasTheKeyboardAfterASaveOverAFileAndAfterAnInsertFromTheTags
 }
 
 TEST_F(Page, WrittenWithTheCommandsAloneHasNoErrorForAChecker) {
-    std::filesystem::copy(KELVOR_DATA "/tags.txt", files.path("program/tags.txt"));
     openByDialog({files.write("page.htm", "")});
     choose("mnuInsert_Tags");
     insertTag(

@@ -45,9 +45,13 @@ TEST_F(Services, AMessageShowsAndSpeaksItsCauseAndAnyNameOnTheScreen) {
 }
 
 TEST_F(Services, EscapeAnswersAsTheButtonsAllow) {
-    for (const auto& [buttons, answer] :
-         {std::pair(MessageButtons::ok, Answer::ok), std::pair(MessageButtons::yesNo, Answer::no),
-          std::pair(MessageButtons::yesNoCancel, Answer::cancel)}) {
+    const struct {
+        MessageButtons buttons;
+        Answer answer;
+    } rows[] = {{MessageButtons::ok, Answer::ok},
+                {MessageButtons::yesNo, Answer::no},
+                {MessageButtons::yesNoCancel, Answer::cancel}};
+    for (const auto& [buttons, answer] : rows) {
         onDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         EXPECT_EQ(platform().dialogs.message({.text = "?", .buttons = buttons}), answer);
     }
@@ -90,12 +94,11 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     platform().shell.start({"cp", file, copy}, "/");
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(toQt(copy)); }));
 
-    struct FailingStart {
+    const struct {
         std::vector<std::string> words;
         std::string place;
         int number;
-    };
-    const FailingStart failing[] = {
+    } failing[] = {
         {{"no-such-program-anywhere"}, "", error_number::fileNotFound},
         {{directory / "missing"}, "", error_number::fileNotFound},
         {{file}, "", error_number::pathAccess},

@@ -35,7 +35,7 @@ protected:
         "Toolbar1", std::vector<ToolBar::Button>{
                         {"New", ""}, {"Tags", "", Kind::toggle}, {"color", "", Kind::dropDown, {{"red", "a&b"}}}});
     QToolBar& widget_ = add<QToolBar>("Toolbar1");
-    QLineEdit& field_ = pair<TextBox, QLineEdit>("txtField").second;
+    QLineEdit& field_ = pair<TextBox, QLineEdit>("txtField").widget;
     std::string clicked_;
     std::vector<MousePress> presses_;
 };
