@@ -8,7 +8,9 @@
 #include "controls/label.h"
 #include "controls/list_view.h"
 #include "controls/menu_item.h"
+#include "controls/month_view.h"
 #include "controls/option_group.h"
+#include "controls/progress_bar.h"
 #include "controls/status_bar.h"
 #include "controls/tab_control.h"
 #include "controls/tab_strip.h"
@@ -86,9 +88,12 @@ TEST_F(Binding, AListFollowsItsRowsAndIsEditedThroughItsControl) {
     bind();
     list.addRow("two");
     list.addRow("three");
-    list.setSelectedRow(2);
-    list.removeRow(2);
-    EXPECT_EQ(widget.currentIndex().row(), 1);
+    list.setSelectedRow(1);
+    for (const int left : {1, 0}) {
+        list.removeRow(1);
+        EXPECT_EQ(list.selectedRow(), left);
+        EXPECT_EQ(widget.currentIndex().row(), left);
+    }
     EXPECT_TRUE(widget.model()->setData(at(0), "first", Qt::EditRole));
     EXPECT_EQ(list.rows().front(), "first");
     widget.edit(at(0));
@@ -119,6 +124,20 @@ TEST_F(Binding, TabsFollowTheStripAndEachClickIsTold) {
     strip.remove("A");
     EXPECT_EQ(bar.tabText(0), "b.htm");
     EXPECT_EQ(told_, 2);
+}
+
+TEST_F(Binding, ADayIsChosenBothWaysAndABarShowsHowFarItsWorkIs) {
+    const auto [view, calendar] = pair<MonthView, QCalendarWidget>("MonthView1");
+    const auto [bar, progress] = pair<ProgressBar, QProgressBar>("ProgressBar1");
+    bind();
+    view.setValue({2026, 2, 28});
+    EXPECT_EQ(calendar.selectedDate(), QDate(2026, 2, 28));
+    calendar.setFocus();
+    pressKey(Qt::Key_Right);
+    EXPECT_EQ(toQt(view.value()), QDate(2026, 3, 1));
+    bar.setRange(0, 3);
+    bar.setValue(2);
+    EXPECT_EQ(progress.text(), "66%");
 }
 
 TEST_F(Binding, StatusPanelsShowTextsAndTheStateOfTheKeys) {

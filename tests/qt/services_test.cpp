@@ -9,39 +9,32 @@ namespace {
 
 using Services = QtForms;
 
-TEST_F(Services, AMessageShowsItsTextPlainWithoutTheHourglassAndGivesTheButton) {
-    const Message message{.text = "<B>one</B>\r\ntwo", .buttons = MessageButtons::yesNo, .standard = Answer::no};
-    const Hourglass hourglass;
-    onDialog<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.text(), "<B>one</B>\ntwo");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    EXPECT_EQ(platform().dialogs.message(message), Answer::no);
-    EXPECT_NE(QApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(Services, AMessageShowsAndSpeaksItsCauseAndAnyNameOnTheScreen) {
+TEST_F(Services, AMessageShowsAndSpeaksItsTextsPlainWithoutTheHourglassAndGivesTheButton) {
     const std::string name = "/web/<I>a\nb\x1B" + std::string(250, 'n');
-    const Message message{.text = "Not saved: " + name + "\r\n" + std::string(3 << 20, 'v'),
-                          .cause = "Full\r\n" + name};
+    const Message message{.text = "<B>Not</B> saved: " + name + "\r\n" + std::string(3 << 20, 'v'),
+                          .cause = "Full\r\n" + name,
+                          .buttons = MessageButtons::yesNo,
+                          .standard = Answer::no};
+    const Hourglass hourglass;
     onDialog<QMessageBox>([](QMessageBox& box) {
         const auto* text = box.findChild<QLabel*>("qt_msgbox_label");
         const auto* cause = box.findChild<QLabel*>("qt_msgbox_informativelabel");
         const QString shown = "/web/<I>a\\nb\\x1B" + QString(250, 'n');
         EXPECT_EQ(cause->accessibleName(), "Full\n" + shown);
-        EXPECT_EQ(cause->text().remove(QChar(0x200B)), cause->accessibleName());
-        EXPECT_EQ(cause->textFormat(), Qt::PlainText);
+        EXPECT_TRUE(text->accessibleName().startsWith("<B>Not</B> saved: " + shown + "\nvvv"));
+        for (const QLabel* label : {text, cause}) {
+            EXPECT_EQ(label->text().remove(QChar(0x200B)), label->accessibleName());
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        }
         EXPECT_LT(cause->fontInfo().pointSizeF(), text->fontInfo().pointSizeF());
         EXPECT_GT(cause->y(), text->y());
-        EXPECT_TRUE(text->accessibleName().startsWith("Not saved: " + shown + "\nvvv"));
-        EXPECT_EQ(text->text().remove(QChar(0x200B)), text->accessibleName());
         EXPECT_LT(box.width(), 700);
         EXPECT_LT(box.height(), 600);
-        box.reject();
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        QTest::keyClick(&box, Qt::Key_Return);
     });
-    platform().dialogs.message(message);
+    EXPECT_EQ(platform().dialogs.message(message), Answer::no);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Services, EscapeAnswersAsTheButtonsAllow) {
@@ -91,7 +84,7 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     const ScratchDirectory directory;
     const std::string file = directory.write("file", "text");
     const std::string copy = directory / "a copy; touch x";
-    platform().shell.start({"cp", file, copy}, "/");
+    platform().shell.start({"cp", file, "a copy; touch x"}, directory.path());
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(toQt(copy)); }));
 
     const struct {
@@ -116,6 +109,18 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     }
     for (const char* target : {"", "/no/such/file.html", "C:\\web\\index.html"})
         EXPECT_FALSE(platform().shell.open(target)) << target;
+}
+
+TEST_F(Services, DaysAndTimesAreToldInTheLanguageOfTheDesktopAndWithoutTheZone) {
+    Clock& clock = platform().clock;
+    const Date day{2026, 11, 5};
+    const std::string month = fromQt(QLocale::system().toString(QDate(2026, 11, 5), "MMM"));
+    EXPECT_EQ(clock.mediumDate(day), "05-" + month + "-26");
+    EXPECT_EQ(clock.monthName(day).rfind(month.substr(0, 2), 0), 0U);
+    EXPECT_NE(clock.longDate(day).find(clock.monthName(day)), std::string::npos);
+    const QString time = toQt(clock.time({day, 9, 5, 7}));
+    EXPECT_TRUE(time.contains("05") && time.contains("07")) << fromQt(time);
+    EXPECT_FALSE(time.contains(QDateTime::currentDateTime().timeZoneAbbreviation())) << fromQt(time);
 }
 
 TEST_F(Services, HelpShowsAPageOrSaysWhichIsMissing) {

@@ -195,16 +195,17 @@ TEST_F(Frame, TheWindowMenuHasNineRowsAndAListOfAll) {
 }
 
 TEST_F(Frame, ARightPressOnTheBackgroundWithItsHintIsTheFrames) {
-    int presses = 0;
-    frame_.mouseDown.connect([&](const MousePress& press) { presses += press.button; });
+    std::vector<int> told;
+    frame_.mouseDown.connect([&](const MousePress& press) { told = {press.button, press.shift, press.x, press.y}; });
     const auto& hint = *area().viewport()->findChild<QLabel*>();
     EXPECT_TRUE(hint.isVisible());
     QTest::mouseClick(area().viewport(), Qt::LeftButton);
-    QTest::mouseClick(area().viewport(), Qt::RightButton);
-    EXPECT_EQ(presses, 2);
+    EXPECT_EQ(told, std::vector<int>());
+    QTest::mouseClick(area().viewport(), Qt::RightButton, Qt::ControlModifier, {5, 6});
+    EXPECT_EQ(std::exchange(told, {}), (std::vector{MousePress::right, modifier::ctrl, 5, 6}));
     EditWindow& child = open("/one");
     QTest::mouseClick(windows().widgetOf(child), Qt::RightButton);
-    EXPECT_EQ(presses, 2);
+    EXPECT_EQ(told, std::vector<int>());
     EXPECT_FALSE(hint.isVisible());
     close(child);
     EXPECT_TRUE(hint.isVisible());
