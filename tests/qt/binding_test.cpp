@@ -33,6 +33,7 @@ TEST_F(Binding, AFormMayBeUnboundByItsOwnHandlersAndHearsNothingMore) {
     button.setEnabled(false);
     bind();
     EXPECT_TRUE(widget.toolTip().contains("&lt;BR&gt;")) << fromQt(widget.toolTip());
+    EXPECT_EQ(widget.accessibleDescription(), "Break <BR>");
     widget.click();
     button.setEnabled(true);
     button.setCaption("S&top");
@@ -45,6 +46,33 @@ TEST_F(Binding, AFormMayBeUnboundByItsOwnHandlersAndHearsNothingMore) {
     EXPECT_EQ(told_, 2);
 }
 
+TEST_F(Binding, AFormHearsItsSizeAndThatItComesForwardButNotFromABoxOfItsOwn) {
+    bind();
+    for (auto* event : {&form_.activated, &form_.resized}) count(*event);
+    {
+        QDialog box(&window_);
+        box.show();
+        box.activateWindow();
+        letEventsRun();
+    }
+    window_.activateWindow();
+    letEventsRun();
+    EXPECT_TRUE(window_.isActiveWindow());
+    EXPECT_EQ(told_, 0);
+    window_.resize(window_.size() + QSize(10, 0));
+    letEventsRun();
+    EXPECT_EQ(told_, 1);
+    QWidget another;
+    Form other("other", "");
+    bindForm(other, another);
+    for (QWidget* window : {&another, static_cast<QWidget*>(&window_)}) {
+        window->show();
+        window->activateWindow();
+        letEventsRun();
+    }
+    EXPECT_EQ(told_, 2);
+}
+
 TEST_F(Binding, AListBoxChoosesRowsBothWays) {
     const auto [box, widget] = pair<ComboBox, QComboBox>("cboRows");
     for (const char* row : {"one", "two", "three"}) box.addItem(row);
@@ -54,7 +82,10 @@ TEST_F(Binding, AListBoxChoosesRowsBothWays) {
     EXPECT_EQ(widget.currentText(), "two");
     EXPECT_EQ(told_, 1) << "the widget, changed by the model, must not answer";
     QTest::keyClick(&widget, Qt::Key_Down);
-    EXPECT_EQ(told_, 2);
+    widget.clearFocus();
+    QWheelEvent turn({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &turn);
+    EXPECT_EQ(told_, 2) << "a turn of the wheel passes by";
     box.removeItem(0);
     EXPECT_EQ(box.listIndex(), 1);
     EXPECT_EQ(widget.currentText(), "three");
@@ -155,6 +186,9 @@ TEST_F(Binding, StatusPanelsShowTextsAndTheStateOfTheKeys) {
             EXPECT_EQ(labels[1]->isEnabled(), on);
             EXPECT_EQ(labels[2]->isEnabled(), on == (key == Qt::Key_NumLock));
         }
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_CapsLock, {}, {}, true);
+        QApplication::sendEvent(window_.windowHandle(), &held);
+        EXPECT_EQ(labels[1]->isEnabled(), on);
         keyStates().setOvertype(on);
         EXPECT_EQ(labels[3]->text(), on ? "OVR" : "INS");
     }
@@ -188,6 +222,7 @@ TEST_F(Binding, ADisabledFormTakesNoInputAndKeepsItsFocus) {
         form_.setEnabled(enabled);
         pressKey(enabled ? Qt::Key_A : Qt::Key_B);
         pressKey(Qt::Key_N, Qt::ControlModifier);
+        pressKey(Qt::Key_X, Qt::AltModifier);
     }
     EXPECT_EQ(box.text(), "aa");
     EXPECT_EQ(told_, 3);
@@ -259,7 +294,9 @@ TEST_F(Binding, PagesAreShownBothWaysAndDisabledOnesByTheProgramOnly) {
         QTest::mouseClick(widget.tabBar(), Qt::LeftButton, {}, widget.tabBar()->tabRect(page).center());
     };
     press(2);
-    pressKey(Qt::Key_PageDown, Qt::ControlModifier);
+    pressKey(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(tabs.tab(), 1);
+    for (int page = 0; page < 2; ++page) pressKey(Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(tabs.tab(), 0);
     // As a run does it: the pages with the fields first, then the results are shown.
     for (const int page : {0, 1}) tabs.setTabEnabled(page, false);

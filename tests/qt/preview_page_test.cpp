@@ -70,7 +70,7 @@ TEST_F(Preview, APageFromTheDiskSendsNothingUntilItsUserLetsIt) {
         EXPECT_EQ(titleOnce(title), title);
         const bool isFollowed = std::string(road).find("refresh") != std::string::npos;
         const auto isOffered = [this] { return button("Load remote content") != nullptr; };
-        EXPECT_TRUE(isFollowed ? tells("does not follow") && !isOffered() : QTest::qWaitFor(isOffered, 10'000)) << road;
+        ASSERT_TRUE(isFollowed ? tells("does not follow") && !isOffered() : QTest::qWaitFor(isOffered, 10'000)) << road;
     }
     QTest::qWait(2 * settlingTime);
     EXPECT_EQ(listener_.heard(), Heard());

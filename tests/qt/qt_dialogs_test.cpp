@@ -13,6 +13,7 @@ TEST_F(Services, AMessageShowsAndSpeaksItsTextsPlainWithoutTheHourglassAndGivesT
     const std::string name = "/web/<I>a\nb\x1B" + std::string(250, 'n');
     const Message message{.text = "<B>Not</B> saved: " + name + "\r\n" + std::string(3 << 20, 'v'),
                           .cause = "Full\r\n" + name,
+                          .icon = MessageIcon::question,
                           .buttons = MessageButtons::yesNo,
                           .standard = Answer::no};
     const Hourglass hourglass;
@@ -30,6 +31,7 @@ TEST_F(Services, AMessageShowsAndSpeaksItsTextsPlainWithoutTheHourglassAndGivesT
         EXPECT_GT(cause->y(), text->y());
         EXPECT_LT(box.width(), 700);
         EXPECT_LT(box.height(), 600);
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         QTest::keyClick(&box, Qt::Key_Return);
     });
@@ -48,7 +50,10 @@ TEST_F(Services, EscapeAnswersAsTheButtonsAllow) {
         onDialog<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         EXPECT_EQ(platform().dialogs.message({.text = "?", .buttons = buttons}), answer);
     }
-    onDialog<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    onDialog<QInputDialog>([](QInputDialog& box) {
+        EXPECT_EQ(box.textValue(), "standard");
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
     EXPECT_EQ(platform().dialogs.input({.standard = "standard"}), "");
 }
 

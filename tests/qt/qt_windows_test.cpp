@@ -52,6 +52,7 @@ protected:
         form_.load();
         QTimer::singleShot(0, std::move(steps));
         windows().showModal(form_);
+        letEventsRun();
     }
 
     QtWindows& windows() { return platform_.windows(); }
@@ -211,9 +212,22 @@ TEST_F(Frame, ARightPressOnTheBackgroundWithItsHintIsTheFrames) {
     EXPECT_TRUE(hint.isVisible());
 }
 
+TEST_F(Frame, APopupOpensBelowItsControl) {
+    QPoint place;
+    QTimer::singleShot(0, [&place] {
+        place = QApplication::activePopupWidget()->pos();
+        QApplication::activePopupWidget()->close();
+    });
+    windows().popupMenu(frame_.menu("mnuNoChild"), &frame_.Toolbar1);
+    EXPECT_EQ(place, window().mapToGlobal(placeOf("Toolbar1").bottomLeft() + QPoint(0, 1)));
+}
+
 TEST_F(Frame, AToolFormEndsByItsOwnActsAndByEscape) {
     whileModal([this] { windows().hide(form_); });
     EXPECT_TRUE(form_.isLoaded());
+    EXPECT_TRUE(window().isActiveWindow());
+    windows().showModeless(form_, false);
+    EXPECT_FALSE(windows().widgetOf(form_)->isModal());
     whileModal([this] { form_.unload(); });
     EXPECT_FALSE(form_.isLoaded());
     form_.load();
