@@ -197,7 +197,7 @@ TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
         ASSERT_EQ(edit.lineIndex(linesIn(before) - 1), static_cast<int>(before.find_last_of("\r\n") + 1));
     }
     const struct {
-        void (EditControl::*go)();
+        void (EditControl::*go)() = nullptr;
         std::string text;
     } ways[] = {{&EditControl::undo, ""}, {&EditControl::redo, expected}, {&EditControl::undo, ""}};
     for (const auto& [go, text] : ways) {

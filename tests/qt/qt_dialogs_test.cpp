@@ -95,7 +95,7 @@ TEST_F(Services, AProgramStartsFromItsWordsAlone) {
     const struct {
         std::vector<std::string> words;
         std::string place;
-        int number;
+        int number = 0;
     } failing[] = {
         {{"no-such-program-anywhere"}, "", error_number::fileNotFound},
         {{directory / "missing"}, "", error_number::fileNotFound},

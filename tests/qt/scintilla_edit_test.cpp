@@ -86,11 +86,11 @@ TEST_F(ScintillaEditTest, HandlersGetKeyCodesAndMaySwallowAKey) {
     });
     edit->keyUp.connect([&](KeyPress& key) { told.push_back(key.keyCode); });
     const struct {
-        int key;
+        int key = 0;
         Qt::KeyboardModifiers modifiers;
-        quint32 scanCode;
-        int keyCode;
-        int shift;
+        quint32 scanCode = 0;
+        int keyCode = 0;
+        int shift = 0;
     } rows[] = {
         {Qt::Key_X, Qt::NoModifier, 53, 'X', 0},
         {Qt::Key_B, Qt::ControlModifier, 56, 'B', 2},
@@ -207,10 +207,10 @@ TEST_F(ScintillaEditTest, WindowsOverTheSelectionMoveAside) {
     const QSize small(200, 100);
     QDialog first(&window);
     const struct {
-        QWidget* parent;
+        QWidget* parent = nullptr;
         QPoint place;
         QSize size;
-        bool isMoved;
+        bool isMoved = false;
     } rows[] = {
         {&first, line.center(), small, true},
         {&first, line.topLeft() - QPoint(190, 90), small, true},     // at the edge of the screen
@@ -308,7 +308,7 @@ TEST_F(ScintillaEditTest, AScreenReaderHearsEachChangeInCharacters) {
     setSpeechSink(hear);
     const struct {
         std::function<void()> act;
-        const char* heard;
+        const char* heard = nullptr;
     } rows[] = {
         {[&] { key(Qt::Key_End); }, ">6 "},
         {[&] { press(Qt::Key_X, {}, "ü"); }, "+6ü >7 "},
