@@ -349,12 +349,18 @@ void dieAt(int number) {
 }
 
 TEST_F(SettingsFaults, KeepsEveryClosedRunInTheFileAndAWholeCopyWhenKilled) {
-    const auto save = [](int number) {
-        const std::string value = std::to_string(number) + std::string(5000, ' ');
-        for (const auto* key : {"first", "second"}) SaveSetting(application, "User", key, value);
+    const auto valueOf = [](int number) {
+        return std::to_string(number) + std::string(9000, static_cast<char>('A' + number % 26));
+    };
+    const auto save = [&](int number) {
+        for (const auto* key : {"first", "second"}) SaveSetting(application, "User", key, valueOf(number));
         closeSettings();
     };
-    const auto stored = [](const char* key) { return std::atoi(GetSetting(application, "User", key).c_str()); };
+    const auto stored = [&](const char* key) {
+        const std::string value = GetSetting(application, "User", key);
+        const int number = std::atoi(value.c_str());
+        return value == valueOf(number) ? number : -1;
+    };
     save(0);
     int before = 0;
     bool killed = true;
