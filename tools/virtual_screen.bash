@@ -26,16 +26,20 @@ fail() {
     exit 1
 }
 
-# await WHAT COMMAND...: the command must succeed within 20 seconds, while the editor runs.
+# await WHAT COMMAND...: the command must succeed within a minute, while the editor runs.
 await() {
-    local what=$1
+    local what=$1 end=$((SECONDS + 60))
     shift
-    for _ in {1..200}; do
-        "$@" > /dev/null 2>&1 && return
-        [ -z "$editor" ] || kill -0 "$editor" 2> /dev/null || break
+    until "$@" > /dev/null 2>&1; do
+        if [ "$SECONDS" -gt "$end" ]; then
+            fail "$what"
+        elif [ -n "$editor" ] && ! kill -0 "$editor" 2> /dev/null; then
+            # What it did as its last act counts.
+            "$@" > /dev/null 2>&1 && return
+            fail "$what; the editor has ended"
+        fi
         sleep 0.1
     done
-    fail "$what"
 }
 
 has_ended() {
@@ -47,8 +51,10 @@ in_front() {
     [[ "$(xdotool getactivewindow getwindowname)" == "$1"* ]]
 }
 
+# -noreset: otherwise the server begins anew whenever the last program leaves it, as each question of `await` does, and
+# throws out a window manager that is just coming. -r: no key repeats itself, however late it is let go.
 start_screen() {
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3> "$work/display" 2> /dev/null &
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset -r 3> "$work/display" 2> /dev/null &
     started+=($!)
     await "the virtual display did not start" test -s "$work/display"
     DISPLAY=":$(cat "$work/display")"
