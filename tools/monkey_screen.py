@@ -2,6 +2,7 @@
 import ctypes
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -11,7 +12,8 @@ import time
 
 DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
 DISPLAY_SIZE = (1024, 768)
-START_SECONDS = 60
+# How long a state may take to come, on a machine that has much else to do.
+PATIENCE_SECONDS = 60
 XDOTOOL = shutil.which("xdotool")
 
 # Landlock, of linux/landlock.h: the calls, and the rights of its first version, which every later one knows.
@@ -38,13 +40,20 @@ def allow(ruleset, place, rights):
     os.close(descriptor)
 
 
-def confine(work):
-    """Lets this process and what it starts read the system and list folders, and nothing else outside `work`."""
+def linked_libraries(program):
+    """The files of the libraries that the program is linked with; the project's own lie in the build tree."""
+    said = subprocess.run(["ldd", program], text=True, capture_output=True, check=True).stdout
+    return re.findall(r" => (/\S+) ", said)
+
+
+def confine(work, libraries):
+    """Lets this process and what it starts read the system and `libraries` and list folders, and nothing else outside
+    `work`."""
     ruleset = LIBRARY.syscall(CREATE_RULESET, struct.pack("=Q", EVERY_RIGHT), 8, 0)
     allow(ruleset, work, EVERY_RIGHT)
     # Folders are listed everywhere, as Quick File does from the root on; the files in them stay closed.
     allow(ruleset, "/", READ_DIR)
-    for place in ("/usr", "/lib", "/lib64", "/etc", "/proc", "/sys", "/var/cache/fontconfig"):
+    for place in ("/usr", "/lib", "/lib64", "/etc", "/proc", "/sys", "/var/cache/fontconfig", *libraries):
         allow(ruleset, place, READ_FILE | READ_DIR)
     # The loader and the shell of the stand-ins.
     for place in ("/lib64", "/lib", "/bin/sh"):
@@ -100,7 +109,9 @@ class Screen:
     def start_display(self):
         reader, writer = os.pipe()
         self.environment = {"PATH": os.environ["PATH"]}
-        self.display = self.start(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp",
+        # Without -noreset the server begins anew, and throws out who is just coming, whenever the last program leaves it.
+        # With -r no key repeats itself, however late it is let go.
+        self.display = self.start(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp", "-noreset", "-r",
                                    "-screen", "0", "{}x{}x24".format(*DISPLAY_SIZE)], pass_fds=(writer,))
         os.close(writer)
         with open(reader, encoding="ascii") as answer:
@@ -111,24 +122,29 @@ class Screen:
             "XDG_CONFIG_HOME": work + "/config", "XDG_DATA_HOME": work + "/data", "XDG_CACHE_HOME": work + "/cache",
             "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "DISPLAY": ":" + number}
         self.start([shutil.which("openbox")])
-        self.wait("the window manager did not start", lambda: self.press("get_num_desktops"), START_SECONDS)
+        self.wait("the window manager did not start", lambda: self.press("get_num_desktops"))
 
     def start_editor(self):
         place = self.work / "program"
         shutil.copytree(DATA, place)
         shutil.copy(self.program, place / "kelvor")
-        self.editor = self.start([place / "kelvor"], cwd=self.work / "home", preexec_fn=lambda: confine(str(self.work)))
-        self.wait("the greeting of the first start did not appear", lambda: self.title() == "First time user",
-                  START_SECONDS)
+        libraries = linked_libraries(self.program)
+        self.editor = self.start([place / "kelvor"], cwd=self.work / "home",
+                                 preexec_fn=lambda: confine(str(self.work), libraries))
+        self.wait("the greeting of the first start did not appear", lambda: self.title() == "First time user")
         self.press("key", "Return")
         self.wait("the main window did not appear", lambda: self.title().startswith("Kelvor"))
-        self.frame = self.press("getactivewindow")
+        self.frame = self.front()
 
     def press(self, *words):
         """Runs xdotool; what it says, or "" when it failed."""
         done = subprocess.run([XDOTOOL, *map(str, words)], env=self.environment, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
         return done.stdout.strip() if done.returncode == 0 else ""
+
+    def front(self):
+        """The number of the window with the keyboard; "" while none has it."""
+        return self.press("getactivewindow")
 
     def title(self):
         """The title of the window with the keyboard; "" while none has it."""
@@ -137,7 +153,7 @@ class Screen:
     def is_shown(self, title):
         return bool(self.press("search", "--onlyvisible", "--name", f"^{title}$"))
 
-    def wait(self, otherwise, holds, seconds=20):
+    def wait(self, otherwise, holds, seconds=PATIENCE_SECONDS):
         """Waits until `holds()`; a Failure otherwise, or as soon as the program has crashed."""
         end = time.monotonic() + seconds
         while not holds():
