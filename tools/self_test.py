@@ -16,6 +16,14 @@ def run():
     return 0 if unittest.TextTestRunner().run(suite).wasSuccessful() else 1
 
 
+HEAD = f"// {source_rules.LICENCE}\n"
+
+
+def check(files):
+    """The findings of the rules for files that begin as they should."""
+    return source_rules.check({path: HEAD + text for path, text in files.items()})
+
+
 class RulesCanFail(unittest.TestCase):
     def expect(self, findings, *wanted):
         self.assertEqual(len(findings), len(wanted), findings)
@@ -23,7 +31,7 @@ class RulesCanFail(unittest.TestCase):
             self.assertIn(words, finding)
 
     def test_sound_sources_pass(self):
-        self.expect(source_rules.check({
+        self.expect(check({
             "src/base/a.h": "#include <queue>\n",
             "src/support/settings.h": '#include "base/a.h"\n',
             "src/support/settings.cpp": '#include "support/settings.h"\n',
@@ -34,34 +42,40 @@ class RulesCanFail(unittest.TestCase):
 
     def test_toolkit(self):
         for header in ("<QString>", "<QtWidgets/QWidget>", "<Qsci/qsciscintilla.h>", "<qglobal.h>", '"ui_find.h"'):
-            self.expect(source_rules.check({"src/core/a.cpp": f"// text\n#include {header}\n"}), "src/core/a.cpp:2: ")
-        self.expect(source_rules.check({"tests/core/a_test.cpp": "#  include <QString>\n"}), "belongs to the toolkit")
+            self.expect(check({"src/core/a.cpp": f"// text\n#include {header}\n"}), "src/core/a.cpp:3: ")
+        self.expect(check({"tests/core/a_test.cpp": "#  include <QString>\n"}), "belongs to the toolkit")
 
     def test_include_paths(self):
         for header in ("a.h", "elsewhere/a.h"):
-            self.expect(source_rules.check({"src/core/a.cpp": f'#include "{header}"\n', "src/core/a.h": ""}), "is no path")
+            self.expect(check({"src/core/a.cpp": f'#include "{header}"\n', "src/core/a.h": ""}), "is no path")
 
     def test_floors(self):
         names = source_rules.FLOORS
         for lower, upper in zip(names, names[1:]):
-            self.expect(source_rules.check({f"src/{lower}/a.h": f'#include "{upper}/b.h"\n', f"src/{upper}/b.h": ""}),
-                        f"src/{lower}/a.h:1: includes src/{upper}/b.h")
-        self.expect(source_rules.check({"src/qt/main.cpp": '#include "tests/kit/a.h"\n', "tests/kit/a.h": ""}), "later")
-        self.expect(source_rules.check({"src/KVFileSystem/a.h": '#include "base/b.h"\n', "src/base/b.h": ""}),
+            self.expect(check({f"src/{lower}/a.h": f'#include "{upper}/b.h"\n', f"src/{upper}/b.h": ""}),
+                        f"src/{lower}/a.h:2: includes src/{upper}/b.h")
+        self.expect(check({"src/qt/main.cpp": '#include "tests/kit/a.h"\n', "tests/kit/a.h": ""}), "later")
+        self.expect(check({"src/KVFileSystem/a.h": '#include "base/b.h"\n', "src/base/b.h": ""}),
                     "includes nothing else")
         with self.assertRaisesRegex(ValueError, "not in the list"):
             source_rules.floor_of("src/elsewhere/a.h")
 
     def test_circles(self):
-        self.expect(source_rules.check({
+        self.expect(check({
             "src/core/a.h": "", "src/core/a.cpp": '#include "core/a.h"\n#include "core/b.h"\n',
             "src/core/b.h": '#include "core/c.h"\n', "src/core/c.h": "", "src/core/c.cpp": '#include "core/a.h"\n',
         }), "src/core/a -> src/core/b -> src/core/c -> src/core/a")
 
     def test_file_length(self):
-        self.expect(source_rules.check({"src/core/a.cpp": "\n" * 500}))
-        self.expect(source_rules.check({"src/core/a.cpp": "\n" * 501}), "501 lines")
-        self.expect(source_rules.check({"src/frame/menu_table.cpp": "\n" * 501}))
+        self.expect(check({"src/core/a.cpp": "\n" * 499}))
+        self.expect(check({"src/core/a.cpp": "\n" * 500}), "501 lines")
+        self.expect(check({"src/frame/menu_table.cpp": "\n" * 500}))
+
+    def test_licence(self):
+        for path, text in (("src/core/a.cpp", "int a;\n"), ("tests/core/a_test.cpp", "\n" + HEAD), ("tools/a", HEAD)):
+            self.expect(source_rules.check_licence({path: text}), path)
+        script = f"#!/bin/sh\n# {source_rules.LICENCE}\n"
+        self.expect(source_rules.check_licence({"src/core/a.h": HEAD, "tools/a": script, "CMakeLists.txt": script[10:]}))
 
     def lint(self, text):
         """The findings of both clang tools for a header in a project of its own."""

@@ -21,6 +21,8 @@ FILE_LINES = 500
 # Rows of data without a branch may go on for longer.
 DATA_TABLES = ("src/frame/menu_table.cpp", "src/frame/toolbar_table.cpp")
 
+LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
+
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
@@ -75,7 +77,7 @@ def included(text, files):
 
 def check(files):
     return (check_toolkit(files) + check_include_paths(files) + check_floors(files) + check_circles(files)
-            + check_loops(files) + check_lengths(files))
+            + check_loops(files) + check_lengths(files) + check_licence(files))
 
 
 def check_toolkit(files):
@@ -134,3 +136,18 @@ def check_loops(files):
     return [f"{path}:{number}: an event loop of its own; src/qt/modal.h shows dialogs"
             for path, text in files.items() if not path.startswith(LOOP_PLACES)
             for number, line in enumerate(text.splitlines(), 1) if LOOP.search(line)]
+
+
+def check_licence(files):
+    """Scripts have it below the line that names their interpreter."""
+    return [f"{path}: does not begin with {mark} {LICENCE}"
+            for path, text in files.items()
+            for mark in ["//" if path.endswith((".cpp", ".h")) else "#"]
+            if not re.match(rf"(#!.*\n)?{mark} {re.escape(LICENCE)}\n", text)]
+
+
+def read_build_files(root):
+    """Path from the root -> text, for the scripts and the build's own files."""
+    places = [*root.glob("*.sh"), root / ".ci/run", root / "CMakeLists.txt", *(root / "tools").iterdir(),
+              *(path for folder in SOURCE_FOLDERS for path in (root / folder).rglob("CMakeLists.txt"))]
+    return {path.relative_to(root).as_posix(): path.read_text(encoding="utf-8") for path in sorted(places) if path.is_file()}
