@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds Kelvor and starts it. Where there is no display it runs on a virtual one
 # instead, does the main job there and leaves a screenshot of it.
 set -euo pipefail

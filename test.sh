@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds, checks the sources by the quick rules and runs all tests.
 # The last line is "N passed, N failed"; the exit code is 0 only when everything held.
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The commands that rewrite a whole document against the bare Scintilla calls that do the same work hit by hit. Each
 // row measures both in one run: "Time" is the command's, until its window is up to date, `bare_ms` the other's, `ratio`
 // the first by the second. `wait_ms` is the longest time that events had to wait while the command ran.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs one task of the tools that work on whole directory trees, without a window:
 // batch_driver TASK ARGUMENTS... prints one line: seconds elapsed, seconds of the processor,
 // seconds of the longest pause between two rounds of waiting events, result.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "KVFileSystem/dir_walker.h"
 #include "bench/driver_task.h"
 

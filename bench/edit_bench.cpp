@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edit controls against the bare Scintilla calls that do the same work. Each row measures both in one run:
 // "Time" is the edit control's, `bare_ms` the other's, `ratio` the first by the second. The iterations are fixed,
 // since the time that counts is that of one side only.

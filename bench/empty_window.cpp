@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The peer of the start benchmark: what any program of this toolkit pays for an empty frame with an edit control
 // and a menu bar, before it has done anything of its own.
 

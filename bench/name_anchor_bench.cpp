@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scan for name anchors over 12 MB with 10,000 of them, until the shown list holds them, beside bare searches for
 // the same tokens in the same run.
 

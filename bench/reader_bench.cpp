@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The commands that change a document at many places, and the undo of each, with a screen reader active: "Time" is
 // with one, `alone_ms` the same run without, `ratio` the first by the second. On a desktop that speaks (xcb with
 // QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1) each notice's text is taken in; offscreen it is made and dropped.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Replace All of the Find and Replace dialog on the text of a shown window, against the bare target loop over the
 // same text: "Time" is from the press of the button until the window shows the outcome, `bare_ms` the loop's, `ratio`
 // the first by the second. CancelReplaceAll is how long a press of Cancel in the middle of a run waits for its

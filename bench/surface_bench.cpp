@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program offscreen: what a switch of tabs costs among many documents, what Quick File pays for a large
 // directory, and Extended Find for many results. Times are those until the window has been brought up to date.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """clang-format and clang-tidy over the project's files."""
 import concurrent.futures
 import hashlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The acts of tools/monkey, and what must be true of the program and its files whatever they were."""
 import hashlib
 import random

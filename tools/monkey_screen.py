@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A virtual display with a window manager, and the editor on it, confined to a directory that goes at the end."""
 import ctypes
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Each rule is given inputs that break it, and one that does not."""
 import json
 import pathlib

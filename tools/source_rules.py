@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The rules over the text of the sources: floors, circles, toolkit headers, lengths."""
 import pathlib
 import re

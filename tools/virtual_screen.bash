@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What the scripts share that drive the editor with real keys on a virtual display of its own. To be sourced, with
 # `program` and `failed_screenshot` set. Settings and data are private to the run, so that nothing of the user's is
 # touched. Gives: work (a directory that goes at the end), await, fail, in_front, has_ended, start_screen, start_editor.

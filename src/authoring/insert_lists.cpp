@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "authoring/insert_lists.h"
 
 #include "controls/combo_box.h"

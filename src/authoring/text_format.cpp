@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "authoring/text_format.h"
 
 #include "authoring/quick_color.h"

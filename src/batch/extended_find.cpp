@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/extended_find.h"
 
 #include "base/outcome.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/window_commands.h"
 
 #include "controls/mdi_area.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "editing/edit_commands.h"
 
 #include "controls/edit_control.h"

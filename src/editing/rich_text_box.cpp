@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "editing/rich_text_box.h"
 
 #include "base/error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/toolbar_commands.h"
 
 #include "assistants/template_holder.h"

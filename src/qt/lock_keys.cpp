@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/lock_keys.h"
 
 #ifdef KELVOR_X11

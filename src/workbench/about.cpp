@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workbench/about.h"
 
 #include "frame/tool_forms.h"

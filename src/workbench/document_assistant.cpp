@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workbench/document_assistant.h"
 
 #include "controls/side_bar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/virtual_directories.h"
 
 #include <gtest/gtest.h>

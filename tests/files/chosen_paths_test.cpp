@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/chosen_paths.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/temporary_directory.h"
 
 #include "files/paths.h"

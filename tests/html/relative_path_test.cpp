@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "html/relative_path.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/platform.h"
 #include "tests/kit/scratch_directory.h"
 #include "tests/qt/form_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/text_difference.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/browser/request_guard.h"
 
 namespace kelvor::qt {
