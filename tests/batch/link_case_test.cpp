@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "html/link_references.h"
+#include "batch/link_case.h"
 
 #include <gtest/gtest.h>
 
-#include "batch/link_case.h"
 #include "controls/form.h"
 #include "controls/text_buffer.h"
+#include "html/link_references.h"
 #include "tests/kit/fake_platform.h"
 
 namespace kelvor {

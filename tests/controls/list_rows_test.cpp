@@ -61,7 +61,13 @@ TEST_F(Lists, TellTheirViewsEveryChange) {
         if (act == 0) count % 100 == 99 ? box.clear() : box.addRows({});
         if (act == 1 || act == 2) box.addRows({anyText(), anyText()});
         if (act == 3 && any) box.removeRow(anyRow(box.count()));
-        if (act == 4 && any) box.edit(anyRow(box.count()), anyText());
+        if (act == 4 && any) {
+            const int row = anyRow(box.count());
+            const std::string text = anyText();
+            const bool isOther = box.rows()[static_cast<std::size_t>(row)] != text;
+            ASSERT_EQ(box.edit(row, text), isOther) << "nobody refuses it";
+            ASSERT_EQ(box.rows()[static_cast<std::size_t>(row)], text);
+        }
         if (act == 5 && any) box.setSelectedRow(anyRow(box.count() + 1) - 1);
         ASSERT_EQ(seen, box.rows()) << act;
         ASSERT_TRUE(selected == box.selectedRow() || selectionsTold > told) << act;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "files/file_bytes.h"
 #include "tests/kit/faults.h"
 
 namespace kelvor {
@@ -31,6 +32,21 @@ TEST(ReadFile, EndsWhereTheFileDoesNot) {
     calls.pread = [](int, void*, std::size_t size, off_t) { return static_cast<ssize_t>(size); };
     const ScopedSystemCalls scope(calls);
     EXPECT_EQ(errorOf([&] { readFile(path); }), "75 The file has no end: " + path);
+}
+
+TEST(FileBytes, AreAllThatAreThereThoughTheFileHadAnotherSize) {
+    const ScratchDirectory directory;
+    const auto path = directory.write("file", std::string(10000, 'x'));
+    for (const off_t size : {1, 9999, 10001, 20000}) {
+        auto calls = kernelCalls();
+        calls.fstat = [size](int descriptor, struct stat* status) {
+            const int result = ::fstat(descriptor, status);
+            status->st_size = size;
+            return result;
+        };
+        const ScopedSystemCalls scope(calls);
+        EXPECT_EQ(FileBytes().read(path, [] {}), std::string(10000, 'x')) << size;
+    }
 }
 
 TEST(Files, RefuseAtOnceWhatIsNoFile) {
