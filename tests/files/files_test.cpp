@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "files/file_bytes.h"
+#include "files/whole_file.h"
 #include "tests/kit/faults.h"
 
 namespace kelvor {
@@ -165,6 +166,18 @@ TEST(RenameFile, LeavesOneNameWhenTheOldOneDoesNotGo) {
         EXPECT_EQ(directory.read(kept), "text");
         EXPECT_EQ(directory.entryCount(), 1U);
     }
+}
+
+TEST(WholeFile, ReadsAWholeFileAndEndsItsLinesBehindAnEndOfFileMark) {
+    const ScratchDirectory files;
+    for (const auto& [bytes, text] : {
+             std::pair{"caf\xE9\n", "café\n"},
+             {"a\n\x1A\rc\r\n\r\nd", "a\r\n\x1A\r\nc\r\n\r\nd\r\n"},
+             {"\x1A\n", "\x1A\r\n"},
+             {"a\nb\x1A", "a\nb\x1A"},
+         })
+        EXPECT_EQ(readWholeFile(files.write("file", bytes)), text);
+    EXPECT_EQ(readWholeFile(files / "missing"), "error");
 }
 
 }  // namespace

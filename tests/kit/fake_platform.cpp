@@ -2,14 +2,11 @@
 #include "tests/kit/fake_platform.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "base/event.h"
 #include "controls/form.h"
 #include "controls/menu_item.h"
 #include "controls/tab_control.h"
-#include "files/places.h"
 #include "frame/file_dialogs.h"
 
 namespace kelvor {
@@ -218,32 +215,8 @@ std::string reportedBy(const std::function<void()>& act) {
 }
 
 TestDirectory::TestDirectory() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kelvor-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw Error(error_number::pathAccess, "no test directory");
-    directory_ = pattern;
     std::filesystem::create_directories(path("program/Templates"));
     std::filesystem::create_directories(path("settings"));
-    inForce_ = std::make_shared<ScopedDirectories>(path("program"), path("settings"));
-}
-
-TestDirectory::~TestDirectory() {
-    inForce_.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
-}
-
-std::string TestDirectory::path(const std::string& name) const {
-    return directory_ + "/" + name;
-}
-
-std::string TestDirectory::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-    return path(name);
-}
-
-std::string TestDirectory::read(const std::string& name) const {
-    std::ifstream file(path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace kelvor

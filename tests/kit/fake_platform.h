@@ -10,7 +10,9 @@
 #include <vector>
 
 #include "base/error.h"
+#include "files/places.h"
 #include "tests/kit/quiet_platform.h"
+#include "tests/kit/scratch_directory.h"
 
 namespace kelvor {
 
@@ -129,24 +131,16 @@ std::string disabledIn(const Form& form);
 std::string reportedBy(const std::function<void()>& act);
 
 /// A private directory with the program's and the settings' directories in it, in force while it lives.
-class TestDirectory {
+class TestDirectory : public ScratchDirectory {
 public:
     TestDirectory();
-    ~TestDirectory();
-    TestDirectory(const TestDirectory&) = delete;
-    TestDirectory& operator=(const TestDirectory&) = delete;
 
     /// A path in it.
-    std::string path(const std::string& name) const;
-    /// Writes a file in it and gives its path.
-    std::string write(const std::string& name, const std::string& bytes) const;
-    /// The bytes of a file in it.
-    std::string read(const std::string& name) const;
+    std::string path(const std::string& name) const { return *this / name; }
     std::string program() const { return path("program"); }
 
 private:
-    std::string directory_;
-    std::shared_ptr<void> inForce_;
+    ScopedDirectories inForce_{path("program"), path("settings")};
 };
 
 }  // namespace kelvor
