@@ -20,8 +20,7 @@ public:
     /// is for whoever opens it; links to directories are not followed. A directory that is not there or cannot be read
     /// is passed over. However deep the tree, few directories are open at a time.
     /// @param filter   a pattern of characters and "*", case of ASCII letters ignored; "*.*" is every name. An
-    /// extension
-    ///                 of exactly three letters stands for longer ones too that begin with them.
+    ///                 extension of exactly three letters stands for longer ones too that begin with them.
     /// @param topOnly  1 for `searchDir` alone, 0 for all below it as well
     void Walk(const std::string& searchDir, const std::string& filter, int topOnly);
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assistants/template_holder.h"
 
-#include <cstddef>
 #include <string_view>
 
 #include "base/error.h"

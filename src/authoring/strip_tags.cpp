@@ -31,7 +31,7 @@ int findByte(std::string_view text, char byte, int from) {
     return found == std::string_view::npos ? -1 : static_cast<int>(found);
 }
 
-/// Takes out tag by tag as told at stripTags and lets waiting events run in between; nothing without any "<".
+/// Takes out tag by tag, by the rules at stripTags, and lets waiting events run in between; nothing without any "<".
 std::optional<StrippedText> withoutTags(std::string_view text, int& startPos, int& endPos) {
     int open = findByte(text, '<', startPos);
     startPos = open;

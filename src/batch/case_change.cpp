@@ -75,7 +75,7 @@ void CaseChange::Form_Activate() {
     optWhere.select(hasDocument ? activeDocument : listOfFiles);
 }
 
-/// Also after a run that was left without files, or by an error.
+/// A run that was left without files keeps the form open too.
 void CaseChange::Form_QueryUnload(bool& cancel) {
     cancel = cancel || run_.isGoingOn();
 }
@@ -136,25 +136,21 @@ std::vector<std::string> CaseChange::getReplaceValues() const {
     return values;
 }
 
-/// An error, and a directory without files, leave the controls as beginRun has made them.
+/// A directory without files leaves the controls as the run has made them; an error ends it.
 void CaseChange::cmdApply_Click() {
+    ScopedRun run(run_);
     beginRun();
     const LinkCase caseMode = optCase.selected() == 0 ? LinkCase::lower : LinkCase::upper;
-    if (!fillFileWad()) return;
+    if (!fillFileWad()) return run.release();
     changeFiles(getReplaceValues(), caseMode);
-    endRun();
+    run_.end();
+    cmdApply.SetFocus();
 }
 
 void CaseChange::beginRun() {
     scope_ = optWhere.selected();
     ListView1.clear();
-    run_.begin();
     SSTab1.setTab(resultsPage);
-}
-
-void CaseChange::endRun() {
-    run_.end();
-    cmdApply.SetFocus();
 }
 
 void CaseChange::setTabsEnabled(bool enabled) {

@@ -79,7 +79,6 @@ private:
     void checkButtons();
     std::vector<std::string> getReplaceValues() const;
     void beginRun();
-    void endRun();
     void setTabsEnabled(bool enabled);
     bool fillFileWad();
     void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);

@@ -39,7 +39,7 @@ void FindReplace::Form_Load() {
 }
 
 void FindReplace::Form_QueryUnload(bool& cancel) {
-    if (!run_.isGoingOn()) return;
+    if (!run_.canBeCancelled()) return;
     run_.cancel();
     cancel = true;
 }
@@ -66,7 +66,7 @@ void FindReplace::cmdReplaceAll_Click() {
 }
 
 void FindReplace::cmdClose_Click() {
-    if (run_.isGoingOn()) return run_.cancel();
+    if (run_.canBeCancelled()) return run_.cancel();
     unload();
 }
 

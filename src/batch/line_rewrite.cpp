@@ -15,6 +15,9 @@ namespace kelvor {
 
 namespace {
 
+/// Of the memory for one text, in bytes: the most that stays for the next one.
+constexpr std::size_t mostKept = std::size_t{4} << 20;
+
 /// In bytes: lines are worked on in blocks that stay in the processor's cache for all items.
 constexpr std::size_t blockSize = std::size_t{256} << 10;
 
@@ -105,6 +108,8 @@ std::optional<CharacterMap> LineRewrite::combined(std::span<const FindItem> item
 void LineRewrite::apply(std::string_view text, const Take& take, const Step& step) {
     const bool onlyLineFeeds =
         text.find('\n') != std::string_view::npos && holdsByPieces(text, hasNoCarriageReturn, step);
+    for (std::string* kept : {&rewritten_, &spare_})
+        if (kept->capacity() > mostKept) std::string().swap(*kept);
     for (std::size_t start = 0; start < text.size();) {
         const auto end = blockEnd(text, start);
         const auto lines = text.substr(start, end - start);

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/step.h"
-#include "batch/character_map.h"
+#include "text/character_map.h"
 #include "text/text_search.h"
 
 namespace kelvor {

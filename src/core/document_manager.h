@@ -17,7 +17,6 @@ public:
     explicit CDocumentManager(MDIForm1& frame) : frame_(frame) {}
 
     const Documents& MyDocuments() const { return documents_; }
-    void setMyDocuments(Documents documents) { documents_ = std::move(documents); }
 
     bool UpdateLineStats(CDocument& document) override;
     bool UpdateChars(CDocument& document) override;

@@ -26,8 +26,8 @@ RegularFile openToRead(const std::string& path) {
 
 }  // namespace
 
-// Not made whole by make_unique, which would write to all of it first.
-Utf8File::Utf8File(const std::string& path) : path_(path), opened_(openToRead(path)), memory_(new char[room]) {
+Utf8File::Utf8File(const std::string& path)
+    : path_(path), opened_(openToRead(path)), memory_(std::make_unique_for_overwrite<char[]>(room)) {
 }
 
 std::optional<std::string_view> Utf8File::next() {

@@ -23,8 +23,8 @@ public:
     /// In bytes, as the disk names it: 0 for what has no size, and what is written meanwhile comes too.
     std::size_t size() const { return static_cast<std::size_t>(opened_.status.st_size); }
 
-    /// The next characters, good until the next call; none at the end. Nothing when the file is not UTF-8 or has no
-    /// size: then it is decode() that tells its text. Throws what readFile throws.
+    /// The next characters, good until the next call; an empty part at the end. std::nullopt when the file is not UTF-8
+    /// or has no size: then it is decode() that tells its text. Throws what readFile throws.
     std::optional<std::string_view> next();
 
     /// Of what has been read.

@@ -18,7 +18,7 @@ CommonDialog& preparedDialog(const std::string& title, int flags) {
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.initDir = lastDir;
     dialog.dialogTitle = title;
-    dialog.filter = fileFilter;
+    dialog.filter = documentFilter;
     dialog.filterIndex = user::fileFilter.number(0) + 1;
     dialog.flags = flags;
     return dialog;

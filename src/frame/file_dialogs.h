@@ -9,7 +9,7 @@
 namespace kelvor {
 
 /// The filter rows of every file dialog for documents: "name|patterns|...".
-inline constexpr std::string_view fileFilter =
+inline constexpr std::string_view documentFilter =
     "All Files (*.*)|*.*|Active Server Pages (*.asp)|*.asp;|CGI Source Files (*.cgi, *.pl, *.pm, *.c, *.h)|"
     "*.pl;*.cgi;*.c;*.pm;*.h|HTML Files (*.html, *.htm, *.shtml)|*.html;*.htm;*.shtml|JavaScript Files (*.js)|*.js|"
     "Text Files (*.txt)|*.txt|VBScript Files (*.vbs)|*.vbs|Web Related (*.asp, *.js, *.vbs, *.tpl, *.cdf)|"

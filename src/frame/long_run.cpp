@@ -11,18 +11,16 @@
 namespace kelvor {
 
 void LongRun::begin(Cancel cancel) {
-    begun_ = true;
+    run_ = cancel;
     cancelled_ = false;
-    goesOn_ = cancel == Cancel::offered;
     platform().screen.setMousePointer(MousePointer::hourglass);
-    parts_.close.setEnabled(goesOn_);
-    if (goesOn_) parts_.close.setCaption("&Cancel");
+    parts_.close.setEnabled(canBeCancelled());
+    if (canBeCancelled()) parts_.close.setCaption("&Cancel");
     setReachable(false);
 }
 
 void LongRun::end() {
-    if (!std::exchange(begun_, false)) return;
-    goesOn_ = false;
+    if (!std::exchange(run_, std::nullopt)) return;
     platform().screen.setMousePointer(MousePointer::standard);
     parts_.close.setCaption("&Close");
     parts_.close.setEnabled(true);
@@ -34,12 +32,12 @@ void LongRun::askToCancel() {
 }
 
 void LongRun::closePressed() {
-    if (goesOn_) return askToCancel();
+    if (canBeCancelled()) return askToCancel();
     parts_.close.form().unload();
 }
 
 void LongRun::keepOpen(bool& cancel) {
-    if (!goesOn_) return;
+    if (!canBeCancelled()) return;
     cancel = true;
     if (parts_.close.enabled()) askToCancel();
 }

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/event.h"
 #include "controls/button.h"
 
 namespace kelvor {
@@ -20,15 +22,16 @@ public:
         /// The question whether to cancel.
         std::string question;
         std::string title;
-        /// What else changes at the begin (false) and the end (true) of a run.
+        /// What else changes when a run begins (false) and ends (true).
         std::function<void(bool reachable)> also = [](bool) {};
     };
     enum class Cancel { offered, never };
 
     explicit LongRun(Parts parts) : parts_(std::move(parts)) {}
 
+    bool isGoingOn() const { return run_.has_value(); }
     /// Whether Close means Cancel now.
-    bool isGoingOn() const { return goesOn_; }
+    bool canBeCancelled() const { return run_ == Cancel::offered; }
     bool isCancelled() const { return cancelled_; }
 
     /// @param cancel  never: Close cannot be reached either
@@ -49,23 +52,27 @@ private:
     void setReachable(bool reachable) const;
 
     Parts parts_;
-    bool begun_ = false;
-    bool goesOn_ = false;
+    std::optional<Cancel> run_;
     bool cancelled_ = false;
 };
 
 /// One run, which ends with it, after an error too.
 class ScopedRun {
 public:
-    explicit ScopedRun(LongRun& run, LongRun::Cancel cancel = LongRun::Cancel::offered) : run_(run) {
-        run_.begin(cancel);
+    explicit ScopedRun(LongRun& run, LongRun::Cancel cancel = LongRun::Cancel::offered) : run_(&run) {
+        run.begin(cancel);
     }
-    ~ScopedRun() { run_.end(); }
+    ~ScopedRun() {
+        if (run_ != nullptr) guarded([this] { run_->end(); });
+    }
     ScopedRun(const ScopedRun&) = delete;
     ScopedRun& operator=(const ScopedRun&) = delete;
 
+    /// Has the run go on behind this scope.
+    void release() { run_ = nullptr; }
+
 private:
-    LongRun& run_;
+    LongRun* run_;
 };
 
 }  // namespace kelvor

@@ -2,6 +2,7 @@
 #include "program/shared_state.h"
 
 #include "authoring/insert_lists.h"
+#include "base/event.h"
 #include "controls/form.h"
 #include "core/document_manager.h"
 #include "core/virtual_directories.h"
@@ -18,6 +19,8 @@ namespace kelvor {
 namespace {
 
 void unloadForms() {
+    // A form that ends another one in its unload leaves that alive to the end of this.
+    const EventScope scope;
     const auto forms = loadedForms();
     for (Form* form : forms)
         if (form->kind() != Form::Kind::frame) form->unload();

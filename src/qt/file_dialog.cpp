@@ -10,7 +10,6 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <utility>
 
 #include "base/error.h"

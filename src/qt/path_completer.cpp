@@ -3,7 +3,6 @@
 
 #include <limits.h>
 
-#include <utility>
 #include <vector>
 
 #include "base/error.h"

@@ -5,7 +5,6 @@
 #include <QStringListModel>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace kelvor::qt {
 

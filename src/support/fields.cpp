@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/fields.h"
 
-#include <cstddef>
-
 #include "controls/text_field.h"
 #include "html/no_value.h"
 #include "platform/platform.h"

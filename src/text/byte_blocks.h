@@ -2,9 +2,18 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace kelvor {
+
+/// Eight bytes as one number, the first one lowest on most machines.
+inline std::uint64_t wordAt(std::string_view bytes, std::size_t position) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes.data() + position, sizeof word);
+    return word;
+}
 
 /// Bytes that are compared all at once: a comparison gives -1 for each byte where it holds, and 0 elsewhere.
 using ByteBlock = signed char __attribute__((vector_size(16)));

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
 #include <unicode/uchar.h>
-#include <bit>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>

@@ -2,8 +2,8 @@
 #include "text/letter_case.h"
 
 #include <unicode/casemap.h>
-#include <unicode/coll.h>
-#include <bit>
+#include <unicode/uniset.h>
+
 #include <cstddef>
 #include <cstdint>
 
@@ -78,6 +78,20 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
         j += b.length;
     }
     return i == left.size() && j == right.size();
+}
+
+std::vector<std::string> spellingsOf(UChar32 folded) {
+    std::vector<std::string> spellings(1);
+    appendCodePoint(spellings.front(), folded);
+    if (folded >= firstStrayByte) return spellings;
+    icu::UnicodeSet set(folded, folded);
+    set.closeOver(USET_CASE_INSENSITIVE);
+    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
+        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
+            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
+        }
+    }
+    return spellings;
 }
 
 }  // namespace kelvor

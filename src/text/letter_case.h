@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
-#include <bit>
+#include <unicode/umachine.h>
+
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelvor {
 
@@ -19,5 +19,9 @@ std::string toLower(std::string_view text);
 std::string foldCase(std::string_view text);
 
 bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+/// All characters, each as its bytes, that a search without regard to case takes for one that folds to `folded`; that
+/// one is the first. "k" is also "K" and the Kelvin sign of three bytes.
+std::vector<std::string> spellingsOf(UChar32 folded);
 
 }  // namespace kelvor

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
-#include <bit>
-#include <climits>
 #include <cstddef>
 #include <string>
 #include <string_view>

@@ -3,8 +3,8 @@
 
 #include <unicode/casemap.h>
 #include <unicode/coll.h>
+
 #include <algorithm>
-#include <bit>
 
 #include "text/code_points.h"
 

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <utility>
 
+#include "text/byte_blocks.h"
 #include "text/code_points.h"
 #include "text/utf8_check.h"
 
@@ -28,12 +29,6 @@ constexpr std::array<char16_t, 32> windows1252Upper = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
-
-uint64_t wordAt(std::string_view bytes, std::size_t position) {
-    uint64_t word = 0;
-    std::memcpy(&word, bytes.data() + position, sizeof word);
-    return word;
-}
 
 /// How many units of a word come before the first one that is not ASCII.
 /// @param beyond  the bits of the word that no ASCII unit has
@@ -264,7 +259,7 @@ std::size_t pieceEnd(std::string_view bytes, std::size_t start, std::size_t leng
         return (high & 0xFC) == 0xD8 ? end - 2 : end;
     }
     // A character has three continuation bytes at most.
-    for (int i = 0; i < 3 && isContinuationByte(bytes[end]); ++i) --end;
+    for (int i = 0; i < 3 && end > start && isContinuationByte(bytes[end]); ++i) --end;
     return end;
 }
 

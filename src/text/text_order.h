@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <unicode/casemap.h>
-#include <unicode/coll.h>
-#include <bit>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/text_search.h"
 
-#include <unicode/uniset.h>
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <limits>
-#include <utility>
 #include <vector>
 
 #include "base/error.h"
 #include "text/byte_filter.h"
 #include "text/code_points.h"
+#include "text/letter_case.h"
 
 namespace kelvor {
 
@@ -42,9 +41,9 @@ struct Anchor {
     std::size_t unitsToBoundary = 0;
 };
 
-/// Stand for characters where line ends are compared as wholes: any of them, and half of a CR LF, which is never one.
+/// Where line ends are compared as wholes: stands for any of them.
 constexpr UChar32 lineEnd = '\n';
-
+/// Stands for half of a CR LF there, which is never one.
 constexpr UChar32 halfLineEnd = -1;
 
 std::vector<PatternByte> exactBytes(std::string_view pattern) {
@@ -80,8 +79,8 @@ std::vector<PatternByte> spelledBytes(const std::vector<UChar32>& pattern, Spell
     return bytes;
 }
 
-/// The rarest of some bytes that stand in other characters than `but`; their end when there is none.
 using ByteIterator = std::vector<PatternByte>::const_iterator;
+/// The rarest of some bytes that stand in other characters than `but`; their end when there is none.
 ByteIterator rarestByte(ByteIterator begin, ByteIterator end, std::optional<std::size_t> but = std::nullopt) {
     auto rarest = end;
     for (auto byte = begin; byte != end; ++byte) {
@@ -140,20 +139,6 @@ std::vector<std::size_t> bordersOf(const std::vector<UChar32>& pattern) {
 }
 
 }  // namespace
-
-std::vector<std::string> spellingsOf(UChar32 folded) {
-    std::vector<std::string> spellings(1);
-    appendCodePoint(spellings.front(), folded);
-    if (folded >= firstStrayByte) return spellings;
-    icu::UnicodeSet set(folded, folded);
-    set.closeOver(USET_CASE_INSENSITIVE);
-    for (int32_t range = 0; range < set.getRangeCount(); ++range) {
-        for (auto value = set.getRangeStart(range); value <= set.getRangeEnd(range); ++value) {
-            if (value != folded && foldedCodePoint(value) == folded) appendCodePoint(spellings.emplace_back(), value);
-        }
-    }
-    return spellings;
-}
 
 struct TextSearch::Pattern {
     Pattern(std::string_view pattern, SearchOptions options)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <unicode/uniset.h>
+#include <unicode/umachine.h>
+
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -50,10 +51,6 @@ private:
     struct Pattern;
     std::unique_ptr<Pattern> pattern_;
 };
-
-/// All characters, each as its bytes, that a search without regard to case takes for one that folds to `folded`; that
-/// one is the first. "k" is also "K" and the Kelvin sign of three bytes.
-std::vector<std::string> spellingsOf(UChar32 folded);
 
 /// What stands between the first `startToken` and the `endToken` that follows it, both found without regard to case;
 /// "" without the first. All that follows when `endToken` is "". An `endToken` that is not there is an error 5.

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "text/byte_blocks.h"
 #include "text/code_points.h"
 
 #ifdef __SSE2__
@@ -14,12 +15,6 @@
 namespace kelvor {
 
 namespace {
-
-uint64_t wordAt(std::string_view bytes, std::size_t position) {
-    uint64_t word = 0;
-    std::memcpy(&word, bytes.data() + position, sizeof word);
-    return word;
-}
 
 #ifdef __SSE2__
 

@@ -132,9 +132,8 @@ TEST_F(CaseChangeForm, AFileThatFailsEndsTheRunAndKeepsItsBytes) {
         form().optCase.select(row.choice);
         EXPECT_EQ(reportedBy([this] { form().cmdApply.click(); }).substr(0, 2), row.error);
         EXPECT_EQ(files.read(row.file), bytes);
-        expectRunning(true);
-        mainForm().unload();
-        mainForm().load();
+        expectRunning(false);
+        form().unload();
     }
 }
 

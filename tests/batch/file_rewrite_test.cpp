@@ -83,11 +83,12 @@ struct FileRewrite : testing::Test {
 };
 
 TEST_F(FileRewrite, FindsCafeInEveryEncodingAndKeepsIt) {
+    FileRewriter rewriter(LineRewrite({{"é", "e"}}, true));
     for (const auto encoding : {Encoding::utf8, Encoding::utf8WithMark, Encoding::utf16LittleEndian,
                                 Encoding::utf16BigEndian, Encoding::windows1252}) {
         const std::string before = encode("à café\r\n", encoding).value();
         directory.write("page.html", before);
-        EXPECT_EQ(outcomeOf(page, temporary, {"é", "e"}), "");
+        rewriter.rewrite(page, temporary, [] {});
         EXPECT_EQ(directory.read("page.html"), encode("à cafe\r\n", encoding).value());
     }
     directory.write("page.html", "caf\xE9\r\n");
@@ -222,26 +223,34 @@ TEST_F(FileRewrite, LeavesWhatAnotherProgramWroteMeanwhile) {
 
 TEST_F(FileRewrite, HearsTheUserWhileTheDiskIsBusy) {
     std::atomic<bool> busy = false;
+    std::atomic<int> heard = 0;
     auto calls = kernelCalls();
-    calls.fsync = [&busy](int) {
+    calls.fsync = [&](int) {
+        constexpr auto moment = std::chrono::milliseconds(5);
         busy = true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        for (int moments = 0; heard < 5 && moments < 12'000; ++moments) std::this_thread::sleep_for(moment);
+        std::this_thread::sleep_for(4 * moment);  // longer than it takes to leave without waiting for this
         busy = false;
         return 0;
     };
     const ScopedSystemCalls scope(std::move(calls));
-    int heard = 0;
     EXPECT_EQ(outcomeOf(page, temporary, renewal, [&] { heard += busy ? 1 : 0; }), "");
     EXPECT_GE(heard, 5);
     // What ends the rewrite then does not close the file under the flush.
     directory.write("page.html", oldText);
     FileRewriter rewriter(LineRewrite({renewal}, true));
+    heard = 0;
     const auto stop = [&] {
-        if (busy) throw Error(error_number::pathAccess, "stopped");
+        if (!busy) return;
+        heard = 5;
+        throw Error(error_number::pathAccess, "stopped");
     };
     EXPECT_THROW(rewriter.rewrite(page, temporary, stop), Error);
     EXPECT_FALSE(busy);
     EXPECT_EQ(directory.read("page.html"), oldText);
+    fs::remove(temporary);
+    rewriter.rewrite(page, temporary, [] {});
+    EXPECT_NE(directory.read("page.html"), oldText);
 }
 
 TEST_F(FileRewrite, TouchesNothingThatStandsInTheTemporaryFilesPlace) {

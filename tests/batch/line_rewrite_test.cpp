@@ -64,6 +64,10 @@ TEST(LineRewrite, EndsEveryLineInOneWay) {
 
 TEST(LineRewrite, TakesALineOfAnyLengthAsOne) {
     EXPECT_EQ(rewritten(std::string(1'200'000, 'a'), {{"aaa", "b"}}), std::string(400'000, 'b') + "\r\n");
+    // A character on the border between two steps.
+    const std::string stretch((std::size_t{1} << 18) - 1, 'x');
+    EXPECT_EQ(rewritten(stretch + "éabc" + stretch, {{"a", "1"}, {"b", "2"}, {"c", "3"}, {"é", "e"}}),
+              stretch + "e123" + stretch + "\r\n");
 }
 
 using Characters = std::u32string;
@@ -78,7 +82,7 @@ Characters charactersOf(std::string_view text) {
     return characters;
 }
 
-/// One item on one line, as it is told to a person.
+/// One item on one line, the plain way.
 Characters rewrittenByTheBook(const Characters& line, const FindItem& item, bool matchCase) {
     const auto compared = [matchCase](Characters characters) {
         for (char32_t& each : characters)

@@ -29,14 +29,14 @@ TEST(FilterRows, AreNamesWithTheirPatterns) {
 }
 
 TEST(FilterRows, OfTheDocumentsFindWhatTheyName) {
-    for (const FilterRow& row : filterRows(fileFilter)) {
+    for (const FilterRow& row : filterRows(documentFilter)) {
         const auto open = row.name.find('(');
         std::multiset<std::string> named;
         std::istringstream list(row.name.substr(open + 1, row.name.size() - open - 2));
         for (std::string pattern; std::getline(list >> std::ws, pattern, ',');) named.insert(pattern);
         EXPECT_EQ(std::multiset<std::string>(row.patterns.begin(), row.patterns.end()), named) << row.name;
     }
-    EXPECT_EQ(filterRows(fileFilter).size(), 8U);
+    EXPECT_EQ(filterRows(documentFilter).size(), 8U);
 }
 
 }  // namespace

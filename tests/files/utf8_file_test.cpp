@@ -21,10 +21,21 @@ TEST(Utf8File, AgreesWithTheWholeFileHoweverItsBytesCome) {
     const ScratchDirectory directory;
     std::string large = "x";
     for (int i = 0; i < 100'000; ++i) large += "日\r\n";
-    const std::string rows[] = {
-        "a",         "\xEF\xBB\xBF", "\xEF\xBB\xBFx\n", "\xEF\xBB\xBF\xEF\xBB\xBF", "é日\U0001F600\r\r\n\n\n",
-        "\xE6\x97",  "\xFF\xFEx",    "é\xE9 and more",  "\xED\xA0\x80\xF4\x90",     large,
-        large + "é", large + "\xC3"};
+    const std::string rows[] = {"a",
+                                "\xEF\xBB\xBF",
+                                "\xEF\xBB\xBFx\n",
+                                "\xEF\xBB\xBF\xEF\xBB\xBF",
+                                "é日\U0001F600\r\r\n\n\n",
+                                "\xE6\x97",
+                                "\xFF\xFEx",
+                                "é\xE9 and more",
+                                "\xED\xA0\x80\xF4\x90",
+                                large,
+                                large + "é",
+                                large + "\xC3",
+                                "\x80",
+                                "\x80\x80",
+                                "\x80\x80\x80"};
     for (const auto& bytes : rows) {
         const auto whole = decode(bytes);
         const bool isUtf8 = whole.encoding == Encoding::utf8 || whole.encoding == Encoding::utf8WithMark;

@@ -30,8 +30,8 @@ private:
     std::size_t findBegin(std::string_view text, std::size_t position) const;
 
     std::vector<std::string> replacements_;
-    std::array<std::uint16_t, 0x800> low_{};  ///< by character: place in replacements_ from 1, 0 for those that stay
-    std::unordered_map<UChar32, std::uint16_t> high_;  ///< the same for the characters that low_ has no room for
+    std::array<std::uint32_t, 0x800> low_{};  ///< by character: place in replacements_ from 1, 0 for those that stay
+    std::unordered_map<UChar32, std::uint32_t> high_;  ///< the same for the characters that low_ has no room for
     std::array<bool, 256> begins_{};                   ///< whether a character that is replaced begins with the byte
     bool beyondAscii_ = true;                          ///< none of those characters is ASCII
 };

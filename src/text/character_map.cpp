@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "batch/character_map.h"
+#include "text/character_map.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,7 +11,7 @@ namespace kelvor {
 
 void CharacterMap::set(std::string_view character, std::string replacement) {
     replacements_.push_back(std::move(replacement));
-    const auto place = static_cast<std::uint16_t>(replacements_.size());
+    const auto place = static_cast<std::uint32_t>(replacements_.size());
     const auto value = codePointAt(character, 0).value;
     if (static_cast<std::size_t>(value) < low_.size()) {
         low_[static_cast<std::size_t>(value)] = place;
@@ -44,8 +44,8 @@ std::size_t CharacterMap::findBegin(std::string_view text, std::size_t position)
 }
 
 bool CharacterMap::apply(std::string_view text, std::string& result, const Step& step) const {
-    // In bytes: about a millisecond's work.
-    constexpr std::size_t stepLength = std::size_t{1} << 20;
+    // In bytes: well below a millisecond's work.
+    constexpr std::size_t stepLength = std::size_t{1} << 18;
     bool found = false;
     std::size_t taken = 0;
     for (std::size_t position = 0, end = 0; position < text.size();) {
