@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <random>
@@ -211,7 +212,7 @@ TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
 TEST_P(EditControlContract, TakesStepsBackAndAgain) {
     const auto expectSteps = [&](void (EditControl::*go)(), std::initializer_list<const char*> outcomes) {
         for (const char* outcome : outcomes) {
-            (edit.*go)();
+            std::invoke(go, edit);
             EXPECT_EQ(shown(), outcome);
         }
     };
