@@ -3,9 +3,8 @@
 
 #include <string>
 
-#include "controls/common_dialog.h"
 #include "editing/insertion.h"
-#include "frame/main_frame.h"
+#include "frame/color_dialog.h"
 #include "html/colors.h"
 
 namespace kelvor {
@@ -17,14 +16,6 @@ constexpr int backgroundAttribute = 2;
 constexpr int fontTag = 3;
 
 }  // namespace
-
-std::optional<int> chooseColor() {
-    CommonDialog& dialog = mainForm().CommonD1;
-    dialog.flags = dialog_flag::fullOpen;
-    dialog.dialogTitle.clear();
-    if (!answered(dialog, &CommonDialog::ShowColor)) return std::nullopt;
-    return dialog.color;
-}
 
 void doColor(int mode) {
     const auto color = chooseColor();

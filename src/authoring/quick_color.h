@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <optional>
-
 namespace kelvor {
-
-/// Asks for a colour: red in the low byte, none when cancelled.
-std::optional<int> chooseColor();
 
 /// Asks for a colour and inserts it at the selection of the active document, which has the focus then. A cancelled
 /// question changes nothing.

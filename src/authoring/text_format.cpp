@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "authoring/text_format.h"
 
-#include "authoring/quick_color.h"
 #include "editing/insertion.h"
+#include "frame/color_dialog.h"
 #include "frame/tool_forms.h"
 #include "html/colors.h"
 #include "html/no_value.h"

@@ -52,6 +52,7 @@
 #include "controls/tab_strip.h"
 #include "controls/text_box.h"
 #include "controls/tool_bar.h"
+#include "controls/up_down.h"
 #include "controls/web_browser.h"
 #include "qt/binders/binders.h"
 #include "qt/convert.h"
@@ -103,6 +104,7 @@ constexpr Binder binders[] = {
     tryBind<TabStrip, QTabBar, bindTabStrip>,
     tryBind<TextBox, QLineEdit, bindTextBox>,
     tryBind<ToolBar, QToolBar, bindToolBar>,
+    tryBind<UpDown, QWidget, bindUpDown>,
     tryBind<WebBrowser, QWidget, bindWebBrowser>,
 };
 

@@ -43,6 +43,7 @@ class TabControl;
 class TabStrip;
 class TextBox;
 class ToolBar;
+class UpDown;
 class WebBrowser;
 }  // namespace kelvor
 
@@ -75,6 +76,8 @@ void bindTabStrip(TabStrip& strip, QTabBar& widget, FormLink& link);
 void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link);
 /// Makes the buttons, which the layout does not have.
 void bindToolBar(ToolBar& bar, QToolBar& widget, FormLink& link);
+/// Puts two arrows into `place`, which stands beside the field. The field is found by its name.
+void bindUpDown(UpDown& upDown, QWidget& place, FormLink& link);
 void bindWebBrowser(WebBrowser& browser, QWidget& place, FormLink& link);
 
 /// Makes the menu bar, or nothing when the form has no menus. Each menu is a QMenu with the name of its control.
