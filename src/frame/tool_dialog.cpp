@@ -13,7 +13,11 @@ ToolDialog::ToolDialog(std::string name, std::string caption, AtEnd end) : Form(
     activated.connect([this] { Form_Activate(); });
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
     unloaded.connect([this] { Form_Unload(); });
-    if (end == AtEnd::focusDocument) unloaded.connect(focusDocument);
+    if (end == AtEnd::focusDocument) {
+        unloaded.connect([] {
+            if (!deliversToTableWizard()) focusDocument();
+        });
+    }
 }
 
 void ToolDialog::showHelp() const {

@@ -13,7 +13,7 @@ namespace kelvor {
 /// is done here.
 class ToolDialog : public Form {
 public:
-    /// Where the keyboard goes when the window closes.
+    /// Where the keyboard goes when the window closes; one that serves the table wizard gives it back to that.
     enum class AtEnd { asItComes, focusDocument };
 
     ToolDialog(std::string name, std::string caption, AtEnd end = AtEnd::asItComes);

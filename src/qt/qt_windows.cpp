@@ -38,6 +38,16 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
+/// A window that is shown already takes on another modality only when it is shown anew; its place stays.
+void setModality(QWidget& window, Qt::WindowModality modality) {
+    if (window.windowModality() == modality) return;
+    const QPoint place = window.pos();
+    const bool wasShown = window.isVisible();
+    window.hide();
+    window.setWindowModality(modality);
+    if (wasShown) window.move(place);
+}
+
 }  // namespace
 
 QtWindows::~QtWindows() = default;
@@ -111,15 +121,15 @@ void QtWindows::showModal(Form& form) {
     const auto found = windows_.find(&form);
     if (found == windows_.end() || !found->second.widget || found->second.modalLoop) return;
     QWidget& widget = *found->second.widget;
+    setModality(widget, Qt::ApplicationModal);
     floatAboveModal(widget);
-    widget.setWindowModality(Qt::ApplicationModal);
     QEventLoop loop;
     found->second.modalLoop = &loop;
     widget.show();
     loop.exec();
     // An exit in the meantime ends all loops and leaves the form as it is.
     const auto still = windows_.find(&form);
-    if (still != windows_.end()) hide(form);
+    if (still != windows_.end() && still->second.modalLoop == &loop) hide(form);
     // A window manager may give the keyboard to a window that is just going.
     QWidget* below = QApplication::activeModalWidget();
     if (!below) below = frameWidget();
@@ -129,10 +139,11 @@ void QtWindows::showModal(Form& form) {
 void QtWindows::showModeless(Form& form, bool owned) {
     QWidget* widget = widgetOf(form);
     if (!widget) return;
+    endModal(windows_[&form]);
+    setModality(*widget, Qt::NonModal);
     windows_[&form].above = QApplication::activeModalWidget();
     QWidget* above = owned && form.kind() == Form::Kind::tool ? frameWidget() : nullptr;
     if (widget->parentWidget() != above) widget->setParent(above, widget->windowFlags());
-    widget->setWindowModality(Qt::NonModal);
     floatAboveModal(*widget);
     widget->show();
     widget->raise();

@@ -2,6 +2,7 @@
 #include "qt/qt_windows.h"
 
 #include "assistants/template_holder.h"
+#include "authoring/date_time.h"
 #include "controls/mdi_area.h"
 #include "frame/main_frame.h"
 #include "frame/menu_table.h"
@@ -131,6 +132,36 @@ TEST_F(Frame, ArrangesItsChildren) {
     EXPECT_EQ(first.geometry().bottomLeft(), inside.bottomLeft());
     EXPECT_TRUE(first.windowTitle().startsWith("one - /web") && !first.windowTitle().endsWith("deep"));
     EXPECT_EQ(third.geometry(), tiles({inside.width(), first.y()}, 2, Qt::Horizontal)[1]);
+}
+
+TEST_F(Frame, AToolThatFloatsServesADialogAndFloatsAgain) {
+    DateTimeDialog tool;
+    const auto tryTool = [&](bool modal) {
+        QWidget& window = *windows().widgetOf(tool);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget() == &window, modal);
+        EXPECT_EQ(window.isModal(), modal);
+        EXPECT_FALSE(windows().isBlocked(tool));
+    };
+    tool.load();
+    windows().showModeless(tool, true);
+    whileModal([&] {
+        EXPECT_TRUE(windows().isBlocked(tool));
+        QTimer::singleShot(0, [&] {
+            tryTool(true);
+            EXPECT_TRUE(windows().isBlocked(form_));
+            windows().hide(tool);
+        });
+        windows().showModal(tool);
+        EXPECT_FALSE(windows().isBlocked(form_));
+        // While it is modal it may be asked to float.
+        QTimer::singleShot(0, [&] { windows().showModeless(tool, true); });
+        windows().showModal(tool);
+        tryTool(false);
+        form_.unload();
+    });
+    tryTool(false);
+    EXPECT_TRUE(tool.unload());
 }
 
 TEST_F(Frame, KeysNeverReachATextThatNobodySees) {
