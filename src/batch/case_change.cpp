@@ -60,6 +60,7 @@ CaseChange::CaseChange() : ToolDialog("frmCaseChange", "File/URL Reference Case 
     objDirWalk_.ItemFound = [this](const std::string& sPath, const std::string& sFileName, bool& fCancel) {
         objDirWalk_ItemFound(sPath, sFileName, fCancel);
     };
+    ListView1.setIcons({"ok", "warning"});
 }
 
 void CaseChange::Form_Load() {

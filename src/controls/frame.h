@@ -13,7 +13,9 @@ public:
     explicit Frame(Form& form, std::string name, std::string caption = {})
         : Control(form, std::move(name)), caption_(std::move(caption)) {}
 
+    /// Stands as it is, with no access key in it.
     const std::string& caption() const { return caption_; }
+    void setCaption(const std::string& caption) { change(caption_, caption, Aspect::caption); }
 
 private:
     std::string caption_;

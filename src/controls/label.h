@@ -12,11 +12,13 @@ namespace kelvor {
 class Label : public Control {
 public:
     struct Handlers {
+        Handler<> clicked;
         Handler<> doubleClicked;
     };
 
     explicit Label(Form& form, std::string name, std::string caption = {}, const Handlers& handlers = {})
         : Control(form, std::move(name)), caption_(std::move(caption)) {
+        handlers.clicked.connectTo(clicked, form);
         handlers.doubleClicked.connectTo(doubleClicked, form);
     }
 
@@ -33,11 +35,16 @@ public:
     int backColor() const { return backColor_; }
     void setBackColor(int color) { change(backColor_, color, Aspect::color); }
 
-    /// The user's act; nothing happens while the label is disabled.
+    /// The user's acts; nothing happens while the label is disabled.
+    void click() {
+        if (enabled()) clicked.raise();
+    }
     void doubleClick() {
         if (enabled()) doubleClicked.raise();
     }
 
+    /// Where somebody hears it when the window is made, the label is a link: the keyboard comes to it too.
+    Event<> clicked;
     Event<> doubleClicked;
 
 private:

@@ -16,7 +16,7 @@ class ReportView : public Control {
 public:
     struct Row {
         std::vector<std::string> cells;  ///< a cell that is missing is empty
-        int icon = 0;                    ///< number of a small picture from 1; 0 for none
+        int icon = 0;                    ///< number of one of the pictures, from 1; 0 for none
         bool selected = false;
     };
 
@@ -49,6 +49,10 @@ public:
     const std::string& cell(int row, int column) const;
     void setCell(int row, int column, const std::string& text);
 
+    /// The pictures of the rows, by their names: the first one has number 1. To be told before the window is made.
+    const std::vector<std::string>& icons() const { return icons_; }
+    void setIcons(std::vector<std::string> names) { icons_ = std::move(names); }
+
     /// Whether the user can select more than one row.
     bool multiSelect() const { return multiSelect_; }
     void setMultiSelect(bool multiSelect) { multiSelect_ = multiSelect; }
@@ -61,6 +65,11 @@ public:
 
     /// Orders the rows by a column's cells as texts, equal ones as they stood. The current row stays current.
     void sortBy(int column, bool ascending);
+
+    /// Whether the rows stand in the order of their first cells. Turning it on sorts them, and so does each row that is
+    /// added afterwards; off, they stay as they stand.
+    bool sorted() const { return sorted_; }
+    void setSorted(bool sorted);
 
     /// In twips (15 of them a pixel); 0 for a column whose width the user and its contents decide.
     int columnWidth(int column) const;
@@ -94,6 +103,8 @@ private:
     std::vector<int> columnWidths_ = std::vector<int>(columns_.size(), 0);
     std::vector<bool> rightAligned_ = std::vector<bool>(columns_.size(), false);
     std::vector<Row> rows_;
+    std::vector<std::string> icons_;
+    bool sorted_ = false;
     bool multiSelect_ = false;
     int selectedRow_ = -1;
     RowFollower rowFollower_;

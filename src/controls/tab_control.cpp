@@ -18,6 +18,11 @@ const TabControl::Page& TabControl::at(int page) const {
     throw Error(error_number::invalidPropertyValue, "There is no tab " + std::to_string(page));
 }
 
+void TabControl::setCaption(int page, const std::string& caption) {
+    at(page);
+    change(pages_[static_cast<std::size_t>(page)].caption, caption, Aspect::caption);
+}
+
 void TabControl::setTab(int page) {
     at(page);
     const int previous = tab_;

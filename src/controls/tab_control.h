@@ -16,6 +16,7 @@ public:
 
     std::size_t count() const { return pages_.size(); }
     const std::string& caption(int page) const { return at(page).caption; }
+    void setCaption(int page, const std::string& caption);
 
     /// The page shown.
     int tab() const { return tab_; }

@@ -30,6 +30,7 @@
 #include "base/error.h"
 #include "controls/button.h"
 #include "controls/check_box.h"
+#include "controls/check_list.h"
 #include "controls/combo_box.h"
 #include "controls/directory_list.h"
 #include "controls/drive_list.h"
@@ -84,6 +85,7 @@ using Binder = Outcome (*)(Control&, QWidget*, FormLink&);
 constexpr Binder binders[] = {
     tryBind<Button, QPushButton, bindButton>,
     tryBind<CheckBox, QCheckBox, bindCheckBox>,
+    tryBind<CheckList, QListView, bindCheckList>,
     tryBind<ComboBox, QComboBox, bindComboBox>,
     tryBind<DirectoryList, QListView, bindDirectoryList>,
     tryBind<DriveList, QComboBox, bindDriveList>,

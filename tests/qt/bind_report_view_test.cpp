@@ -8,6 +8,7 @@
 #include "controls/report_view.h"
 #include "controls/side_bar.h"
 #include "qt/popup_place.h"
+#include "qt/themed_icon.h"
 #include "tests/kit/scratch_directory.h"
 #include "tests/qt/form_fixture.h"
 
@@ -34,6 +35,7 @@ class Reports : public Binding {
 protected:
     Reports() {
         list_.setMultiSelect(true);
+        list_.setIcons({"ok", "warning"});
         bind();
         window_.resize(600, 400);
         letEventsRun();
@@ -65,8 +67,11 @@ TEST_F(Reports, RowsColumnsAndIconsFollowTheControl) {
     list_.addRows({{{"a\r\nb", "1"}, 2}, {{"c"}}});
     EXPECT_EQ(view_.model()->headerData(1, Qt::Horizontal).toString(), "Total");
     EXPECT_EQ(textAt(view_, 0) + textAt(view_, 0, 1) + textAt(view_, 1) + textAt(view_, 1, 1), R"(a\r\nb1c)");
-    EXPECT_FALSE(view_.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
-    EXPECT_FALSE(view_.model()->index(1, 0).data(Qt::DecorationRole).isValid());
+    const auto picture = [this](int row) {
+        return view_.model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>().pixmap(16, 16).toImage();
+    };
+    EXPECT_EQ(picture(0), themedIcon(QStringLiteral(":/rows/warning.svg")).pixmap(16, 16).toImage());
+    EXPECT_TRUE(picture(1).isNull());
     list_.setRightAligned(1);
     for (const int column : {0, 1}) {
         for (const auto& role : {view_.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole),
@@ -100,6 +105,18 @@ TEST_F(Reports, TheChoiceGoesBothWaysAndIsScrolledToAndSorted) {
     EXPECT_EQ(textAt(view_, 0) + textAt(view_, 1), "page1page10");
     EXPECT_EQ(selected().size(), 2U);
     EXPECT_EQ(view_.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(Reports, ASortedListTakesNewRowsInTheirPlacesAndKeepsTheCurrentOne) {
+    list_.addRows({{{"b"}}, {{"C"}}});
+    list_.setSelectedRow(1);
+    list_.setSorted(true);
+    list_.addRows({{{"d"}}, {{"a"}}});
+    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 1) + textAt(view_, 2) + textAt(view_, 3), "abCd");
+    EXPECT_EQ(selected(), Rows{2});
+    list_.setSorted(false);
+    list_.addRow({"A"});
+    EXPECT_EQ(list_.cell(4, 0), "A");
 }
 
 TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {

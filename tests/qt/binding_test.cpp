@@ -5,7 +5,9 @@
 
 #include "controls/button.h"
 #include "controls/check_box.h"
+#include "controls/check_list.h"
 #include "controls/combo_box.h"
+#include "controls/frame.h"
 #include "controls/label.h"
 #include "controls/list_view.h"
 #include "controls/menu_item.h"
@@ -310,6 +312,8 @@ TEST_F(Binding, PagesAreShownBothWaysAndDisabledOnesByTheProgramOnly) {
     tabs.setTab(1);
     EXPECT_TRUE(fields[1]->isVisible());
     tabs.setTabEnabled(0, true);
+    tabs.setCaption(1, "Edit");
+    EXPECT_EQ(widget.tabText(1), "Edit");
     tabs.clicked.connect([&](int) { tabs.setTab(2); });
     press(0);
     EXPECT_EQ(widget.currentIndex(), 2) << "a handler refuses the page";
@@ -333,6 +337,75 @@ TEST_F(Binding, ALabelShowsPlainTextInItsColoursAndTellsDoubleClicks) {
         letEventsRun();
         EXPECT_EQ(told_, 1);
     }
+    EXPECT_EQ(widget.focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(Binding, ALabelWhoseClickIsHeardIsALinkForMouseAndKeys) {
+    const auto [label, widget] = pair<Label, QLabel>("lblFullLink", "Here");
+    count(label.clicked);
+    bind();
+    EXPECT_EQ(widget.cursor().shape(), Qt::PointingHandCursor);
+    const auto toldBehind = [this] {
+        letEventsRun();
+        return std::exchange(told_, 0);
+    };
+    QTest::mouseClick(&widget, Qt::LeftButton);
+    QTest::mouseDClick(&widget, Qt::LeftButton);
+    QTest::mouseRelease(&widget, Qt::LeftButton);
+    EXPECT_EQ(toldBehind(), 1) << "a double click is one click";
+    QTest::mouseClick(&widget, Qt::RightButton);
+    QTest::mousePress(&widget, Qt::LeftButton);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {-5, -5});
+    EXPECT_EQ(toldBehind(), 0) << "taken back, and another button";
+    widget.setFocus();
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_A}) pressKey(key);
+    EXPECT_EQ(toldBehind(), 2);
+    label.setEnabled(false);
+    label.click();
+    EXPECT_EQ(toldBehind(), 0);
+}
+
+TEST_F(Binding, AFramesCaptionChangesStandsAsItIsAndGivesWayWhereItMay) {
+    const auto [frame, box] = pair<Frame, QGroupBox>("Frame3", "at first");
+    const auto [other, wide] = pair<Frame, QGroupBox>("Frame1", "at first");
+    box.setMinimumWidth(100);
+    bind();
+    frame.setCaption("/a&b/c\n");
+    EXPECT_EQ(box.title(), R"(/a&&b/c\n)");
+    const std::string path(300, 'x');
+    for (Frame* one : {&frame, &other}) one->setCaption("/" + path);
+    EXPECT_LT(box.title().size(), 300);
+    EXPECT_EQ(box.accessibleName(), toQt("/" + path));
+    EXPECT_EQ(wide.title().size(), 301);
+}
+
+TEST_F(Binding, BoxesOfAListAreTickedBothWaysAndByKeys) {
+    const auto [list, view] = pair<CheckList, QListView>("List1");
+    list.addRow("one");
+    list.setTicked(0, true);
+    bind();
+    list.addRow("two");
+    std::string told;
+    list.ticked.connect(
+        [&, list = &list](int row) { told += std::to_string(row) + (list->isTicked(row) ? "x" : "-"); });
+    const auto boxes = [rows = view.model()] {
+        std::string marks;
+        for (int row = 0; row < rows->rowCount(); ++row)
+            marks += rows->index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked ? 'x' : '-';
+        return marks;
+    };
+    EXPECT_EQ(boxes(), "x-");
+    const QRect row = view.visualRect(view.model()->index(0, 0));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {row.left() + 10, row.center().y()});
+    view.setFocus();
+    for (const auto key : {Qt::Key_Down, Qt::Key_Space}) pressKey(key);
+    EXPECT_EQ(boxes(), "-x");
+    list.setTicked(0, true);
+    list.setTicked(0, true);
+    EXPECT_EQ(told, "0-1x0x");
+    list.ticked.connect([list = &list](int) { list->setTicked(1, true); });
+    pressKey(Qt::Key_Space);
+    EXPECT_EQ(boxes(), "xx") << "a handler refuses it";
 }
 
 /// A dialog with a field, a text and two buttons, as the layouts of tool forms are.

@@ -41,23 +41,21 @@ void showColors(const Label& label, QLabel& widget) {
     widget.setPalette(palette);
 }
 
-/// Double clicks, and the keys that do the same on a label that takes the keyboard.
-class DoubleClicks : public QObject {
+/// Clicks and double clicks, and the keys that do the same on a label that takes the keyboard.
+class LabelActs : public QObject {
 public:
-    DoubleClicks(Label& label, QLabel& widget, FormLink& link) : QObject(&link), label_(label), widget_(widget) {}
+    LabelActs(Label& label, QLabel& widget, FormLink& link) : QObject(&link), label_(label), widget_(widget) {}
 
 protected:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         switch (event->type()) {
+            case QEvent::MouseButtonPress:
             case QEvent::MouseButtonDblClick:
-                if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) act();
+            case QEvent::MouseButtonRelease:
+                takeMouse(static_cast<QMouseEvent&>(*event));
                 return false;
-            case QEvent::KeyPress: {
-                const int key = static_cast<QKeyEvent*>(event)->key();
-                if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
-                act();
-                return true;
-            }
+            case QEvent::KeyPress:
+                return takeKey(static_cast<QKeyEvent&>(*event));
             case QEvent::FocusIn:
             case QEvent::FocusOut:
                 showColors(label_, widget_);
@@ -68,22 +66,43 @@ protected:
     }
 
 private:
+    /// The second press of a double click begins no other click.
+    void takeMouse(const QMouseEvent& event) {
+        if (event.button() != Qt::LeftButton) return;
+        if (event.type() == QEvent::MouseButtonDblClick) act(&Label::doubleClick);
+        const bool ends = event.type() == QEvent::MouseButtonRelease && pressed_;
+        pressed_ = event.type() == QEvent::MouseButtonPress;
+        if (ends && widget_.rect().contains(event.position().toPoint())) act(&Label::click);
+    }
+
+    bool takeKey(const QKeyEvent& event) {
+        const int key = event.key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) return false;
+        if (!event.isAutoRepeat()) act(label_.clicked.isConnected() ? &Label::click : &Label::doubleClick);
+        return true;
+    }
+
     /// Behind the event: what is opened by it may stay open.
-    void act() {
+    void act(void (Label::*usersAct)()) {
         if (!widget_.isEnabled()) return;
         QMetaObject::invokeMethod(
-            this, [this] { guarded([this] { label_.doubleClick(); }); }, Qt::QueuedConnection);
+            this, [this, usersAct] { guarded([&] { (label_.*usersAct)(); }); }, Qt::QueuedConnection);
     }
 
     Label& label_;
     QLabel& widget_;
+    bool pressed_ = false;
 };
 
 }  // namespace
 
 void bindLabel(Label& label, QLabel& widget, FormLink& link) {
     widget.setTextFormat(Qt::PlainText);
-    widget.installEventFilter(new DoubleClicks(label, widget, link));
+    if (label.clicked.isConnected()) {
+        widget.setFocusPolicy(Qt::StrongFocus);
+        widget.setCursor(Qt::PointingHandCursor);
+    }
+    widget.installEventFilter(new LabelActs(label, widget, link));
     link.follow(label, widget, [&label, &widget](Aspect) {
         widget.setText(shownText(label, widget.buddy() != nullptr));
         showColors(label, widget);

@@ -16,8 +16,10 @@ namespace {
 /// The widget leaves a page that gets disabled; the control's page is shown all the same.
 void showPages(const TabControl& tabs, QTabWidget& widget) {
     const QSignalBlocker blocker(widget);
-    for (int page = 0; page < widget.count(); ++page)
+    for (int page = 0; page < widget.count(); ++page) {
+        widget.setTabText(page, toQt(tabs.caption(page)));
         if (widget.isTabEnabled(page) != tabs.tabEnabled(page)) widget.setTabEnabled(page, tabs.tabEnabled(page));
+    }
     widget.setCurrentIndex(tabs.tab());
 }
 
@@ -38,7 +40,6 @@ void bindTabControl(TabControl& tabs, QTabWidget& widget, FormLink& link) {
                                                        " pages in the layout for " + std::to_string(tabs.count()) +
                                                        " tabs");
     widget.setAccessibleName(QStringLiteral("Pages"));
-    for (int page = 0; page < widget.count(); ++page) widget.setTabText(page, toQt(tabs.caption(page)));
     const auto show = [&tabs, &widget] { showPages(tabs, widget); };
     link.follow(tabs, widget, [show](Aspect) { show(); });
     QObject::connect(&widget, &QTabWidget::currentChanged, &link,

@@ -23,6 +23,7 @@ class QWidget;
 namespace kelvor {
 class Button;
 class CheckBox;
+class CheckList;
 class ComboBox;
 class DirectoryList;
 class DriveList;
@@ -51,6 +52,7 @@ namespace kelvor::qt {
 
 void bindButton(Button& button, QPushButton& widget, FormLink& link);
 void bindCheckBox(CheckBox& box, QCheckBox& widget, FormLink& link);
+void bindCheckList(CheckList& list, QListView& widget, FormLink& link);
 void bindComboBox(ComboBox& box, QComboBox& widget, FormLink& link);
 void bindDirectoryList(DirectoryList& list, QListView& widget, FormLink& link);
 void bindDriveList(DriveList& drives, QComboBox& widget, FormLink& link);

@@ -12,9 +12,9 @@
 namespace kelvor::qt {
 
 ReportRows::ReportRows(const ReportView& list, QObject* parent)
-    : FollowedRows([&list] { return list.count(); }, parent),
-      list_(list),
-      icons_{themedIcon(QStringLiteral(":/rows/ok.svg")), themedIcon(QStringLiteral(":/rows/warning.svg"))} {
+    : FollowedRows([&list] { return list.count(); }, parent), list_(list) {
+    for (const std::string& name : list.icons())
+        icons_.push_back(themedIcon(QStringLiteral(":/rows/%1.svg").arg(toQt(name))));
 }
 
 int ReportRows::columnCount(const QModelIndex& parent) const {
