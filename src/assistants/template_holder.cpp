@@ -62,14 +62,6 @@ const Message notDeletable = {.text =
                               .title = "Template deletion error",
                               .icon = MessageIcon::exclamation};
 
-bool confirmDeletion(const std::string& name) {
-    return platform().dialogs.message({.text = "Delete [" + name + ".tpl] template?",
-                                       .title = "Delete confirmation",
-                                       .icon = MessageIcon::question,
-                                       .buttons = MessageButtons::yesNo,
-                                       .standard = Answer::no}) == Answer::yes;
-}
-
 /// Whether a name can be a template's; the user has been told otherwise.
 bool validTemplateName(const std::string& name) {
     if (!validFileName(name)) return false;
@@ -136,7 +128,7 @@ void TemplateHolder::deleteTemplate() {
         beepAndShow(notDeletable);
         return;
     }
-    if (!confirmDeletion(name)) return;
+    if (!confirmDeletion("Delete [" + name + ".tpl] template?")) return;
     removeFile(templateFile(name));
     lbxTemplates.removeRow(lbxTemplates.selectedRow());
 }

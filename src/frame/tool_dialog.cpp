@@ -13,11 +13,8 @@ ToolDialog::ToolDialog(std::string name, std::string caption, AtEnd end) : Form(
     activated.connect([this] { Form_Activate(); });
     queryUnload.connect([this](bool& cancel) { Form_QueryUnload(cancel); });
     unloaded.connect([this] { Form_Unload(); });
-    if (end == AtEnd::focusDocument) {
-        unloaded.connect([] {
-            if (!deliversToTableWizard()) focusDocument();
-        });
-    }
+    if (end == AtEnd::focusDocument) unloaded.connect(focusDocument);
+    if (end == AtEnd::focusDelivered) unloaded.connect(focusDelivered);
 }
 
 void ToolDialog::showHelp() const {

@@ -13,8 +13,8 @@ namespace kelvor {
 /// is done here.
 class ToolDialog : public Form {
 public:
-    /// Where the keyboard goes when the window closes; one that serves the table wizard gives it back to that.
-    enum class AtEnd { asItComes, focusDocument };
+    /// Where the keyboard goes when the window closes.
+    enum class AtEnd { asItComes, focusDocument, focusDelivered };
 
     ToolDialog(std::string name, std::string caption, AtEnd end = AtEnd::asItComes);
 

@@ -88,6 +88,10 @@ void focusDocument() {
     mainForm().activeForm().focusPane();
 }
 
+void focusDelivered() {
+    if (!deliversToTableWizard()) focusDocument();
+}
+
 bool hasManyMdiChildren() {
     return loadedChildren() >= 2;
 }

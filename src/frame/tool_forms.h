@@ -53,6 +53,9 @@ bool hasMdiChild();
 /// Gives the keyboard to the document in front, if there is one: the last act of many a tool form.
 void focusDocument();
 
+/// The same for a tool that delivers text, unless the table wizard takes it: then the keyboard is the wizard's.
+void focusDelivered();
+
 bool hasManyMdiChildren();
 
 }  // namespace kelvor

@@ -19,7 +19,7 @@ void ToolSwitch::flip(Form& form) const {
 
 void ToolSwitch::release() const {
     set(false);
-    if (!deliversToTableWizard()) focusDocument();
+    focusDelivered();
 }
 
 void ToolSwitch::set(bool on) const {

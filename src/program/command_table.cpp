@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "assistants/link_manager.h"
 #include "assistants/template_holder.h"
 #include "authoring/convert.h"
 #include "authoring/date_time.h"
@@ -101,6 +102,7 @@ constexpr CommandRow commands[] = {
     {"mnuTools_multi", mnuTools_multi_Click},
     {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
     {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
+    {"mnuInsert_Links", mnuInsert_Links_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
 
@@ -204,8 +206,8 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuTools_Format",   "mnuInsert_Image",    "mnuInsert_Links",
-                                      "mnuInsert_Scripts", "mnuInsert_TableWiz", "mnuFile_Pref"};
+constexpr const char* rowsToCome[] = {"mnuTools_Format", "mnuInsert_Image", "mnuInsert_Scripts", "mnuInsert_TableWiz",
+                                      "mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));

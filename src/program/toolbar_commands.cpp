@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/toolbar_commands.h"
 
+#include "assistants/link_manager.h"
 #include "assistants/template_holder.h"
 #include "authoring/quick_color.h"
 #include "authoring/selection_commands.h"
@@ -73,6 +74,7 @@ constexpr ButtonRow mainRows[] = {
     {"Underline", mnuRClick_Format_Underline_Click},
     {"BR", insertLineBreak},
     {"para", mnu_RClick_Para_Click},
+    {"Links", mnuInsert_Links_Click},
     {"Tags", mnuInsert_Tags_Click},
     {"Special Chars", mnuInsert_SpecialChars_Click},
     {"Quick Format", mnuFormatText_Quick_Click},
@@ -114,10 +116,10 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Links",       "Image",      "Scripts",       "Table",      "Format",
-                                      "form_open",   "form_text",  "form_textarea", "form_check", "form_radio",
-                                      "form_select", "form_image", "form_hidden",   "form_pw",    "form_reset",
-                                      "form_button", "form_submit"};
+constexpr const char* keysToCome[] = {"Image",       "Scripts",    "Table",         "Format",     "form_open",
+                                      "form_text",   "form_textarea", "form_check",    "form_radio", "form_select",
+                                      "form_image",  "form_hidden",   "form_pw",       "form_reset", "form_button",
+                                      "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {

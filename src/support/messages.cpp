@@ -9,6 +9,14 @@ Answer showCritical(const std::string& title, const std::string& text, const std
     return beepAndShow({.text = text, .cause = cause, .title = title, .icon = MessageIcon::critical});
 }
 
+bool confirmDeletion(const std::string& question) {
+    return platform().dialogs.message({.text = question,
+                                       .title = "Delete confirmation",
+                                       .icon = MessageIcon::question,
+                                       .buttons = MessageButtons::yesNo,
+                                       .standard = Answer::no}) == Answer::yes;
+}
+
 bool validFileName(std::string_view name) {
     if (name.find_first_of("\\/:*?\"<>|") == std::string_view::npos) return true;
     showCritical("Illegal filename",

@@ -12,6 +12,9 @@ namespace kelvor {
 /// @param cause  as Message::cause
 Answer showCritical(const std::string& title, const std::string& text, const std::string& cause = {});
 
+/// Whether the user wants to delete what the question names; a No is offered.
+bool confirmDeletion(const std::string& question);
+
 /// Whether a name is free of the characters that no file name may have; the user has been told otherwise.
 bool validFileName(std::string_view name);
 

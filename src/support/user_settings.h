@@ -42,6 +42,8 @@ public:
     /// "" when there is none.
     std::string value(std::string_view key) const { return GetSetting(application, section_, key); }
     void store(std::string_view key, std::string_view value) const { SaveSetting(application, section_, key, value); }
+    /// A key that is not there is an error 5.
+    void remove(std::string_view key) const { DeleteSetting(application, section_, key); }
 
 private:
     std::string_view section_;
@@ -68,6 +70,7 @@ inline constexpr UserList recentFiles("Recent_Files");
 inline constexpr UserList searchedTexts("Find_Hist");
 inline constexpr UserList strings("UserStrings");
 inline constexpr UserList browsers("Browsers");
+inline constexpr UserList links("Links");  ///< whole link tags by their labels
 
 }  // namespace user
 
