@@ -43,12 +43,6 @@ const std::vector<WalkFilter>& filters() {
     return rows;
 }
 
-void tellNoFiles(const std::string& directory) {
-    beepAndShow({.text = "There are no files matching the selected filter(s) in " + directory,
-                 .title = "No files to search",
-                 .icon = MessageIcon::exclamation});
-}
-
 Error notInEncoding(const std::string& file) {
     return {error_number::invalidProcedureCall,
             "The file's encoding lacks a letter in its other case; the file stays as it is: " + file};
@@ -172,7 +166,7 @@ bool CaseChange::fillFileWad() {
     cmdClose.setEnabled(true);
     // The end of the program ends the run too, before the first file.
     if (!isLoaded()) return false;
-    if (currentFileWad_.empty()) tellNoFiles(directory);
+    if (currentFileWad_.empty()) tellNoFiles(directory, "filter(s)");
     return !currentFileWad_.empty();
 }
 

@@ -46,12 +46,6 @@ const std::vector<WalkFilter>& filters() {
     return rows;
 }
 
-void tellNoFiles(const std::string& searchDir) {
-    beepAndShow({.text = "There are no files matching the selected filter in " + searchDir,
-                 .title = "No files to search",
-                 .icon = MessageIcon::exclamation});
-}
-
 }  // namespace
 
 ExtendedFind::ExtendedFind() : ToolDialog("frmEfind", "Extended Find", AtEnd::focusDocument) {

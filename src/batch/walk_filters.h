@@ -22,4 +22,8 @@ void fillWithFilters(ComboBox& combo, const std::vector<WalkFilter>& filters);
 void walkForEach(DirWalker& walker, const std::vector<std::string>& patterns, const std::string& directory,
                  bool withSubdirectories);
 
+/// @param directory  with its separator at the end
+/// @param filter     what the tool calls that which no file matched
+void tellNoFiles(const std::string& directory, const std::string& filter = "filter");
+
 }  // namespace kelvor

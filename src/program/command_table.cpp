@@ -23,6 +23,7 @@
 #include "batch/find.h"
 #include "batch/find_replace.h"
 #include "batch/multi.h"
+#include "batch/script_assistant.h"
 #include "controls/key_press.h"
 #include "controls/menu_item.h"
 #include "controls/mouse_press.h"
@@ -103,6 +104,7 @@ constexpr CommandRow commands[] = {
     {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
     {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
     {"mnuInsert_Links", mnuInsert_Links_Click},
+    {"mnuInsert_Scripts", mnuInsert_Scripts_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
 
@@ -206,8 +208,7 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuTools_Format", "mnuInsert_Image", "mnuInsert_Scripts", "mnuInsert_TableWiz",
-                                      "mnuFile_Pref"};
+constexpr const char* rowsToCome[] = {"mnuTools_Format", "mnuInsert_Image", "mnuInsert_TableWiz", "mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));

@@ -10,6 +10,7 @@
 #include "authoring/text_format.h"
 #include "batch/find.h"
 #include "batch/find_replace.h"
+#include "batch/script_assistant.h"
 #include "controls/mouse_press.h"
 #include "controls/tool_bar.h"
 #include "core/file_close.h"
@@ -75,6 +76,7 @@ constexpr ButtonRow mainRows[] = {
     {"BR", insertLineBreak},
     {"para", mnu_RClick_Para_Click},
     {"Links", mnuInsert_Links_Click},
+    {"Scripts", mnuInsert_Scripts_Click},
     {"Tags", mnuInsert_Tags_Click},
     {"Special Chars", mnuInsert_SpecialChars_Click},
     {"Quick Format", mnuFormatText_Quick_Click},
@@ -116,10 +118,9 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Image",       "Scripts",    "Table",         "Format",     "form_open",
-                                      "form_text",   "form_textarea", "form_check",    "form_radio", "form_select",
-                                      "form_image",  "form_hidden",   "form_pw",       "form_reset", "form_button",
-                                      "form_submit"};
+constexpr const char* keysToCome[] = {"Image",         "Table",      "Format",     "form_open",   "form_text",
+                                      "form_textarea", "form_check", "form_radio", "form_select", "form_image",
+                                      "form_hidden",   "form_pw",    "form_reset", "form_button", "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {

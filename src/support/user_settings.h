@@ -65,6 +65,7 @@ inline constexpr UserSetting startDirectory("InitDir");
 inline constexpr UserSetting editorBackColor("BGColor");
 inline constexpr UserSetting editorForeColor("ForeColor");
 inline constexpr UserSetting fileFilter("DFilter");
+inline constexpr UserSetting scriptLanguage("ScriptLang");  ///< "JS" or "VBS"
 
 inline constexpr UserList recentFiles("Recent_Files");
 inline constexpr UserList searchedTexts("Find_Hist");

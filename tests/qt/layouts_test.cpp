@@ -17,6 +17,7 @@
 #include "batch/find.h"
 #include "batch/find_replace.h"
 #include "batch/multi.h"
+#include "batch/script_assistant.h"
 #include "frame/main_frame.h"
 #include "tests/qt/form_fixture.h"
 #include "workbench/about.h"
@@ -68,7 +69,7 @@ protected:
 
 TEST_F(Layouts, EachFitsItsFormAndNamesItsParts) {
     bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace, LinkManager,
-             MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, SpecialCharacterInsertion, Tags,
+             MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant, SpecialCharacterInsertion, Tags,
              TemplateHolder, TextFormat>();
     std::set<std::string> layouts;
     for (const auto& file : std::filesystem::directory_iterator(KELVOR_LAYOUTS)) layouts.insert(file.path().filename());
