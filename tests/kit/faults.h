@@ -2,7 +2,6 @@
 #pragma once
 
 #include <grp.h>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -72,6 +71,13 @@ struct Saboteur {
     }
 };
 
+/// While the result lives a call fails, over those that fail already.
+inline ScopedSystemCalls failing(auto SystemCalls::*call, int code) {
+    auto calls = systemCalls();
+    calls.*call = [code](auto...) { return errno = code, -1; };
+    return ScopedSystemCalls(std::move(calls));
+}
+
 /// What `action` throws, as "number description"; nothing when it throws nothing.
 inline std::string errorOf(const std::function<void()>& action) {
     try {
@@ -81,21 +87,6 @@ inline std::string errorOf(const std::function<void()>& action) {
         return std::to_string(error.number()) + " " + error.description();
     }
 }
-
-/// A small disk of its own.
-class SmallDisk {
-public:
-    ~SmallDisk() {
-        if (mounted()) umount2(directory_.path().c_str(), MNT_DETACH);
-    }
-    bool mounted() const { return failure_ == 0; }
-    std::string failure() const { return std::strerror(failure_); }
-    const ScratchDirectory& directory() const { return directory_; }
-
-private:
-    ScratchDirectory directory_;
-    int failure_ = mount("none", directory_.path().c_str(), "tmpfs", 0, "size=64k") == 0 ? 0 : errno;
-};
 
 /// Runs `steps` in a process of its own, which may end in any way; its status as waitpid gives it.
 inline int inChild(const std::function<int()>& steps) {
