@@ -17,6 +17,7 @@ TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
     fs::create_directory_symlink("folder.htm", directory / "link to folder.htm");
     fs::create_symlink("b.htm", directory / "link.htm");
     fs::create_symlink("nowhere", directory / "dangling.htm");
+    fs::create_symlink("loop", directory / "loop");
     using Names = std::vector<std::string>;
     const std::pair<const char*, Names> rows[] = {
         {"*.htm", {"Ä.HTM", "b.htm", "bad\xFF\xE9.htm", "link.htm", "日.htm"}},
@@ -32,24 +33,17 @@ TEST(Listing, FindsFilesByPatternWithoutRegardToCase) {
         EXPECT_EQ(listingFinds(directory / pattern), !names.empty()) << pattern;
     }
     EXPECT_EQ(filesMatching(directory.path(), "*.*").size(), 9U);
-    for (const char* name : {"link.htm", "folder.htm"}) EXPECT_TRUE(listingFinds(directory / name)) << name;
+    for (const char* name : {"link.htm", "folder.htm", "loop"}) EXPECT_TRUE(listingFinds(directory / name)) << name;
     for (const char* name : {"B.htm", "*.css", "folder*", "missing/*", "b.htm/*", "dangling.htm"})
         EXPECT_FALSE(listingFinds(directory / name)) << name;
 
-    for (const char* name : {"missing", "b.htm"}) {
-        const std::string told = "76 The folder does not exist: " + directory / name;
-        EXPECT_EQ(errorOf([&] { filesMatching(directory / name, "*"); }), told);
-        EXPECT_EQ(errorOf([&] { directoriesIn(directory / name); }), told);
+    for (const auto& [name, told] : {std::pair{"missing", "76 The folder does not exist: "},
+                                     {"b.htm", "76 The folder does not exist: "},
+                                     {"loop", "75 The links lead in a circle: "}}) {
+        const std::string path = directory / name;
+        EXPECT_EQ(errorOf([&] { filesMatching(path, "*"); }), told + path);
+        EXPECT_EQ(errorOf([&] { directoriesIn(path); }), told + path);
     }
-    const auto closed = directory / "folder.htm";
-    chmod(directory.path().c_str(), 0755);
-    fs::permissions(closed, fs::perms(0));
-    const int status = asOrdinaryUser([&] {
-        EXPECT_TRUE(listingFinds(closed + "/b.htm")) << "only an attempt can tell";
-        EXPECT_EQ(errorOf([&] { filesMatching(closed, "*"); }), "70 Permission denied: " + closed);
-    });
-    EXPECT_EQ(status, 0);
-    fs::permissions(closed, fs::perms(0700));
 
     // Tried at each place for each star this would take for ever.
     std::string stars;

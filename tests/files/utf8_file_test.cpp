@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/utf8_file.h"
 
-#include <gtest/gtest.h>
-
 #include "files/files.h"
 #include "tests/kit/faults.h"
 
@@ -21,21 +19,11 @@ TEST(Utf8File, AgreesWithTheWholeFileHoweverItsBytesCome) {
     const ScratchDirectory directory;
     std::string large = "x";
     for (int i = 0; i < 100'000; ++i) large += "日\r\n";
-    const std::string rows[] = {"a",
-                                "\xEF\xBB\xBF",
-                                "\xEF\xBB\xBFx\n",
-                                "\xEF\xBB\xBF\xEF\xBB\xBF",
-                                "é日\U0001F600\r\r\n\n\n",
-                                "\xE6\x97",
-                                "\xFF\xFEx",
-                                "é\xE9 and more",
-                                "\xED\xA0\x80\xF4\x90",
-                                large,
-                                large + "é",
-                                large + "\xC3",
-                                "\x80",
-                                "\x80\x80",
-                                "\x80\x80\x80"};
+    const std::string mark = "\xEF\xBB\xBF";
+    std::vector<std::string> rows = {"a", "é日\U0001F600\r\r\n\n\n", "\xE6\x97", "\xFF\xFEx", "é\xE9 and more"};
+    for (const char* bytes : {"\xED\xA0\x80\xF4\x90", "\x80", "\x80\x80", "\x80\x80\x80"}) rows.push_back(bytes);
+    for (const auto& bytes : {mark, mark + "x\n", mark + mark, large, large + "é", large + "\xC3"})
+        rows.push_back(bytes);
     for (const auto& bytes : rows) {
         const auto whole = decode(bytes);
         const bool isUtf8 = whole.encoding == Encoding::utf8 || whole.encoding == Encoding::utf8WithMark;
@@ -59,12 +47,7 @@ TEST(Utf8File, LeavesWhatHasNoSizeAndThrowsWhatReadingThrows) {
     const ScratchDirectory directory;
     const auto path = directory.write("file", "text");
     EXPECT_EQ(errorOf([&] { Utf8File(path + "s"); }), "53 File not found: " + path + "s");
-    auto calls = kernelCalls();
-    calls.pread = [](int, void*, std::size_t, off_t) {
-        errno = EIO;
-        return ssize_t{-1};
-    };
-    const ScopedSystemCalls scope(calls);
+    const auto broken = failing(&SystemCalls::pread, EIO);
     EXPECT_EQ(errorOf([&] { Utf8File(path).next(); }), errorOf([&] { readFile(path); }));
 }
 

@@ -71,10 +71,10 @@ struct Saboteur {
     }
 };
 
-/// While the result lives a call fails, over those that fail already.
+/// While the result lives a call fails, beside those that fail already; none does with the code 0.
 inline ScopedSystemCalls failing(auto SystemCalls::*call, int code) {
     auto calls = systemCalls();
-    calls.*call = [code](auto...) { return errno = code, -1; };
+    if (code != 0) calls.*call = [code](auto...) { return errno = code, -1; };
     return ScopedSystemCalls(std::move(calls));
 }
 
