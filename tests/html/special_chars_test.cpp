@@ -2,8 +2,8 @@
 #include "html/special_chars.h"
 
 #include <gtest/gtest.h>
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 #include <map>
 #include <set>
@@ -11,33 +11,19 @@
 namespace kelvor {
 namespace {
 
-/// The entity of a character by its name in the standard of all characters, "LATIN SMALL LETTER A WITH ACUTE".
-std::string entityNamed(UChar32 character) {
-    static const std::map<std::string, std::string> signs = {
-        {"LESS-THAN SIGN", "lt"},   {"GREATER-THAN SIGN", "gt"}, {"AMPERSAND", "amp"},       {"QUOTATION MARK", "quot"},
-        {"NO-BREAK SPACE", "nbsp"}, {"REGISTERED SIGN", "reg"},  {"COPYRIGHT SIGN", "copy"}, {"SPACE", "nbsp"}};
-    static const std::map<std::string, std::string> marks = {{"", ""},
-                                                             {" WITH GRAVE", "grave"},
-                                                             {" WITH ACUTE", "acute"},
-                                                             {" WITH CIRCUMFLEX", "circ"},
-                                                             {" WITH TILDE", "tilde"},
-                                                             {" WITH DIAERESIS", "uml"},
-                                                             {" WITH RING ABOVE", "ring"},
-                                                             {" WITH CEDILLA", "cedil"},
-                                                             {" WITH STROKE", "slash"}};
-    char buffer[100] = {};
+/// The entity of a character: those of letters with marks are named after the two.
+std::string entityOf(UChar32 character) {
+    static const std::map<UChar32, std::string> signs = {
+        {'<', "lt"},       {'>', "gt"},      {'&', "amp"},    {'"', "quot"},    {' ', "nbsp"},
+        {0xA0, "nbsp"},    {0xA9, "copy"},   {0xAE, "reg"},   {0xC6, "AElig"},  {0xE6, "aelig"},
+        {0xD8, "Oslash"},  {0xF8, "oslash"}, {0xDF, "szlig"}, {0x300, "grave"}, {0x301, "acute"},
+        {0x302, "circ"},   {0x303, "tilde"}, {0x308, "uml"},  {0x30A, "ring"},  {0x327, "cedil"},
+        {0x2122, "trade"}, {0xD0, "ETH"},    {0xF0, "eth"},   {0xDE, "THORN"},  {0xFE, "thorn"}};
     UErrorCode failure = U_ZERO_ERROR;
-    u_charName(character, U_UNICODE_CHAR_NAME, buffer, sizeof buffer, &failure);
-    const std::string name = buffer;
-    if (const auto sign = signs.find(name); sign != signs.end()) return "&" + sign->second + ";";
-    if (name == "LATIN SMALL LETTER SHARP S") return "&szlig;";
-    const bool isSmall = name.starts_with("LATIN SMALL LETTER ");
-    const auto begin = std::string(isSmall ? "LATIN SMALL LETTER " : "LATIN CAPITAL LETTER ").size();
-    const auto mark = std::min(name.find(" WITH "), name.size());
-    std::string letter = name.substr(begin, mark - begin);
-    if (isSmall)
-        for (char& each : letter) each = static_cast<char>(std::tolower(each));
-    return "&" + letter + (letter == "AE" || letter == "ae" ? "lig" : marks.at(name.substr(mark))) + ";";
+    icu::UnicodeString parts;
+    if (!icu::Normalizer2::getNFDInstance(failure)->getDecomposition(character, parts))
+        return "&" + signs.at(character) + ";";
+    return std::string("&") + static_cast<char>(parts[0]) + signs.at(parts[1]) + ";";
 }
 
 TEST(SpecialChars, HaveTheEntitiesOfTheirNamesAndConvertAllLettersOfLatin1) {
@@ -46,7 +32,7 @@ TEST(SpecialChars, HaveTheEntitiesOfTheirNamesAndConvertAllLettersOfLatin1) {
     for (const SpecialCharEntry& row : specialChars) {
         const auto text = icu::UnicodeString::fromUTF8(row.character);
         const UChar32 character = text == "TM" ? 0x2122 : text.char32At(0);
-        EXPECT_EQ(row.entity, character == 0x2122 ? "&trade;" : entityNamed(character)) << row.character;
+        EXPECT_EQ(row.entity, entityOf(character)) << row.character;
         EXPECT_TRUE(text == "TM" || text.countChar32() == 1) << row.character;
         if (row.convertible == 1) converted.insert(character);
     }
