@@ -7,10 +7,7 @@ namespace kelvor {
 namespace {
 
 TEST(ShownName, ShowsEachNameOnOneLine) {
-    const struct {
-        std::string_view name;
-        std::string_view shown;
-    } rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"/home/Größe 日本 😀/a&b.htm", "/home/Größe 日本 😀/a&b.htm"},
         {R"(C:\new\table.htm)", R"(C:\new\table.htm)"},
         {"a\nb\r\n\tc", R"(a\nb\r\n\tc)"},
@@ -19,7 +16,7 @@ TEST(ShownName, ShowsEachNameOnOneLine) {
         {"photo\u202Egnp.exe \u2066x", R"(photo\u202Egnp.exe \u2066x)"},
         {"caf\xE9.htm \xE6\x97", R"(caf\xE9.htm \xE6\x97)"},
     };
-    for (const auto& row : rows) EXPECT_EQ(shownName(row.name), row.shown);
+    for (const auto& [name, shown] : rows) EXPECT_EQ(shownName(name), shown);
 }
 
 }  // namespace

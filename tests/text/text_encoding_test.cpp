@@ -14,11 +14,7 @@ namespace {
 using namespace std::string_literals;
 
 TEST(TextEncoding, RecognisesHowBytesHoldTheirText) {
-    const struct {
-        std::string bytes;
-        Encoding encoding;
-        std::string text;
-    } rows[] = {
+    const std::tuple<std::string, Encoding, std::string> rows[] = {
         {"a\0b\r\n"s, Encoding::utf8, "a\0b\r\n"s},
         {"Ma\xC3\x9F \xEF\xBB\xBF", Encoding::utf8, "Maß \uFEFF"},
         {"\xEF\xBB\xBF\xEF\xBB\xBFx", Encoding::utf8WithMark, "\uFEFFx"},
@@ -30,10 +26,10 @@ TEST(TextEncoding, RecognisesHowBytesHoldTheirText) {
         {"\xFF\xFE\x3D\xD8x\0"s, Encoding::windows1252, "ÿþ=Øx\0"s},
         {"\xFE\xFF\xDE\x00"s, Encoding::windows1252, "þÿÞ\0"s},
     };
-    for (const auto& row : rows) {
-        const auto decoded = decode(row.bytes);
-        EXPECT_EQ(decoded.encoding, row.encoding) << testing::PrintToString(row.bytes);
-        EXPECT_EQ(decoded.text, row.text) << testing::PrintToString(row.bytes);
+    for (const auto& [bytes, encoding, text] : rows) {
+        const auto decoded = decode(bytes);
+        EXPECT_EQ(decoded.encoding, encoding) << testing::PrintToString(bytes);
+        EXPECT_EQ(decoded.text, text) << testing::PrintToString(bytes);
     }
 }
 
@@ -45,21 +41,9 @@ TEST(TextEncoding, RefusesCharactersThatTheEncodingLacks) {
 
 /// Random bytes that often look like one of the encodings, so that each of them is nearly right now and then.
 std::string randomBytes(std::mt19937& random) {
-    static const std::vector<std::string> pieces = {"\xEF\xBB\xBF",
-                                                    "\xFF\xFE",
-                                                    "\xFE\xFF",
-                                                    "é",
-                                                    "日",
-                                                    "\U0001F600",
-                                                    "a\0"s,
-                                                    "\0a"s,
-                                                    "\x3D\xD8",
-                                                    "\xD8\x3D",
-                                                    "\x00\xDE"s,
-                                                    "<P>\r\n",
-                                                    "many as one",
-                                                    "m\0a\0n\0y\0 \0a\0s\0"s,
-                                                    "\0m\0a\0n\0y\0 \0a\0s"s};
+    static const std::vector<std::string> pieces = {
+        "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF", "é",        "日",        "😀",          "<P>\r\n",   "many as one",
+        "a\0"s,         "\0a"s,     "\x3D\xD8", "\xD8\x3D", "\x00\xDE"s, "a\0s\0o\0"s, "\0a\0s\0o"s};
     std::string bytes;
     for (auto count = random() % 12; count > 0; --count) {
         bytes += random() % 6 == 0 ? std::string(1, static_cast<char>(random())) : pieces[random() % pieces.size()];
