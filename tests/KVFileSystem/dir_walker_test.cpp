@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "KVFileSystem/dir_walker.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 
 #include "tests/kit/scratch_directory.h"
@@ -10,6 +8,7 @@
 namespace kelvor {
 namespace {
 
+namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 class Walk : public testing::Test {
@@ -26,7 +25,7 @@ protected:
         std::sort(names.begin(), names.end());
         return names;
     }
-    void makeDirectory(const std::string& name) { std::filesystem::create_directory(tree / name); }
+    void makeDirectory(const std::string& name) { fs::create_directory(tree / name); }
 
     ScratchDirectory tree{memoryDisk()};
 };
@@ -35,10 +34,7 @@ TEST_F(Walk, TellsWhichNamesMatch) {
     for (const char* name : {"a.htm", "b.HTML", "c.shtml", "d.htm.bak", "e.ht", "f.c", "g.cgi", "noextension", ".htm",
                              "h.azazel", "[@`{.x", "i.h`ml"})
         tree.write(name, "");
-    const struct {
-        const char* filter;
-        Names names;
-    } rows[] = {
+    const std::pair<const char*, Names> rows[] = {
         {"*.htm", {".htm", "a.htm", "b.HTML"}},
         {"*.html", {"b.HTML"}},
         {"a*", {"a.htm"}},
@@ -76,7 +72,7 @@ TEST_F(Walk, DeliversEveryRegularFileAndNothingElse) {
     mkfifo((tree / "pipe.lnk").c_str(), 0600);
     const char* links[][2] = {
         {"sub/.txt", "file.lnk"}, {".", "loop.lnk"}, {"no", "dangling.lnk"}, {"pipe.lnk", "p.lnk"}};
-    for (const auto& [target, name] : links) std::filesystem::create_symlink(target, tree / name);
+    for (const auto& [target, name] : links) fs::create_symlink(target, tree / name);
     EXPECT_EQ(found("*.lnk"), Names{"file.lnk"});
 }
 
@@ -93,7 +89,7 @@ TEST_F(Walk, EndsAtOnceWhenCancelledAndPassesOverWhatIsNotThere) {
     // The first directory's files are the last: the other directories go meanwhile.
     walker.ItemFound = [&](const std::string&, const std::string&, bool&) {
         ++calls;
-        std::filesystem::remove_all(tree.path());
+        fs::remove_all(tree.path());
     };
     walker.Walk(tree.path(), "*.*", 0);
     walker.Walk(tree / "missing", "*.*", 0);
@@ -102,15 +98,15 @@ TEST_F(Walk, EndsAtOnceWhenCancelledAndPassesOverWhatIsNotThere) {
 
 TEST_F(Walk, GoesDeeperThanPathsAndDescriptorsReach) {
     constexpr int depth = 1200;
-    int directory = open(tree.path().c_str(), O_RDONLY | O_CLOEXEC);
+    const auto here = fs::current_path();
+    fs::current_path(tree.path());
     for (int level = 0; level < depth; ++level) {
         // On the way back each level has another directory to go to.
-        for (const char* name : {"before", "down", "next"}) mkdirat(directory, name, 0700);
-        for (const char* name : {"before/file", "next/file"}) close(openat(directory, name, O_CREAT | O_WRONLY, 0600));
-        const int next = openat(directory, "down", O_RDONLY | O_CLOEXEC);
-        close(std::exchange(directory, next));
+        for (const char* name : {"before", "down", "next"}) fs::create_directory(name);
+        for (const char* name : {"before/file", "next/file"}) std::ofstream{name};
+        fs::current_path("down");
     }
-    close(directory);
+    fs::current_path(here);
     const auto openBefore = openFileCount();
     int files = 0;
     DirWalker walker;
