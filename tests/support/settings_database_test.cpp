@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -48,25 +45,23 @@ Fault fileSizeLimit(rlim_t bytes) {
             }};
 }
 
-Fault failing(auto SystemCalls::*call, int code) {
-    SystemCalls calls = kernelCalls();
-    calls.*call = [code](auto...) { return errno = code, -1; };
-    return std::make_shared<ScopedSystemCalls>(calls);
+/// Another call in place of one of the kernel's by which the database works; the kernel's again without one.
+void setDatabaseCall(const char* name, auto* call) {
+    sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
+    files->xSetSystemCall(files, name, reinterpret_cast<sqlite3_syscall_ptr>(call));
 }
 
-/// A file and its directory are read-only. The super-user writes to everything, so the test is somebody else meanwhile.
-Fault readOnly(const fs::path& file) {
-    const auto self = geteuid();
-    fs::permissions(file, fs::perms(0444));
-    fs::permissions(file.parent_path(), fs::perms(0555));
-    fs::permissions(file.parent_path().parent_path(), fs::perms(0755));
-    EXPECT_EQ(seteuid(self == 0 ? 65534 : self), 0);
-    EXPECT_LT(open(file.c_str(), O_WRONLY | O_CLOEXEC), 0) << "the fault is not there";
-    return {nullptr, [=](void*) {
-                EXPECT_EQ(seteuid(self), 0);
-                fs::permissions(file.parent_path(), fs::perms(0755));
-                fs::permissions(file, fs::perms(0644));
-            }};
+/// The database may open no file to write to it. Modes would not bind the super-user.
+Fault readOnly() {
+    setDatabaseCall(
+        "open", +[](const char* path, int flags, int mode) {
+            return (flags & O_RDWR) != 0 ? (errno = EACCES, -1) : ::open(path, flags, mode);
+        });
+    return {nullptr, [](void*) { setDatabaseCall("open", sqlite3_syscall_ptr{}); }};
+}
+
+Fault failure(auto SystemCalls::*call, int code) {
+    return std::shared_ptr<ScopedSystemCalls>(new ScopedSystemCalls(failing(call, code)));
 }
 
 /// What the database does where it would sleep, which is when it waits for a lock.
@@ -156,7 +151,7 @@ TEST_F(SettingsFaults, AFileThatCannotBeUsedLosesNothingAndTheRunGoesOnInMemory)
              {"a pipe", elsewhere(directory.path("piped")), "no regular file", "none 0"},
              {"locked at the start", locked, "locked"},
              {"locked later", locked, "locked"},
-             {"read-only", [this] { return readOnly(file); }, "readonly"},
+             {"read-only", readOnly, "readonly"},
              {"nothing can be written", [] { return fileSizeLimit(0); }, "Reason: "},
              {"no more than a header", [] { return fileSizeLimit(600); }, "Reason: "},
              {"no more than there is", [this] { return fileSizeLimit(read().size()); }, "Reason: "},
@@ -218,7 +213,7 @@ TEST_F(SettingsFaults, ADamagedFileIsSetAsideAndTheLastGoodCopyTakesItsPlace) {
             write(damaged);
             write(isGood ? good : damaged, ".good");
             if (isGood) {
-                const Fault full = failing(&SystemCalls::fsync, ENOSPC);
+                const Fault full = failure(&SystemCalls::fsync, ENOSPC);
                 EXPECT_EQ(contents(), "Ann 12");
                 expectOneNotice("replaced: No space left on device\r\n\r\nKelvor starts with the last good copy");
                 setName("Zoe");
@@ -305,9 +300,9 @@ TEST_F(SettingsFaults, TheCopyHasTheValuesOfTheLastClosedRun) {
 TEST_F(SettingsFaults, KeepsTheOldCopyInSilenceWhenANewOneCannotBeMade) {
     const std::string good = read(".good");
     const std::pair<const char*, std::function<Fault()>> rows[] = {
-        {"read-only directory", [] { return failing(&SystemCalls::open, EACCES); }},
+        {"read-only directory", [] { return failure(&SystemCalls::open, EACCES); }},
         {"disk full", [] { return fileSizeLimit(5000); }},
-        {"device", [] { return failing(&SystemCalls::fsync, EIO); }},
+        {"device", [] { return failure(&SystemCalls::fsync, EIO); }},
         {"locked", [this] { return otherConnection(file, "BEGIN EXCLUSIVE"); }},
     };
     for (const auto& [name, begin] : rows) {
@@ -334,16 +329,12 @@ void dieAt(int number) {
     static const auto count = [] {
         if (--left == 0) raise(SIGKILL);
     };
-    const auto replace = [](const char* name, auto call) {
-        sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
-        files->xSetSystemCall(files, name, reinterpret_cast<sqlite3_syscall_ptr>(call));
-    };
     for (const char* name : {"pwrite", "pwrite64"})
-        replace(
+        setDatabaseCall(
             name, +[](int descriptor, const void* bytes, std::size_t size, off_t offset) {
                 return count(), ::pwrite(descriptor, bytes, size, offset);
             });
-    replace(
+    setDatabaseCall(
         "unlink", +[](const char* path) { return count(), ::unlink(path); });
     systemCalls().fsync = [](int descriptor) { return count(), ::fsync(descriptor); };
     systemCalls().rename = [](const char* from, const char* to) { return count(), ::rename(from, to); };

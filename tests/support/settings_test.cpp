@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/settings.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 #include "tests/kit/fake_platform.h"
