@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/virtual_directories.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
