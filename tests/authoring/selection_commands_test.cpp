@@ -13,15 +13,8 @@ using SelectionCommands = SelectionTest;
 
 TEST_F(SelectionCommands, TheListsInsertEachChoiceAndGoBackToTheirHeadings) {
     MDIForm1& frame = mainForm();
-    struct Row {
-        ComboBox* list;
-        int choice;
-        const char* before;
-        const char* result;
-        const char* heading;
-    };
     for (const auto& [list, choice, before, result, heading] :
-         {Row{&frame.Combo1, 6, "a[b]c", "a[<H6>b</H6>]c Text1", "Head"},
+         {std::tuple{&frame.Combo1, 6, "a[b]c", "a[<H6>b</H6>]c Text1", "Head"},
           {&frame.Combo1, 6, "a[]c", "a<H6></H6>[]c Text1", "Head"},
           {&frame.Combo2, 1, "a[b]c", "a[<FONT FACE=\"Courier\">b</FONT>]c Text1", "(Font Name)"},
           {&frame.Combo3, 0, "a[b]c", "a[<FONT SIZE=\"-7\">b</FONT>]c Text1", "(Size)"},

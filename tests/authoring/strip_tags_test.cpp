@@ -11,17 +11,10 @@ using StripTags = StartedTest;
 
 TEST_F(StripTags, TakesOutProperTagsThatEndInTheRange) {
     using Pair = std::pair<int, int>;
-    struct Row {
-        const char* source;
-        Pair range;
-        const char* result;
-        Pair selected;  ///< its start and length
-        Pair given;     ///< what becomes of the range
-        bool warns;
-    };
+    // The text and the range in it; the text then, its selection (start and length), and what becomes of the range.
     int number = 0;
     for (const auto& [source, range, result, selected, given, warns] : {
-             Row{"no tags", {0, 7}, "no tags", {7, 0}, {-1, 7}, false},
+             std::tuple{"no tags", Pair(0, 7), "no tags", Pair(7, 0), Pair(-1, 7), false},
              {"é<B\r\n>ü</B>", {0, 14}, "éü", {4, 0}, {-1, 5}, false},
              {"a < b <I>c</I>", {0, 14}, "a < b <I>c</I>", {13, 1}, {10, 7}, true},
              {"<<><b>12345678", {0, 14}, "<<>12345678", {3, 0}, {-1, 8}, true},

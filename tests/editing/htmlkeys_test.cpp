@@ -24,13 +24,8 @@ TEST_F(HtmlKeys, ChordsBecomeTagsAndSomeAreSwallowed) {
     using namespace modifier;
     constexpr int ctrlShift = ctrl + modifier::shift;
     constexpr int ctrlShiftAlt = ctrlShift + alt;
-    struct Press {
-        int keyCode;
-        int shift;
-        const char* result;
-    };
     for (const auto& [keyCode, shift, result] : {
-             Press{'6', ctrlShift, "[<H6>x</H6>] Text1"},
+             std::tuple{int{'6'}, ctrlShift, "[<H6>x</H6>] Text1"},
              {'I', ctrlShiftAlt, "[<LI>x</LI>] Text1"},
              {key_code::space, ctrlShift, "&nbsp;[] Text1 +"},
              {'B', ctrlShift, "<BR>[] Text1 +"},
@@ -45,13 +40,10 @@ TEST_F(HtmlKeys, ChordsBecomeTagsAndSomeAreSwallowed) {
     std::string ran;
     const auto note = [&ran](const char* chord) { return [&ran, chord] { ran = chord; }; };
     htmlkeys::fileChords() = {note("preview"), note("link"), note("close"), note("save")};
-    struct Chord {
-        int keyCode;
-        const char* name;
-        const char* result;
-    };
-    for (const auto& [keyCode, chord, result] :
-         {Chord{'D', "preview", "[x] "}, {'L', "link", "[x] "}, {'W', "close", "[x]  +"}, {'S', "save", "[x] Text1"}}) {
+    for (const auto& [keyCode, chord, result] : {std::tuple{'D', "preview", "[x] "},
+                                                 {'L', "link", "[x] "},
+                                                 {'W', "close", "[x]  +"},
+                                                 {'S', "save", "[x] Text1"}}) {
         EXPECT_EQ(pressing(keyCode, ctrlShiftAlt), result);
         EXPECT_EQ(ran, chord);
     }
