@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/event.h"
 
-#include <gtest/gtest.h>
 #include <new>
 #include <stdexcept>
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/places.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 
 #include "files/temporary_directory.h"
