@@ -25,10 +25,6 @@ protected:
         });
         menu("mnuFile_New").click();
     }
-    void expectTold(const std::string& title, const std::string& text, MessageIcon icon) {
-        platform.expectMessage({.text = text, .title = title, .icon = icon});
-    }
-
     bool exists(const std::string& name) { return std::filesystem::exists(templateFile(name)); }
 };
 
@@ -59,8 +55,8 @@ TEST_F(Templates, OpenTakesTheChosenOneUntitledAndEditTheFileItself) {
 
 TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
     inDialog([this](TemplateHolder& holder) {
-        expectTold("Illegal character in requested template name", "A template name cannot contain a period(.).",
-                   MessageIcon::critical);
+        platform.expectMessage(
+            critical("A template name cannot contain a period(.).", "Illegal character in requested template name"));
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "a.b"));
         platform.beeps = 0;
         for (const char character : std::string("\\/:*?\"<>|")) {
@@ -71,15 +67,15 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
         }
         EXPECT_EQ(platform.beeps, 9);
         for (const char* nothing : {"", "  ", "\u00A0\u3000\t"}) EXPECT_FALSE(holder.lbxTemplates.edit(1, nothing));
-        expectTold("Template file already exists.",
-                   "There is a template of this name already: my default template copy", MessageIcon::exclamation);
+        platform.expectMessage(exclamation("There is a template of this name already: my default template copy",
+                                           "Template file already exists."));
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "my default template copy"));
         EXPECT_TRUE(exists("Page"));
         holder.lbxTemplates.setSelectedRow(0);
-        expectTold("Template deletion error",
-                   "You can not delete the default template.\r\n"
-                   "You can open and modify the default template with the editor.",
-                   MessageIcon::exclamation);
+        platform.expectMessage(
+            exclamation("You can not delete the default template.\r\n"
+                        "You can open and modify the default template with the editor.",
+                        "Template deletion error"));
         holder.cmdDelete.click();
         holder.lbxTemplates.setSelectedRow(1);
         // The name is still being edited when the button is pressed.
@@ -87,12 +83,9 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
             if (aspect == Aspect::value) holder.lbxTemplates.edit(1, "näme (1)");
         });
         for (const Answer answer : {Answer::no, Answer::yes}) {
-            platform.expectMessage({.text = "Delete [näme (1).tpl] template?",
-                                    .title = "Delete confirmation",
-                                    .icon = MessageIcon::question,
-                                    .buttons = MessageButtons::yesNo,
-                                    .standard = Answer::no},
-                                   answer);
+            auto deletion = question("Delete [näme (1).tpl] template?", "Delete confirmation");
+            deletion.standard = Answer::no;
+            platform.expectMessage(deletion, answer);
             holder.cmdDelete.click();
             EXPECT_FALSE(exists("Page"));
             EXPECT_EQ(exists("näme (1)"), answer == Answer::no);
@@ -108,12 +101,13 @@ TEST_F(Templates, TheActiveTextBecomesATemplateUnderAFreeName) {
         "Enter a descriptive name for the template.\r\n\r\nNote: This name must also be a valid filename.";
     open("a.htm", "<HTML>");
     platform.expectInput(prompt, "Create Template.", "Page");
-    expectTold("Template file already exists.",
-               "You already have a template file on disk with the filename required by this new template.\r\n\r\n"
-               "Please modify the template name slightly to allow the addition of the new template to occur.",
-               MessageIcon::question);
+    platform.expectMessage(
+        {.text = "You already have a template file on disk with the filename required by this new template.\r\n\r\n"
+                 "Please modify the template name slightly to allow the addition of the new template to occur.",
+         .title = "Template file already exists.",
+         .icon = MessageIcon::question});
     platform.expectInput(prompt, "Create Template.", "a.b");
-    expectTold("Template added", "Template add complete!", MessageIcon::information);
+    platform.expectMessage(information("Template add complete!", "Template added"));
     mnuTools_CreateTemplate_Click();
     EXPECT_EQ(files.read("program/Templates/a.b.tpl"), "<HTML>\r\n");
     EXPECT_EQ(files.read("program/Templates/Page.tpl"), "<P>");
