@@ -222,16 +222,8 @@ bool rewriteWithFault(bool otherDisk, Saboteur saboteur) {
     const ScratchDirectory temporaries(otherDisk ? memoryDisk() : testing::TempDir());
     const auto page = directory.write("page.html", oldText);
     EXPECT_EQ(chmod(page.c_str(), 0640), 0);
-    const auto filesBefore = openFileCount();
     std::string said;
-    const auto rewrite = [&] {
-        const ScopedSystemCalls scope(saboteur.calls());
-        said = outcomeOf(page, temporaries / "temp.$$$");
-        return 0;
-    };
-    const bool killed = saboteur.kill && WIFSIGNALED(inChild(rewrite));
-    if (!saboteur.kill) rewrite();
-    EXPECT_EQ(openFileCount(), filesBefore);
+    const bool killed = isKilledIn(saboteur, [&] { said = outcomeOf(page, temporaries / "temp.$$$"); });
     EXPECT_EQ(directory.entryCount(), 1U);
     EXPECT_EQ(statusOf(page).st_mode & 07777U, 0640U);
     const auto bytes = directory.read("page.html");

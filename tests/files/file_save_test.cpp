@@ -41,20 +41,12 @@ bool saveWithFault(const Save& save, Saboteur fault) {
     struct stat before {};
     struct stat after {};
     const bool existed = stat(path.c_str(), &before) == 0;
-    const auto openBefore = openFileCount();
     fault.mostBytes = save.mostBytes;
     std::string said;
-    const auto run = [&] {
-        const ScopedSystemCalls scope(fault.calls());
-        said = errorOf([&] { saveFileInPlace(path, newBytes); });
-        return 0;
-    };
     // A new file gets the mode that the old one has.
     const auto mask = umask(027);
-    const bool killed = fault.kill && WIFSIGNALED(inChild(run));
-    if (!fault.kill) run();
+    const bool killed = isKilledIn(fault, [&] { said = errorOf([&] { saveFileInPlace(path, newBytes); }); });
     umask(mask);
-    EXPECT_EQ(openFileCount(), openBefore);
 
     const bool exists = stat(path.c_str(), &after) == 0;
     EXPECT_TRUE(!existed || after.st_ino == before.st_ino);

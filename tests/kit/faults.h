@@ -102,6 +102,20 @@ inline int inChild(const std::function<int()>& steps) {
     return status;
 }
 
+/// Runs `steps` with the saboteur's calls and sees that no file stays open. Whether they were killed.
+inline bool isKilledIn(Saboteur& saboteur, const std::function<void()>& steps) {
+    const auto openBefore = openFileCount();
+    const auto run = [&] {
+        const ScopedSystemCalls scope(saboteur.calls());
+        steps();
+        return 0;
+    };
+    const bool killed = saboteur.kill && WIFSIGNALED(inChild(run));
+    if (!saboteur.kill) run();
+    EXPECT_EQ(openFileCount(), openBefore);
+    return killed;
+}
+
 /// The number of the user that owns nothing, and of the group.
 constexpr uid_t nobody = 65534;
 
