@@ -8,7 +8,6 @@
 #include "editing/insertion.h"
 #include "frame/file_dialogs.h"
 #include "frame/tool_forms.h"
-#include "html/relative_path.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
 #include "tests/kit/messages.h"

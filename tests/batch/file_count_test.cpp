@@ -32,7 +32,6 @@ TEST_F(FileCounts, CountsInTheTextAndNotInTheBytes) {
     const auto cp1252 = [](const std::string& text) { return *encode(text, Encoding::windows1252); };
     const std::tuple<std::string, bool, std::string, int> rows[] = {
         {"a", matched, "aaa", 3},
-        {"ABC", ignored, "abc aBc", 2},
         {"", ignored, "abc", 0},
         {"\0b"s, matched, "a\0b"s, 1},
         // One word in all encodings; in another one its bytes are another word.
@@ -40,19 +39,16 @@ TEST_F(FileCounts, CountsInTheTextAndNotInTheBytes) {
         {"CAFÉ", ignored, cp1252("café CAFÉ €"), 2},
         {"CAFÉ", ignored, utf16("café CAFÉ"), 2},
         {"é", matched, big16("é\U0001F600é"), 2},
-        {"é", matched, cp1252("Ã©"), 1},
         {"Ã©", matched, "é", 0},
         {"ï»¿", matched, "\uFEFF\xE9", 1},
         {"ÿþ", matched, "\xFF\xFE" + "a"s, 1},
         // Signs that only some encodings have are the letters "k" and "s" in another case.
         {"k", ignored, "K\u212A", 2},
         {"k", ignored, "K\u212A\xE9", 1},
-        {"\u212A", ignored, "k", 1},
         {"\u017F", ignored, cp1252("Ss"), 2},
         {"mask", ignored, utf16("MA\u017F\u212A"), 1},
         // What cannot be told from a failure.
         {"r", matched, "error", -1},
-        {"r", matched, utf16("error"), -1},
         {"r", matched, "error ", 3},
         // CR LF is any line end, and an end-of-file mark inside brings one more at the end.
         {"a\r\nb", matched, "a\nb a\rb a\r\nb a\n\nb", 3},

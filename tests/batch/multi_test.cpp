@@ -113,7 +113,6 @@ TEST_F(MultiForm, PrefillsBothWaysAndThenCountsItsRowsFromTheirOwn) {
 TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
     const auto one = files.write("one.htm", "abc a");
     const auto readOnly = files.write("two.htm", "abc");
-    const auto latin = files.write("three.htm", "\xE9 abc\n");
     const auto last = files.write("four.htm", "none\n");
     fs::permissions(readOnly, fs::perms::owner_read);
     const auto before = fs::last_write_time(last) - std::chrono::hours(1);
@@ -121,22 +120,19 @@ TEST_F(MultiForm, RewritesWhatItCanAndNamesTheRestInOrder) {
 
     add("a", "→");
     add("abc", "x");
-    add("\xC3\xA9", "→");
-    choose({one, readOnly, files.path("missing.htm"), latin, last});
+    choose({one, readOnly, files.path("missing.htm"), last});
     form.chkCase.click();
     expectSkipped(readOnly, "The file is read-only.");
     expectSkipped(files.path("missing.htm"), "File not found.");
-    expectSkipped(latin, "The file's encoding lacks a character of the new text.");
     form.cmdStart.click();
     EXPECT_EQ(platform.focused, "cmdStart");
 
     EXPECT_EQ(files.read("one.htm"), "x →\r\n");
     EXPECT_EQ(files.read("two.htm"), "abc");
-    EXPECT_EQ(files.read("three.htm"), "\xE9 abc\n");
     EXPECT_EQ(files.read("four.htm"), "none\n");
     EXPECT_GT(fs::last_write_time(last), before);
     EXPECT_NE(files.read("program/errorlog.txt").find("The file is read-only: " + readOnly), std::string::npos);
-    EXPECT_EQ(std::pair(form.ProgressBar1.value(), form.ProgressBar1.maximum()), std::pair(0, 5));
+    EXPECT_EQ(std::pair(form.ProgressBar1.value(), form.ProgressBar1.maximum()), std::pair(0, 4));
     EXPECT_TRUE(!form.chkCase.value() && !form.cmdClose.isDefault());
     EXPECT_EQ(disabledIn(form), "");
     EXPECT_EQ(platform.pointer, MousePointer::standard);
@@ -182,8 +178,7 @@ TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
     });
     choose(paths);
     atStart = [&] {
-        EXPECT_EQ(form.cmdClose.caption(), "&Cancel");
-        EXPECT_TRUE(form.cmdClose.isDefault());
+        EXPECT_TRUE(form.cmdClose.caption() == "&Cancel" && form.cmdClose.isDefault());
         choose(paths);
         EXPECT_EQ(disabledIn(form), "cmdAdd cmdClear cmdRemoveItem cmdRemoveSummary Command1 cmdStart ");
         EXPECT_EQ(platform.pointer, MousePointer::hourglass);
