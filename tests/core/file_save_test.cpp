@@ -5,7 +5,6 @@
 
 #include <filesystem>
 
-#include "core/file_close.h"
 #include "core/file_open.h"
 #include "frame/file_dialogs.h"
 #include "tests/kit/faults.h"
@@ -28,7 +27,6 @@ TEST_F(FileSave, AFailedSaveSaysWhyAndWhetherTheFileMayBeDamaged) {
         menu("mnuFile_Save").click();
     };
     saveWith(&SystemCalls::fallocate, ENOSPC, "The disk is full.");
-    saveWith(&SystemCalls::open, EROFS, "The disk is read-only.");
     saveWith(&SystemCalls::fsync, EIO, "The disk reports an error." + damaged);
 }
 

@@ -67,9 +67,7 @@ TEST_F(HtmlKeys, EditRowsAndTheirChordsActOnceOnTheDocumentInFront) {
     };
     menu("mnuEdit_Delete").click();
     EXPECT_TRUE(document.IsSaved()) << "without a selection nothing changes";
-    menu("mnuEdit_SelectAll").click();
-    menu("mnuEdit_Copy").click();
-    menu("mnuEdit_Delete").click();
+    for (const char* row : {"mnuEdit_SelectAll", "mnuEdit_Copy", "mnuEdit_Delete"}) menu(row).click();
     EXPECT_EQ(text->text(), "");
     EXPECT_EQ(press('Z', modifier::ctrl), 0);
     EXPECT_EQ(text->text(), "one two");

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 #include <pwd.h>
-#include <unistd.h>
 
 #include <cstdlib>
 
@@ -52,10 +51,8 @@ TEST(TypedPaths, OfASaveAreOneNameAsItStands) {
 }
 
 TEST(TypedPaths, ComeBackFromTheTextOfAnyNames) {
-    const Paths names = {"a",     " a",  "a ",          "a b",   "~",
-                         "~root", "\"",  "\"\"",        "\"a\"", "a\"b",
-                         "a\nb",  "\ta", "\"a\" \"b\"", "-rf",   "\xc3\xa4\"\xf0\x9f\x98\x80",
-                         "\\",    "'",   "a\rb"};
+    const Paths names = {" a",   "a ",   "a b", "~",           "~root", "\"",   "\"\"", "\"a\"",
+                         "a\"b", "a\nb", "\ta", "\"a\" \"b\"", "-rf",   "ä\"😀", "\\",   "a\rb"};
     Paths all;
     for (const std::string& name : names) {
         EXPECT_EQ(typedPaths(typedText({name}), "/web"), Paths{"/web/" + name}) << typedText({name});
