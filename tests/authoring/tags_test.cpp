@@ -63,7 +63,9 @@ TEST_F(FloatingTools, TheFloatingToolsServeTheDocumentOrTheTableWizardsCell) {
     };
     EXPECT_EQ(after(tag(0)), "a[<B>b</B>]c Text1");
     EXPECT_EQ(after(tag(1)), "a[<BR>b]c Text1");
-    EXPECT_EQ(after(tag(2)), "a[<HR>b(N/A)]c Text1");
+    EXPECT_EQ(after(tag(2), "é\r\n[Ü]\r\n"), "é\r\n[<HR>Ü(N/A)]\r\n Text1");
+    text->undo();
+    EXPECT_EQ(text->text(), "é\r\nÜ\r\n");
 
     Form wizard("frmTableWiz", "Table Wizard");
     TextBuffer cell(wizard, "txtCellText");

@@ -135,9 +135,7 @@ TEST_F(Document, WindowsStayInStepWithTheTabs) {
     EXPECT_EQ(inFront(), "c.htm");
     EXPECT_EQ(panels(), "File Saved: No|2/1|Characters: 1 ");
     menu("mnuFile_SaveAll").click();
-    EXPECT_EQ(panelText(panel::saved), "File Saved: Yes");
     EXPECT_EQ(open("c.htm", "3").StrUniqueID(), "TABID4") << "one path may be open twice, and no key is used again";
-    EXPECT_EQ(mainForm().TabStrip1.selectedItem().caption, "c.htm");
 }
 
 }  // namespace
