@@ -17,11 +17,14 @@ protected:
     Names found(const std::string& filter, int topOnly = 0) {
         Names names;
         DirWalker walker;
+        const auto openBefore = openFileCount();
         walker.ItemFound = [&](const std::string& sPath, const std::string& sFileName, bool&) {
+            EXPECT_LE(openFileCount(), openBefore + 20);
             EXPECT_TRUE(sPath.starts_with(tree / "") && sPath.ends_with('/') && sFileName.find('/') == sFileName.npos);
             names.push_back((sPath + sFileName).substr(tree.path().size() + 1));
         };
         walker.Walk(tree.path(), filter, topOnly);
+        EXPECT_EQ(openFileCount(), openBefore);
         std::sort(names.begin(), names.end());
         return names;
     }
@@ -66,9 +69,7 @@ TEST_F(Walk, DeliversEveryRegularFileAndNothingElse) {
         }
     std::sort(all.begin(), all.end());
     EXPECT_EQ(found("*.txt", 1).size(), odd.size());
-    const auto openBefore = openFileCount();
     EXPECT_EQ(found("*.txt"), all);
-    EXPECT_EQ(openFileCount(), openBefore);
 
     makeDirectory("directory.lnk");
     mkfifo((tree / "pipe.lnk").c_str(), 0600);
@@ -96,6 +97,18 @@ TEST_F(Walk, EndsAtOnceWhenCancelledAndPassesOverWhatIsNotThere) {
     walker.Walk(tree.path(), "*.*", 0);
     walker.Walk(tree / "missing", "*.*", 0);
     EXPECT_EQ(calls, 5);
+}
+
+TEST_F(Walk, ComesBackFromDeeperThanDirectoriesStayOpen) {
+    std::string way;
+    for (int level = 0; level < 40; ++level, way += "down/") {
+        // On the way back each level has another directory to go to.
+        for (const std::string name : {"before", "next"}) {
+            fs::create_directories(tree / (way + name));
+            tree.write(way + name + "/file", "");
+        }
+    }
+    EXPECT_EQ(found("*").size(), 80U);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "authoring/tags.h"
 
 #include "authoring/special_character_insertion.h"
+#include "authoring/text_format.h"
 #include "editing/insertion.h"
 #include "tests/kit/messages.h"
 #include "tests/kit/selection_fixture.h"
@@ -76,6 +77,9 @@ TEST_F(FloatingTools, TheFloatingToolsServeTheDocumentOrTheTableWizardsCell) {
     EXPECT_EQ(after(tag(0)), "a<B>b</B>[]c ListView1");
     EXPECT_EQ(after(tag(1)), "a<BR>b[]c ListView1");
     EXPECT_EQ(after(sharpS), "a&szlig;[]c ");
+    const auto formatted =
+        inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) { form.cmdInsert.click(); });
+    EXPECT_EQ(after(formatted), "ab[]c ");
     mnuInsert_Tags_Click();
     EXPECT_EQ(platform.focused, "") << "the wizard keeps the focus";
     setDeliveryTarget("frmTableWiz", nullptr);

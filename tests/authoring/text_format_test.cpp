@@ -38,9 +38,13 @@ TEST_F(TextFormatDialog, TheFormatDialogTakesTheSelectionAndEachControlsChoice) 
     EXPECT_EQ(after(act, "one[] two"),
               "one<STRIKE><SMALL><SUB><U><I><CENTER><FONT COLOR=\"#FF0000\" SIZE=\"+7\" FACE=\"Courier, Times\">"
               "<I></I></FONT></CENTER></I></U></SUB></SMALL></STRIKE>[] two Text1");
-    const auto insert =
-        inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) { form.cmdInsert.click(); });
-    EXPECT_EQ(after(insert, "[one] two"), "one[] two Text1");
+    const auto insert = inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) {
+        form.optAlign[2].click();
+        for (CheckBox* box : {&form.chkBold, &form.chkBlink, &form.chkSuperscript, &form.chkBig}) box->click();
+        form.cmdInsert.click();
+    });
+    EXPECT_EQ(after(insert, "[one] two"),
+              "<BIG><SUP><BLINK><B><DIV ALIGN=\"RIGHT\">one</DIV></B></BLINK></SUP></BIG>[] two Text1");
     const auto withoutFont = inDialog<TextFormat>(mnuFormatText_Quick_Click, [](TextFormat& form) {
         form.cboFont.choose(1);
         form.txtFonts.type("");
