@@ -59,7 +59,6 @@ protected:
 TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {
     platform.expectMessage(exclamation("You must enter some text to be found.", "Empty field"));
     form.cmdAdd.click();
-    EXPECT_EQ(platform.beeps, 1);
     add("a", "b");
     EXPECT_EQ(form.txtFind.text() + form.txtReplace.text(), "");
     form.txtFind.type("c");

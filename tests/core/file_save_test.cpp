@@ -28,6 +28,8 @@ TEST_F(FileSave, AFailedSaveSaysWhyAndWhetherTheFileMayBeDamaged) {
     };
     saveWith(&SystemCalls::fallocate, ENOSPC, "The disk is full.");
     saveWith(&SystemCalls::fsync, EIO, "The disk reports an error." + damaged);
+    EXPECT_EQ(panelText(panel::saved), "File Saved: No");
+    EXPECT_NE(files.read("program/errorlog.txt").find(" 61 The disk is full"), std::string::npos);
 }
 
 TEST_F(FileSave, SaveAsKeepsEverythingWhenItFailsAndElseGivesTheDocumentItsFile) {

@@ -14,17 +14,12 @@ TEST(TemporaryDirectory, IsAnotherOneWhenItIsNoLongerItsOwn) {
     const ScratchDirectory base;
     const ScratchDirectory victim;
     const ScopedVariable environment("TMPDIR", base.path());
-    const auto moveAway = [](const std::string& path) { fs::rename(path, path + " moved"); };
     const std::function<void(const std::string&)> acts[] = {
         [](const std::string& path) { fs::remove_all(path); },
         [](const std::string& path) { fs::permissions(path, fs::perms::others_write, fs::perm_options::add); },
         [&](const std::string& path) {
-            moveAway(path);
+            fs::rename(path, path + " moved");
             fs::create_directory_symlink(victim.path(), path);
-        },
-        [&](const std::string& path) {
-            moveAway(path);
-            mkdir(path.c_str(), S_IRWXU);
         },
         [](const std::string& path) {
             if (chown(path.c_str(), nobody, nobody) != 0) fs::remove_all(path);
