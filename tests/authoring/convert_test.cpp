@@ -14,7 +14,6 @@ protected:
         std::vector<std::string> pairs;
         platform.expectModal([&](Form& form) {
             auto& dialog = dynamic_cast<Convert&>(form);
-            EXPECT_FALSE(dialog.lblStart.visible() || dialog.lblFinish.visible());
             dialog.optType[direction].click();
             pairs = {dialog.lblStart.caption() + " " + dialog.lblFinish.caption()};
             dialog.lblFinishString.follow([&](Aspect) {

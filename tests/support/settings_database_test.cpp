@@ -198,7 +198,6 @@ TEST_F(SettingsFaults, ADamagedFileIsSetAsideAndTheLastGoodCopyTakesItsPlace) {
     for (const auto& [name, damaged] : {
              std::pair{"empty", std::string()},
              {"cut at the last page", sound.substr(0, sound.size() - 4096)},
-             {"page size", overwritten(16, 2)},
              {"schema page", overwritten(100, 300)},
              {"a page in the middle", overwritten(4096, 4096)},
              {"text", std::string(20000, 'k')},
