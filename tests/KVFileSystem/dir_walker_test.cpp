@@ -94,15 +94,18 @@ TEST_F(Walk, EndsAtOnceWhenCancelledAndPassesOverWhatIsNotThere) {
 }
 
 TEST_F(Walk, ComesBackFromDeeperThanDirectoriesStayOpen) {
+    Names all;
     std::string way;
     for (int level = 0; level < 40; ++level, way += "down/") {
         // On the way back each level has another directory to go to.
         for (const std::string name : {"before", "next"}) {
             fs::create_directories(tree / (way + name));
             tree.write(way + name + "/file", "");
+            all.push_back(way + name + "/file");
         }
     }
-    EXPECT_EQ(found("*").size(), 80U);
+    std::sort(all.begin(), all.end());
+    EXPECT_EQ(found("*"), all);
 }
 
 }  // namespace

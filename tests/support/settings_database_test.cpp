@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
 #include <sqlite3.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
@@ -32,19 +31,6 @@ Fault otherConnection(const std::string& path, const char* statements) {
     return {connection, sqlite3_close};
 }
 
-/// No file may grow past a size; a write that would is an error of the write.
-Fault fileSizeLimit(rlim_t bytes) {
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit limit{bytes, before.rlim_max};
-    const auto handler = signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    return {nullptr, [=](void*) {
-                setrlimit(RLIMIT_FSIZE, &before);
-                signal(SIGXFSZ, handler);
-            }};
-}
-
 /// Another call in place of one of the kernel's by which the database works; the kernel's again without one.
 void setDatabaseCall(const char* name, auto* call) {
     sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
@@ -58,6 +44,17 @@ Fault readOnly() {
             return (flags & O_RDWR) != 0 ? (errno = EACCES, -1) : ::open(path, flags, mode);
         });
     return {nullptr, [](void*) { setDatabaseCall("open", sqlite3_syscall_ptr{}); }};
+}
+
+/// What the database writes fails.
+Fault failingWrites(int code) {
+    static int failure;
+    failure = code;
+    const auto setWrite = [](auto* call) {
+        for (const char* name : {"pwrite", "pwrite64"}) setDatabaseCall(name, call);
+    };
+    setWrite(+[](int, const void*, std::size_t, off_t) { return errno = failure, ssize_t{-1}; });
+    return {nullptr, [=](void*) { setWrite(sqlite3_syscall_ptr{}); }};
 }
 
 Fault failure(auto SystemCalls::*call, int code) {
@@ -152,8 +149,8 @@ TEST_F(SettingsFaults, AFileThatCannotBeUsedLosesNothingAndTheRunGoesOnInMemory)
              {"locked at the start", locked, "locked"},
              {"locked later", locked, "locked"},
              {"read-only", readOnly, "readonly"},
-             {"nothing can be written", [] { return fileSizeLimit(0); }, "Reason: "},
-             {"no more than there is", [this] { return fileSizeLimit(read().size()); }, "Reason: "},
+             {"disk full", [] { return failingWrites(ENOSPC); }, "full"},
+             {"device", [] { return failingWrites(EIO); }, "I/O error"},
          }) {
         SCOPED_TRACE(row.name);
         if (row.name == "locked later") contents();
@@ -293,7 +290,7 @@ TEST_F(SettingsFaults, KeepsTheOldCopyInSilenceWhenANewOneCannotBeMade) {
     const std::string good = read(".good");
     const std::pair<const char*, std::function<Fault()>> rows[] = {
         {"read-only directory", [] { return failure(&SystemCalls::open, EACCES); }},
-        {"disk full", [] { return fileSizeLimit(5000); }},
+        {"disk full", [] { return failingWrites(ENOSPC); }},
         {"device", [] { return failure(&SystemCalls::fsync, EIO); }},
         {"locked", [this] { return otherConnection(file, "BEGIN EXCLUSIVE"); }},
     };
