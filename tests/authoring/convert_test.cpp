@@ -53,5 +53,12 @@ TEST_F(ConvertDialog, RewritesTheConvertibleRowsOnly) {
     EXPECT_EQ(text.text(), entities);
 }
 
+TEST_F(ConvertDialog, WithoutADocumentTheErrorLeavesItUsable) {
+    toolForm<Convert>().load();
+    EXPECT_TRUE(reportedBy([] { toolForm<Convert>().cmdConvert.click(); }).starts_with("91 "));
+    EXPECT_EQ(disabledIn(toolForm<Convert>()), "");
+    toolForm<Convert>().cmdClose.click();
+}
+
 }  // namespace
 }  // namespace kelvor

@@ -144,6 +144,17 @@ TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
     during.reset();
 }
 
+TEST_F(ExtendedFindForm, AnErrorEndsTheRunAndGivesEverythingBack) {
+    files.write("site/a.htm", "x");
+    enter("x");
+    bool failed = false;
+    form.ProgressBar1.follow([&failed](Aspect) {
+        if (!std::exchange(failed, true)) throw Error(error_number::invalidProcedureCall, "no bar");
+    });
+    EXPECT_EQ(reportedBy([this] { form.cmdBegin.click(); }), "5 no bar;");
+    EXPECT_EQ(looks(), "Status: &Close: SSTab1/1 ");
+}
+
 TEST_F(ExtendedFindForm, TheEndOfTheProgramEndsTheRunUnasked) {
     for (const char* name : {"a", "b"}) files.write("site/" + std::string(name), "x");
     enter("x");
