@@ -44,7 +44,11 @@ void blankAnchor() {
 }
 
 std::string linkTarget(const std::string& path) {
-    const std::string target = useRelativePaths() ? makeRelativePath(mainForm().activeForm().caption(), path) : path;
+    return linkTarget(mainForm().activeForm().caption(), path);
+}
+
+std::string linkTarget(std::string_view fromPath, const std::string& path) {
+    const std::string target = useRelativePaths() ? makeRelativePath(fromPath, path) : path;
     return user::lowerCaseLinks.isTrue() ? toLower(target) : target;
 }
 

@@ -49,6 +49,8 @@ void blankAnchor();
 /// The text to write for a file in the active document: relative when the settings ask for it and there is a way, in
 /// lower case when they ask for that.
 std::string linkTarget(const std::string& path);
+/// The same in a document at `fromPath`.
+std::string linkTarget(std::string_view fromPath, const std::string& path);
 
 /// Whether links are written relative to the document.
 bool useRelativePaths();

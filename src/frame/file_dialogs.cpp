@@ -13,6 +13,8 @@ namespace kelvor {
 
 namespace {
 
+constexpr int oneExistingFile = dialog_flag::hideReadOnly | dialog_flag::fileMustExist;
+
 /// The frame's file dialog, filled in but for the name.
 CommonDialog& preparedDialog(const std::string& title, int flags) {
     CommonDialog& dialog = mainForm().CommonD1;
@@ -24,12 +26,15 @@ CommonDialog& preparedDialog(const std::string& title, int flags) {
     return dialog;
 }
 
-std::vector<std::string> pickExisting(const std::string& title, int flags) {
-    CommonDialog& dialog = preparedDialog(title, flags);
+std::vector<std::string> pickExisting(CommonDialog& dialog) {
     dialog.fileName.clear();
     if (!answered(dialog, &CommonDialog::ShowOpen)) return {};
     lastDir = directoryPart(dialog.fileName);
     return dialog.fileNames;
+}
+
+std::optional<std::string> firstOf(std::vector<std::string> paths) {
+    return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
 }
 
 }  // namespace
@@ -44,12 +49,18 @@ std::string browseForFolder(const std::string& title) {
 
 std::vector<std::string> pickFiles(const std::string& title) {
     using namespace dialog_flag;
-    return pickExisting(title, explorer | fileMustExist | allowMultiple | hideReadOnly);
+    return pickExisting(preparedDialog(title, explorer | fileMustExist | allowMultiple | hideReadOnly));
 }
 
 std::optional<std::string> pickFile(const std::string& title) {
-    auto paths = pickExisting(title, dialog_flag::hideReadOnly | dialog_flag::fileMustExist);
-    return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
+    return firstOf(pickExisting(preparedDialog(title, oneExistingFile)));
+}
+
+std::optional<std::string> pickPicture() {
+    CommonDialog& dialog = preparedDialog("Select and image file", oneExistingFile);
+    dialog.filter = pictureFilter;
+    dialog.filterIndex = 1;
+    return firstOf(pickExisting(dialog));
 }
 
 std::string pickSavePath(const std::string& offered, int flags) {

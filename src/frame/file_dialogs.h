@@ -15,6 +15,11 @@ inline constexpr std::string_view documentFilter =
     "Text Files (*.txt)|*.txt|VBScript Files (*.vbs)|*.vbs|Web Related (*.asp, *.js, *.vbs, *.tpl, *.cdf)|"
     "*.asp;*.js;*.vbs;*.tpl;*.cdf";
 
+/// The one of the dialog for pictures.
+inline constexpr std::string_view pictureFilter =
+    "All Files (*.bmp, *.gif, *.jpg)|*.bmp;*.gif;*.jpg|BMP Files (*.bmp)|*.bmp|GIF Files (*.gif)|*.gif|"
+    "JPG Files (*.jpg)|*.jpg";
+
 /// The directory last used in any file dialog, without a separator at its end.
 inline std::string lastDir;
 
@@ -29,6 +34,9 @@ std::string browseForFolder(const std::string& title);
 std::vector<std::string> pickFiles(const std::string& title);
 /// The same for one file.
 std::optional<std::string> pickFile(const std::string& title);
+
+/// The same for a picture, whose filter has its first row chosen.
+std::optional<std::string> pickPicture();
 
 /// The path that the user chooses to save under. When cancelled: error 32755.
 /// @param offered  the name that stands in the dialog at first

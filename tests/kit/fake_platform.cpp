@@ -123,7 +123,7 @@ std::string FakePlatform::input(const InputRequest& request) {
 void FakePlatform::expectRequest(const FileRequest& request, const Step& step) {
     EXPECT_EQ(request.title, step.title);
     EXPECT_EQ(request.directory, lastDir) << step.title;
-    EXPECT_EQ(request.filter, documentFilter) << step.title;
+    EXPECT_EQ(request.filter, step.title == "Select and image file" ? pictureFilter : documentFilter);
     EXPECT_EQ(request.filterIndex, step.filterIndex) << step.title;
     EXPECT_EQ(request.fileName, step.text) << step.title;
     EXPECT_EQ(request.multiple, step.title.find("(multiple selections allowed)") != std::string::npos) << step.title;

@@ -35,7 +35,8 @@ public:
     /// The next input box must have this prompt and title.
     void expectInput(const std::string& prompt, const std::string& title, const std::string& answer);
     /// The next dialog must be the one that opens files, with this title and filter row, in the directory last used and
-    /// with the filter of documents; it takes several files when its title says so. No paths cancel it.
+    /// with the filter of documents, or of pictures for their title; it takes several files when its title says so. No
+    /// paths cancel it.
     void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1);
     /// The next dialog must be the one for a name, which asks before a file is written over and offers `offered`. No
     /// path cancels it.
