@@ -21,12 +21,6 @@ void tellNoText(const std::string& title) {
     beepAndShow({.text = "You must enter some text first.", .title = title, .icon = MessageIcon::exclamation});
 }
 
-/// Black or white, whichever can be read on `color`. All have red in the low byte.
-int legibleOn(int color) {
-    const int brightness = 299 * (color & 0xFF) + 587 * (color >> 8 & 0xFF) + 114 * (color >> 16 & 0xFF);
-    return brightness < 128000 ? 0xFFFFFF : 0;
-}
-
 std::string wrapped(std::string_view tag, const std::string& text) {
     return "<" + std::string(tag) + ">" + text + "</" + std::string(tag) + ">";
 }

@@ -54,10 +54,15 @@ int sampleColor(std::string_view text) {
     int color = 0;
     for (const std::size_t position : {5U, 3U, 1U}) {
         const int part = hexToLong(position < text.size() ? text.substr(position, 2) : std::string_view());
-        if (part < 0) throw Error(error_number::invalidProcedureCall, "Not a colour: " + std::string(text));
+        if (part < 0) return white;
         color = color * 256 + part;
     }
     return color;
+}
+
+int legibleOn(int color) {
+    const int brightness = 299 * (color & 0xFF) + 587 * (color >> 8 & 0xFF) + 114 * (color >> 16 & 0xFF);
+    return brightness < 128000 ? 0xFFFFFF : 0;
 }
 
 }  // namespace kelvor

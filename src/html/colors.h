@@ -17,7 +17,10 @@ std::string longToHex(int& value);
 /// "RRGGBB".
 std::string colorToHtml(int value);
 
-/// The colour of a text "#RRGGBB"; white for "" and "(n/a)". A group that is no hexadecimal number is an error 5.
+/// The colour of a text "#RRGGBB"; white for any that does not name one so, such as "", "(n/a)" and "silver".
 int sampleColor(std::string_view text);
+
+/// Black or white, whichever can be read on `color`. All have red in the low byte.
+int legibleOn(int color);
 
 }  // namespace kelvor

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/convert.h"
 
+#include <QPalette>
 #include <QTextDocument>
 #include <QWidget>
 #include <algorithm>
 
+#include "html/colors.h"
 #include "text/code_points.h"
 #include "text/shown_name.h"
 
@@ -25,10 +27,13 @@ QColor colorToQt(int color) {
     return {color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff};
 }
 
-void showBackColor(QWidget& widget, QPalette::ColorRole role, int color) {
+void showBackColor(QWidget& field, int color) {
     QPalette palette;
-    if (color >= 0) palette.setColor(role, colorToQt(color));
-    widget.setPalette(color >= 0 ? palette : QPalette());
+    if (color >= 0) {
+        palette.setColor(QPalette::Base, colorToQt(color));
+        palette.setColor(QPalette::Text, colorToQt(legibleOn(color)));
+    }
+    field.setPalette(palette);
 }
 
 QString plainLines(std::string_view text) {

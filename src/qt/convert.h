@@ -3,7 +3,6 @@
 
 #include <QColor>
 #include <QDate>
-#include <QPalette>
 #include <QString>
 #include <string>
 #include <string_view>
@@ -36,8 +35,8 @@ int fromQt(const QColor& color);
 /// The other way.
 QColor colorToQt(int color);
 
-/// A background of one colour, counted so; -1 is the desktop's own.
-void showBackColor(QWidget& widget, QPalette::ColorRole role, int color);
+/// A field's background of one colour, counted so, with a text that can be read on it; -1 is the desktop's own.
+void showBackColor(QWidget& field, int color);
 
 /// The text with CR LF and CR as LF, as labels and boxes break lines.
 QString plainLines(std::string_view text);

@@ -63,6 +63,17 @@ TEST_F(Binding, ADoubleClickedFieldIsOpenedByKeysToo) {
     EXPECT_EQ(told_, 3);
 }
 
+TEST_F(Binding, ATextCanBeReadOnTheColorBehindIt) {
+    const auto [box, widget] = pair<TextBox, QLineEdit>("txtColor", "(n/a)");
+    bind();
+    for (const auto& [color, text] : {std::pair{0x800000, QColor(Qt::white)}, {0xC0FFFF, QColor(Qt::black)}}) {
+        box.setBackColor(color);
+        EXPECT_EQ(widget.palette().color(QPalette::Text), text);
+    }
+    box.setBackColor(-1);
+    EXPECT_EQ(widget.palette(), QApplication::palette(&widget));
+}
+
 TEST_F(Binding, ArrowsStepTheNumberBesideThemWithinTheirRange) {
     const struct {
         std::string text;

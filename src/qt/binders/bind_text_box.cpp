@@ -53,7 +53,7 @@ private:
 void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link) {
     link.follow(box, widget, [&box, &widget](Aspect aspect) {
         showField(box, widget, aspect);
-        showBackColor(widget, QPalette::Base, box.backColor());
+        showBackColor(widget, box.backColor());
     });
     QObject::connect(&widget, &QLineEdit::textEdited, &link, [&box, &widget, &link](const QString& text) {
         link.perform([&] { box.type(fromQt(text)); }, [&] { showField(box, widget, Aspect::text); });
