@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "assistants/format_document.h"
 #include "assistants/link_manager.h"
 #include "assistants/template_holder.h"
 #include "authoring/convert.h"
@@ -105,6 +106,7 @@ constexpr CommandRow commands[] = {
     {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
     {"mnuInsert_Links", mnuInsert_Links_Click},
     {"mnuInsert_Scripts", mnuInsert_Scripts_Click},
+    {"mnuTools_Format", mnuTools_Format_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
 
@@ -208,7 +210,7 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuTools_Format", "mnuInsert_Image", "mnuInsert_TableWiz", "mnuFile_Pref"};
+constexpr const char* rowsToCome[] = {"mnuInsert_Image", "mnuInsert_TableWiz", "mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));

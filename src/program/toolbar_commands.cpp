@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/toolbar_commands.h"
 
+#include "assistants/format_document.h"
 #include "assistants/link_manager.h"
 #include "assistants/template_holder.h"
 #include "authoring/quick_color.h"
@@ -79,6 +80,7 @@ constexpr ButtonRow mainRows[] = {
     {"Scripts", mnuInsert_Scripts_Click},
     {"Tags", mnuInsert_Tags_Click},
     {"Special Chars", mnuInsert_SpecialChars_Click},
+    {"Format", mnuTools_Format_Click},
     {"Quick Format", mnuFormatText_Quick_Click},
     {"color", mnu_RClick_QuickColor_Click},
     {"About", mnuHelp_About_Click},
@@ -118,9 +120,9 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Image",         "Table",      "Format",     "form_open",   "form_text",
-                                      "form_textarea", "form_check", "form_radio", "form_select", "form_image",
-                                      "form_hidden",   "form_pw",    "form_reset", "form_button", "form_submit"};
+constexpr const char* keysToCome[] = {"Image",      "Table",      "form_open",   "form_text",  "form_textarea",
+                                      "form_check", "form_radio", "form_select", "form_image", "form_hidden",
+                                      "form_pw",    "form_reset", "form_button", "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {

@@ -66,6 +66,9 @@ inline constexpr UserSetting editorBackColor("BGColor");
 inline constexpr UserSetting editorForeColor("ForeColor");
 inline constexpr UserSetting fileFilter("DFilter");
 inline constexpr UserSetting scriptLanguage("ScriptLang");  ///< "JS" or "VBS"
+inline constexpr UserSetting authorName("name");
+inline constexpr UserSetting fillsInAuthor("prefillAuthor");
+inline constexpr UserSetting fillsInProgram("prefillProgram");
 
 inline constexpr UserList recentFiles("Recent_Files");
 inline constexpr UserList searchedTexts("Find_Hist");

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <set>
 
+#include "assistants/format_document.h"
 #include "assistants/link_manager.h"
 #include "assistants/template_holder.h"
 #include "authoring/convert.h"
@@ -68,9 +69,9 @@ protected:
 };
 
 TEST_F(Layouts, EachFitsItsFormAndNamesItsParts) {
-    bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace, LinkManager,
-             MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant, SpecialCharacterInsertion, Tags,
-             TemplateHolder, TextFormat>();
+    bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace, FormatDocument,
+             LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
+             SpecialCharacterInsertion, Tags, TemplateHolder, TextFormat>();
     std::set<std::string> layouts;
     for (const auto& file : std::filesystem::directory_iterator(KELVOR_LAYOUTS)) layouts.insert(file.path().filename());
     EXPECT_EQ(bound_, layouts) << "a layout without its form here";
