@@ -4,35 +4,11 @@
 #include <filesystem>
 
 #include "base/event.h"
-#include "controls/form.h"
 #include "controls/menu_item.h"
 #include "controls/tab_control.h"
 #include "frame/file_dialogs.h"
 
 namespace kelvor {
-
-namespace {
-
-std::string describe(const Message& message) {
-    return "[" + message.title + "] " + message.text;
-}
-
-std::string joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const auto& word : words) text += (text.empty() ? "" : "|") + word;
-    return text;
-}
-
-/// Every row of a tool's popup does something. The frame's rows are known by a table.
-void expectConnectedRows(const MenuItem& menu) {
-    for (const Control* control : menu.form().controls()) {
-        const auto* row = dynamic_cast<const MenuItem*>(control);
-        if (row == nullptr || row->parent() != &menu || row->isSeparator()) continue;
-        EXPECT_TRUE(row->clicked.isConnected() || menu.form().kind() == Form::Kind::frame) << row->name();
-    }
-}
-
-}  // namespace
 
 void failOnError(const Error& error) {
     ADD_FAILURE() << "unexpected error " << error.number() << ": " << error.description();
@@ -40,47 +16,6 @@ void failOnError(const Error& error) {
 
 std::string numbersOf(const Date& day) {
     return std::to_string(day.year) + "-" + std::to_string(day.month) + "-" + std::to_string(day.day);
-}
-
-FakePlatform::FakePlatform() {
-    setErrorSink(failOnError);
-}
-
-FakePlatform::~FakePlatform() {
-    verifyNothingOutstanding();
-    setErrorSink({});
-}
-
-void FakePlatform::expectMessage(const Message& message, Answer answer) {
-    steps_.push_back({.kind = "message", .message = message, .title = message.title, .answer = answer});
-}
-
-void FakePlatform::expectInput(const std::string& prompt, const std::string& title, const std::string& answer) {
-    steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});
-}
-
-void FakePlatform::expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex) {
-    steps_.push_back({.kind = "open", .title = title, .paths = paths, .filterIndex = filterIndex});
-}
-
-void FakePlatform::expectSave(const std::string& path, const std::string& offered) {
-    steps_.push_back({.kind = "save", .title = "Save HTML file as", .text = offered, .paths = {path}});
-}
-
-void FakePlatform::expectColor(std::optional<int> color) {
-    steps_.push_back({.kind = "color", .color = color});
-}
-
-void FakePlatform::expectFolder(const std::string& title, const std::optional<std::string>& answer) {
-    steps_.push_back({.kind = "folder", .title = title, .text = answer.value_or("")});
-}
-
-void FakePlatform::expectModal(std::function<void(Form&)> steps) {
-    steps_.push_back({.kind = "modal", .modal = std::move(steps)});
-}
-
-void FakePlatform::expectPopup(std::function<void(MenuItem&)> steps) {
-    steps_.push_back({.kind = "popup", .popup = std::move(steps)});
 }
 
 void FakePlatform::verifyNothingOutstanding() {
@@ -101,14 +36,14 @@ std::optional<FakePlatform::Step> FakePlatform::next(const std::string& kind, co
 Answer FakePlatform::message(const Message& message) {
     if (answerAll_) return *answerAll_;
     pointersAtBoxes += pointer == MousePointer::hourglass ? "h" : "a";
-    const auto step = next("message", describe(message));
+    const auto step = next("message", message.text);
     if (!step) return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
     EXPECT_EQ(message.text, step->message.text);
-    EXPECT_EQ(message.cause, step->message.cause) << describe(message);
+    EXPECT_EQ(message.cause, step->message.cause) << message.text;
     EXPECT_EQ(message.title, step->message.title);
-    EXPECT_EQ(message.icon, step->message.icon) << describe(message);
-    EXPECT_EQ(message.buttons, step->message.buttons) << describe(message);
-    EXPECT_EQ(message.standard, step->message.standard) << describe(message);
+    EXPECT_EQ(message.icon, step->message.icon) << message.text;
+    EXPECT_EQ(message.buttons, step->message.buttons) << message.text;
+    EXPECT_EQ(message.standard, step->message.standard) << message.text;
     return step->answer;
 }
 
@@ -120,28 +55,22 @@ std::string FakePlatform::input(const InputRequest& request) {
     return step->text;
 }
 
-void FakePlatform::expectRequest(const FileRequest& request, const Step& step) {
-    EXPECT_EQ(request.title, step.title);
-    EXPECT_EQ(request.directory, lastDir) << step.title;
-    EXPECT_EQ(request.filter, step.title == "Select and image file" ? pictureFilter : documentFilter);
-    EXPECT_EQ(request.filterIndex, step.filterIndex) << step.title;
-    EXPECT_EQ(request.fileName, step.text) << step.title;
-    EXPECT_EQ(request.multiple, step.title.find("(multiple selections allowed)") != std::string::npos) << step.title;
-    EXPECT_EQ(request.overwritePrompt, step.kind == "save") << step.title;
-}
-
-std::vector<std::string> FakePlatform::openFiles(const FileRequest& request) {
-    const auto step = next("open", request.title);
+std::vector<std::string> FakePlatform::pathsFor(const std::string& kind, const FileRequest& request) {
+    const auto step = next(kind, request.title);
     if (!step) return {};
-    expectRequest(request, *step);
+    EXPECT_EQ(request.title, step->title);
+    EXPECT_EQ(request.directory, lastDir) << step->title;
+    EXPECT_EQ(request.filter, step->title == "Select and image file" ? pictureFilter : documentFilter);
+    EXPECT_EQ(request.filterIndex, step->filterIndex) << step->title;
+    EXPECT_EQ(request.fileName, step->text) << step->title;
+    EXPECT_EQ(request.multiple, step->title.find("(multiple selections allowed)") != std::string::npos) << step->title;
+    EXPECT_EQ(request.overwritePrompt, kind == "save") << step->title;
     return step->paths;
 }
 
 std::optional<std::string> FakePlatform::saveFile(const FileRequest& request) {
-    const auto step = next("save", request.title);
-    if (!step) return {};
-    expectRequest(request, *step);
-    return step->paths.front().empty() ? std::nullopt : std::optional(step->paths.front());
+    const auto paths = pathsFor("save", request);
+    return paths.empty() || paths.front().empty() ? std::nullopt : std::optional(paths.front());
 }
 
 std::optional<int> FakePlatform::color(const std::string& title, int start) {
@@ -153,17 +82,17 @@ std::optional<int> FakePlatform::color(const std::string& title, int start) {
 
 std::optional<std::string> FakePlatform::folder(const std::string& title, const std::string& start) {
     const auto step = next("folder", title);
-    if (!step) return {};
-    EXPECT_EQ(title, step->title);
     EXPECT_EQ(start, lastDir) << title;
-    if (step->text.empty()) return {};
-    return step->text;
+    EXPECT_EQ(title, step ? step->title : title);
+    return step && !step->text.empty() ? std::optional(step->text) : std::nullopt;
 }
 
 void FakePlatform::start(const std::vector<std::string>& words, const std::string& /*workingDirectory*/) {
     if (const auto failing = startFails.find(words.front()); failing != startFails.end())
         throw Error(failing->second, "cannot start " + words.front());
-    started.push_back(joined(words));
+    std::string text = words.front();
+    for (std::size_t word = 1; word < words.size(); ++word) text += "|" + words[word];
+    started.push_back(text);
 }
 
 void FakePlatform::create(Form& form) {
@@ -179,19 +108,12 @@ void FakePlatform::destroy(Form& form) {
 }
 
 void FakePlatform::showModal(Form& form) {
-    const auto step = next("modal", form.name());
-    if (step) step->modal(form);
-}
-
-void FakePlatform::showModeless(Form& form, bool owned) {
-    shownModeless.push_back(form.name() + (owned ? " owned" : ""));
+    if (const auto step = next("modal", form.name())) step->modal(form);
 }
 
 void FakePlatform::popupMenu(MenuItem& menu, const Control* /*below*/) {
     menu.clicked.raise();
-    expectConnectedRows(menu);
-    const auto step = next("popup", menu.name());
-    if (step) step->popup(menu);
+    if (const auto step = next("popup", menu.name())) step->popup(menu);
 }
 
 std::string disabledIn(const Form& form) {

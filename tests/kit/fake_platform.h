@@ -7,9 +7,12 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/error.h"
+#include "base/event.h"
+#include "controls/form.h"
 #include "files/places.h"
 #include "tests/kit/quiet_platform.h"
 #include "tests/kit/scratch_directory.h"
@@ -27,26 +30,38 @@ void failOnError(const Error& error);
 class FakePlatform : private QuietPlatform {
 public:
     /// Puts itself in force. An error of a handler fails the test, unless it sets an error sink of its own.
-    FakePlatform();
-    ~FakePlatform() override;
+    FakePlatform() { setErrorSink(failOnError); }
+    ~FakePlatform() override {
+        verifyNothingOutstanding();
+        setErrorSink({});
+    }
 
     /// The next message box must be exactly this one, and gets this answer.
-    void expectMessage(const Message& message, Answer answer = Answer::ok);
+    void expectMessage(const Message& message, Answer answer = Answer::ok) {
+        steps_.push_back({.kind = "message", .message = message, .title = message.title, .answer = answer});
+    }
     /// The next input box must have this prompt and title.
-    void expectInput(const std::string& prompt, const std::string& title, const std::string& answer);
+    void expectInput(const std::string& prompt, const std::string& title, const std::string& answer) {
+        steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});
+    }
     /// The next dialog must be the one that opens files, with this title and filter row, in the directory last used and
     /// with the filter of documents, or of pictures for their title; it takes several files when its title says so. No
     /// paths cancel it.
-    void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1);
+    void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1) {
+        steps_.push_back({.kind = "open", .title = title, .paths = paths, .filterIndex = filterIndex});
+    }
     /// The next dialog must be the one for a name, which asks before a file is written over and offers `offered`. No
     /// path cancels it.
-    void expectSave(const std::string& path, const std::string& offered = {});
-    void expectColor(std::optional<int> color);
-    void expectFolder(const std::string& title, const std::optional<std::string>& answer);
-    /// While the next modal form is shown, `steps` run.
-    void expectModal(std::function<void(Form&)> steps);
-    /// While the next popup is open, `steps` run.
-    void expectPopup(std::function<void(MenuItem&)> steps);
+    void expectSave(const std::string& path, const std::string& offered = {}) {
+        steps_.push_back({.kind = "save", .title = "Save HTML file as", .text = offered, .paths = {path}});
+    }
+    void expectColor(std::optional<int> color) { steps_.push_back({.kind = "color", .color = color}); }
+    void expectFolder(const std::string& title, const std::optional<std::string>& answer) {
+        steps_.push_back({.kind = "folder", .title = title, .text = answer.value_or("")});
+    }
+    /// While the next modal form is shown, or the next popup is open, `steps` run.
+    void expectModal(std::function<void(Form&)> steps) { steps_.push_back({.kind = "modal", .modal = steps}); }
+    void expectPopup(std::function<void(MenuItem&)> steps) { steps_.push_back({.kind = "popup", .popup = steps}); }
 
     /// From now on every message box gets this answer unseen; for the end of a test.
     void answerAllMessages(Answer answer) { answerAll_ = answer; }
@@ -69,6 +84,7 @@ public:
     int eventRounds = 0;
     std::string colorTitle;  ///< what the last colour dialog was opened with
     int colorStart = 0;
+    static inline std::function<void()> whileWaiting;  ///< an act of the user when waiting events run next
 
 private:
     struct Step {
@@ -84,12 +100,12 @@ private:
         std::function<void(Form&)> modal;
         std::function<void(MenuItem&)> popup;
     };
-    static void expectRequest(const FileRequest& request, const Step& step);
+    std::vector<std::string> pathsFor(const std::string& kind, const FileRequest& request);
     std::optional<Step> next(const std::string& kind, const std::string& what);
 
     Answer message(const Message& message) override;
     std::string input(const InputRequest& request) override;
-    std::vector<std::string> openFiles(const FileRequest& request) override;
+    std::vector<std::string> openFiles(const FileRequest& request) override { return pathsFor("open", request); }
     std::optional<std::string> saveFile(const FileRequest& request) override;
     std::optional<int> color(const std::string& title, int start) override;
     std::optional<std::string> folder(const std::string& title, const std::string& start) override;
@@ -97,7 +113,10 @@ private:
     void beep() override { ++beeps; }
     void setMousePointer(MousePointer value) override { pointer = value; }
     std::vector<std::string> fonts() override { return fontNames; }
-    void processEvents() override { ++eventRounds; }
+    void processEvents() override {
+        ++eventRounds;
+        if (const auto act = std::exchange(whileWaiting, nullptr)) act();
+    }
 
     bool open(const std::string& target) override {
         opened.push_back(target);
@@ -118,7 +137,9 @@ private:
     void create(Form& form) override;
     void destroy(Form& form) override;
     void showModal(Form& form) override;
-    void showModeless(Form& form, bool owned) override;
+    void showModeless(Form& form, bool owned) override {
+        shownModeless.push_back(form.name() + (owned ? " owned" : ""));
+    }
     void popupMenu(MenuItem& menu, const Control* below) override;
 
     std::deque<Step> steps_;

@@ -78,13 +78,7 @@ protected:
     void show(const std::string& /*address*/) override {}
 
 private:
-    Platform platform_{.dialogs = *this,
-                       .screen = *this,
-                       .shell = *this,
-                       .clock = *this,
-                       .clipboard = *this,
-                       .help = *this,
-                       .windows = *this};
+    Platform platform_{*this, *this, *this, *this, *this, *this, *this};
 };
 
 }  // namespace kelvor
