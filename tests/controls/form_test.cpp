@@ -34,7 +34,6 @@ TEST_F(Forms, TheFrameAsksAllItsChildrenBeforeTheFirstGoes) {
     for (Form* each : {&first, &second, &frame}) each->load();
     setLoadErrorSink({});
     Connection refusal = second.queryUnload.connectScoped([](bool& cancel) { cancel = true; });
-    EXPECT_EQ(loadedForms().front(), &frame);
     EXPECT_FALSE(frame.unload());
     refusal.reset();
     EXPECT_TRUE(frame.unload());
@@ -47,19 +46,6 @@ TEST_F(Forms, TheAreaTellsOnlyTheChildThatComesForward) {
     for (int i = 0; i < 2; ++i) area.activate(first);
     area.remove(second);
     EXPECT_EQ(order, "121");
-}
-
-TEST_F(Forms, AFormThatUnloadsItselfLivesToTheEndOfTheEvent) {
-    auto dialog = std::make_shared<Form>("dialog", "");
-    const std::weak_ptr watched = dialog;
-    dialog->unloaded.connect([&dialog] { retire(std::exchange(dialog, nullptr)); });
-    dialog->resized.connect([&] {
-        dialog->unload();
-        EXPECT_FALSE(watched.expired());
-    });
-    dialog->load();
-    dialog->resized.raise();
-    EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(Forms, RemovingTabsKeepsANeighbourSelectedWithoutAClick) {

@@ -6,8 +6,6 @@
 #include <random>
 
 #include "controls/combo_box.h"
-#include "controls/file_list.h"
-#include "controls/list_view.h"
 #include "controls/report_view.h"
 #include "tests/kit/fake_platform.h"
 
@@ -20,64 +18,29 @@ std::vector<std::string> cellsOf(const ReportView& list) {
         cells.push_back(list.cell(row, 0) + "|" + list.cell(row, 1));
     return cells;
 }
-std::vector<std::string> cellsOf(const ListBox& list) {
-    return list.rows();
-}
-
 struct Lists : testing::Test {
-    /// A view: it knows the rows by what it is told alone.
-    template <typename List>
-    void mirror(List& list) {
-        list.followRows([&](const RowChange& change) {
-            const auto rows = cellsOf(list);
-            const auto at = seen.begin() + change.first;
-            const auto end = change.last + 1;
-            if (change.kind == RowChange::Kind::inserted)
-                seen.insert(at, rows.begin() + change.first, rows.begin() + end);
-            if (change.kind == RowChange::Kind::removed) seen.erase(at, seen.begin() + end);
-            if (change.kind == RowChange::Kind::changed) std::copy(rows.begin() + change.first, rows.begin() + end, at);
-            if (change.kind == RowChange::Kind::renewed) seen = rows;
-        });
-        list.follow([this](Aspect aspect) { selectionsTold += aspect == Aspect::selection ? 1 : 0; });
-    }
-    int anyRow(std::size_t count) { return static_cast<int>(random() % count); }
-    std::string anyText() { return std::to_string(random() % 10); }
-
     FakePlatform platform;
     Form form{"form", ""};
     std::vector<std::string> seen;
-    int selectionsTold = 0;
-    std::mt19937 random{11};
 };
-
-TEST_F(Lists, TellTheirViewsEveryChange) {
-    ListView box(form, "box");
-    mirror(box);
-    for (int count = 0; count < 500; ++count) {
-        const bool any = box.count() > 0;
-        const int act = count % 100 == 99 ? 0 : anyRow(6);
-        const int selected = box.selectedRow();
-        const int told = selectionsTold;
-        if (act == 0) count % 100 == 99 ? box.clear() : box.addRows({});
-        if (act == 1 || act == 2) box.addRows({anyText(), anyText()});
-        if (act == 3 && any) box.removeRow(anyRow(box.count()));
-        if (act == 4 && any) {
-            const int row = anyRow(box.count());
-            const std::string text = anyText();
-            const bool isOther = box.rows()[static_cast<std::size_t>(row)] != text;
-            ASSERT_EQ(box.edit(row, text), isOther) << "nobody refuses it";
-            ASSERT_EQ(box.rows()[static_cast<std::size_t>(row)], text);
-        }
-        if (act == 5 && any) box.setSelectedRow(anyRow(box.count() + 1) - 1);
-        ASSERT_EQ(seen, box.rows()) << act;
-        ASSERT_TRUE(selected == box.selectedRow() || selectionsTold > told) << act;
-        ASSERT_TRUE(box.selectedRow() >= -1 && box.selectedRow() < static_cast<int>(box.count())) << act;
-    }
-}
 
 TEST_F(Lists, OfReportsTellTheirViewsEveryChangeAndKeepTheCurrentRowCurrent) {
     ReportView report(form, "report", {"one", "two"});
-    mirror(report);
+    std::mt19937 random{11};
+    const auto anyRow = [&random](std::size_t count) { return static_cast<int>(random() % count); };
+    const auto anyText = [&random] { return std::to_string(random() % 10); };
+    // A view: it knows the rows by what it is told alone.
+    report.followRows([&](const RowChange& change) {
+        const auto rows = cellsOf(report);
+        const auto at = seen.begin() + change.first;
+        const auto end = change.last + 1;
+        if (change.kind == RowChange::Kind::inserted) seen.insert(at, rows.begin() + change.first, rows.begin() + end);
+        if (change.kind == RowChange::Kind::removed) seen.erase(at, seen.begin() + end);
+        if (change.kind == RowChange::Kind::changed) std::copy(rows.begin() + change.first, rows.begin() + end, at);
+        if (change.kind == RowChange::Kind::renewed) seen = rows;
+    });
+    int selectionsTold = 0;
+    report.follow([&](Aspect aspect) { selectionsTold += aspect == Aspect::selection ? 1 : 0; });
     for (int count = 0; count < 500; ++count) {
         const auto size = report.count();
         const int act = count % 100 == 99 ? 0 : anyRow(7);
@@ -117,8 +80,7 @@ TEST_F(Lists, ThatDropDownRaiseEachChoiceOnceAndKeepItWhileRowsComeAndGo) {
     list.removeItem(0);
     EXPECT_EQ(list.listIndex(), 2);
     list.removeItem(2);
-    EXPECT_EQ(list.listIndex(), -1);
-    EXPECT_EQ(list.text(), "");
+    EXPECT_EQ(std::to_string(list.listIndex()) + list.text(), "-1");
     EXPECT_EQ(seen, list.list());
     list.clear();
     EXPECT_TRUE(seen.empty());
