@@ -11,21 +11,14 @@
 
 namespace kelvor {
 
-/// A web server for pages under test, and an ear for what they send: TCP and UDP on one port of this machine. It
-/// works while events run.
+/// A web server for pages under test, and an ear for what they send. It works while events run.
 class LoopbackListener {
 public:
     explicit LoopbackListener(std::unique_ptr<QTcpServer> server = std::make_unique<QTcpServer>())
         : server_(std::move(server)) {
-        if (!server_->listen(QHostAddress::LocalHost) ||
-            !datagrams_.bind(QHostAddress::LocalHost, server_->serverPort()))
-            throw std::runtime_error("no loopback port");
+        if (!server_->listen(QHostAddress::LocalHost)) throw std::runtime_error("no loopback port");
         QObject::connect(server_.get(), &QTcpServer::pendingConnectionAvailable,
                          [this] { take(*server_->nextPendingConnection()); });
-        QObject::connect(&datagrams_, &QUdpSocket::readyRead, [this] {
-            datagrams_.receiveDatagram();
-            heard_.emplace_back("datagram");
-        });
     }
 
     /// What is answered to GET `path`; anything else gets 404. An answer without a body redirects to `type`.
@@ -38,7 +31,7 @@ public:
 
     /// Answers GET `path` with the status and the lines of a header, and no body. A request that holds `opener` gets
     /// what serve() told for the path.
-    void refuse(const std::string& path, const std::string& statusAndHeader, const std::string& opener = "\n\n") {
+    void refuse(const std::string& path, const std::string& statusAndHeader, const std::string& opener) {
         refusals_["GET " + path + " HTTP/1.1"] = {statusAndHeader + "\r\nContent-Length: 0\r\n\r\n", opener};
     }
 
@@ -50,7 +43,7 @@ public:
 
     std::string address() const { return "127.0.0.1:" + std::to_string(server_->serverPort()); }
 
-    /// What has come in since the last call: first lines of requests, "" for a connection without one, and "datagram".
+    /// What has come in since the last call: first lines of requests, and "" for a connection without one.
     std::vector<std::string> heard() { return std::exchange(heard_, {}); }
 
 private:
@@ -71,12 +64,11 @@ private:
         });
     }
 
-    std::string answerTo(const std::string& line, const std::string& request) const {
+    std::string answerTo(const std::string& line, const std::string& request) {
         const auto refusal = refusals_.find(line);
-        if (refusal != refusals_.end() && request.find(refusal->second.opener) == std::string::npos)
-            return refusal->second.answer;
-        const auto known = answers_.find(line);
-        return known != answers_.end() ? known->second : "404 Not Found\r\nContent-Length: 0\r\n\r\n";
+        const bool isRefused = refusal != refusals_.end() && request.find(refusal->second.opener) == std::string::npos;
+        const std::string& answer = isRefused ? refusal->second.answer : answers_[line];
+        return answer.empty() ? "404 Not Found\r\nContent-Length: 0\r\n\r\n" : answer;
     }
 
     struct Refusal {
@@ -89,7 +81,6 @@ private:
     std::map<std::string, std::string> answers_;
     std::map<std::string, Refusal> refusals_;
     std::vector<std::string> heard_;
-    QUdpSocket datagrams_;
     std::unique_ptr<QTcpServer> server_;
 };
 

@@ -10,21 +10,6 @@ namespace {
 constexpr const char* redPicture =
     R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8"><rect width="8" height="8" fill="red"/></svg>)";
 
-TEST_F(Preview, TheEngineComesWithTheFirstPageUnlessRootHasNoSandboxAndItsFlagsStayAmongThemselves) {
-    if (engineIsLoaded()) GTEST_SKIP() << "another test of this process has loaded the engine";
-    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu");
-    if (geteuid() == 0) {
-        qunsetenv(sandboxVariable);
-        show("a.html", "<P>hello");
-        EXPECT_TRUE(tells("runs as root"));
-        qputenv(sandboxVariable, "1");
-    }
-    EXPECT_FALSE(engineIsLoaded());
-    show("a.html", "<title>shown</title>");
-    EXPECT_EQ(titleOnce("shown"), "shown");
-    EXPECT_EQ(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS"), "--disable-gpu");
-}
-
 TEST_F(Preview, ALocalPageShowsWithItsStyleSheetAndPictureWhateverItsName) {
     files_.write("p#1%41.svg", redPicture);
     files_.write("s.css", "body { margin: 0; background: rgb(0, 0, 255) }");
@@ -53,35 +38,15 @@ TEST_F(Preview, EachShowingReadsTheFilesAnewAndKnowsNothingOfTheOneBefore) {
     }
 }
 
-TEST_F(Preview, APageOfAServerShowsAndGetsNoLocalFile) {
-    const std::string local = "file://" + files_.write("secret.svg", redPicture);
-    listener_.serve("/s.css", "text/css", "body { z-index: 7 }");
-    listener_.serve("/old", "/page", "");
-    listener_.serve("/page", "text/html", "<script>const local = '" + local + R"html('</script>
-        <link rel=stylesheet href=/s.css><body><script>
-            document.body.innerHTML = `<img id=i src='${local}'><iframe src='${local}'></iframe>`;
-            onload = async () => {
-                const got = await fetch(local).then(r => r.text()).catch(() => 'no');
-                document.title = 'end ' + getComputedStyle(document.body).zIndex + i.naturalWidth + got
-            }</script>)html");
-    browser_.Navigate("http://" + listener_.address() + "/old", 0);
-    EXPECT_EQ(titleOnce("end"), "end 70no");
-}
-
 TEST_F(Preview, LinksLeadOnWithinTheFolderOnly) {
     loadRemoteContent();
     std::filesystem::create_directory(files_.path("sub"));
     for (const char* page : {"next.html", "sub/next.html"}) files_.write(page, titled("'reached'"));
-    const auto click = [&](const std::string& target) {
+    for (const auto& target : Heard{"next.html", "../next.html", "http://" + listener_.address() + "/x"}) {
         show("sub/a.html", "<a id=l href='" + target + "'>x</a>" + titled("'here'; l.click()"));
-    };
-    click("next.html");
-    EXPECT_EQ(titleOnce("reached"), "reached");
-    const std::string away = "http://" + listener_.address() + "/x";
-    for (const char* target : {"../next.html", away.c_str(), "file:///etc/passwd"}) {
-        click(target);
-        EXPECT_TRUE(tells("does not follow")) << target;
-        EXPECT_EQ(titleOnce("here"), "here") << target;
+        const bool isFollowed = target == "next.html";
+        EXPECT_NE(tells("does not follow", isFollowed ? 0 : 10'000), isFollowed) << target;
+        EXPECT_EQ(titleOnce(isFollowed ? "reached" : "here"), isFollowed ? "reached" : "here") << target;
     }
     EXPECT_EQ(listener_.heard(), Heard());
 }
@@ -105,23 +70,19 @@ TEST_F(Preview, AKilledPageIsToldAndReloadsAndAClosedOneGivesItsProcessFree) {
 TEST_F(Preview, AMappedAddressIsSentAsTheServerKnowsItAndTellsWhenItIsNone) {
     const std::string base = "http://" + listener_.address();
     listener_.serve("/a%20b%231%3F%2541.html", "text/html", "<title>mapped</title>");
+    browser_.Navigate(files_.write("x.html", "<title>file</title>"), 0, "localhost/x.html");
+    EXPECT_TRUE(tells("The mapping gives no address"));
+    EXPECT_EQ(titleOnce("file"), "file");
     browser_.Navigate(base + "/a b#1?%41.html", 0, base + "/a%20b%231%3F%2541.html");
     EXPECT_EQ(titleOnce("mapped"), "mapped");
-    for (int time = 0; time < 2; ++time) {
-        browser_.Navigate(files_.write("x.html", "<title>file</title>"), 0, "localhost/x.html");
-        EXPECT_TRUE(tells("The mapping gives no address")) << time;
-        EXPECT_EQ(titleOnce("file"), "file");
-        showServed("/a%20b%231%3F%2541.html");
-        EXPECT_EQ(titleOnce("mapped"), "mapped");
-        EXPECT_FALSE(tellsNow("The mapping gives no address"));
-    }
+    EXPECT_FALSE(tellsNow("The mapping gives no address"));
 }
 
 TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     listener_.refuse("/p", "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"shop\"", "Basic YW5uOnNlY3JldA==");
     listener_.serve("/p", "text/html", "<title>inside</title>");
-    const auto logIn = [this](const char* password, const std::string& server) {
-        EXPECT_TRUE(tells((server + " asks for a name and a password.\nIt says: shop").c_str()));
+    const auto logIn = [this](const char* password, const LoopbackListener& server) {
+        EXPECT_TRUE(tells((server.address() + " asks for a name and a password.\nIt says: shop").c_str()));
         const QList<QLineEdit*> fields = window_.findChildren<QLineEdit*>();
         ASSERT_EQ(fields.size(), 2);
         EXPECT_TRUE(fields[1]->text().isEmpty() && fields[1]->echoMode() == QLineEdit::Password);
@@ -132,9 +93,9 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     showServed("/p");
     EXPECT_TRUE(tells("asks for a name"));
     EXPECT_EQ(listener_.heard(), Heard{"GET /p HTTP/1.1"}) << "no empty name and password";
-    logIn("wrong", listener_.address());
+    logIn("wrong", listener_);
     EXPECT_TRUE(tells("were not taken"));
-    logIn("secret", listener_.address());
+    logIn("secret", listener_);
     EXPECT_EQ(titleOnce("inside"), "inside");
     browser_.Close();
     showServed("/p");
@@ -144,21 +105,11 @@ TEST_F(Preview, ALoginIsAskedInThePaneAndKept) {
     second.refuse("/", "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"shop\"", "Basic YW5uOnNlY29uZA==");
     second.serve("/", "text/html", "<title>second</title>");
     browser_.Navigate("http://" + second.address() + "/", 0);
-    logIn("second", second.address());
+    logIn("second", second);
     EXPECT_EQ(titleOnce("second"), "second");
     listener_.serve("/p", "http://" + second.address() + "/", "");
     showServed("/p");
     EXPECT_EQ(titleOnce("second"), "second") << "each server has its own login, the realm's name alone says nothing";
-}
-
-TEST_F(Preview, WhatFailsAfterALoginWasAskedIsTold) {
-    listener_.refuse("/p",
-                     "401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"yard\"\r\nContent-Type: text/html\r\n"
-                     "Refresh: 1;url=/missing\r\nContent-Length: 2\r\n\r\nno");
-    showServed("/p");
-    EXPECT_TRUE(tells("asks for a name"));
-    EXPECT_FALSE(tellsNow("answered with the error")) << "it asks for a login, that is all";
-    EXPECT_TRUE(tells("answered with the error 404"));
 }
 
 TEST_F(Preview, ASilentADeadAndADownloadingServerAreTold) {
@@ -189,7 +140,6 @@ TEST_F(Preview, AStoppedPageIsToldAndReloadsUnlessPartOfItShows) {
     showServed("/late");
     press("Stop");
     EXPECT_TRUE(tells("/late was not loaded."));
-    ASSERT_NE(button("Reload"), nullptr);
     EXPECT_EQ(window_.focusWidget(), button("Reload")) << "the button that was pressed is gone";
     listener_.serve("/late", "text/html", "<title>part</title><img src='http://" + silent.address() + "/'>");
     press("Reload");
@@ -197,7 +147,6 @@ TEST_F(Preview, AStoppedPageIsToldAndReloadsUnlessPartOfItShows) {
     press("Stop");
     EXPECT_TRUE(QTest::qWaitFor([&] { return silent.isSilent() && silent.isGivenUp(); }, 10'000));
     EXPECT_FALSE(tells("was not loaded", 500));
-    EXPECT_EQ(title(), "part");
 }
 
 TEST_F(Preview, ACertificateThatNobodyVouchesForIsNamedAndCanBeTakenForTheRun) {
