@@ -61,9 +61,10 @@ std::set<std::string> bindEach(QtWindows& windows) {
 }
 
 TEST_F(QtForms, EachLayoutFitsItsFormAndNamesItsParts) {
-    const auto bound = bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace,
-                                LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
-                                SpecialCharacterInsertion, Tags, TemplateHolder, TextFormat>(platform_.windows());
+    const auto bound =
+        bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace,
+                 FormatDocument, LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
+                 SpecialCharacterInsertion, Tags, TemplateHolder, TextFormat>(platform_.windows());
     std::set<std::string> layouts;
     for (const auto& file : std::filesystem::directory_iterator(KELVOR_LAYOUTS)) layouts.insert(file.path().filename());
     EXPECT_EQ(bound, layouts) << "a layout without its form here";
