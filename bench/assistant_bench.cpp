@@ -62,7 +62,7 @@ std::string scriptTree() {
 
 QTreeView& shownList(const char* name) {
     for (const QWidget* window : QApplication::topLevelWidgets())
-        if (auto* list = window->findChild<QTreeView*>(name)) return *list;
+        if (auto* list = window->findChild<QTreeView*>(name); list && list->model()) return *list;
     throw std::runtime_error(std::string(name) + " is not shown");
 }
 

@@ -2,6 +2,7 @@
 #include "batch/script_assistant.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "batch/walk_filters.h"
@@ -68,12 +69,14 @@ void ScriptAssistant::loadScripts() {
 void ScriptAssistant::gather(const std::string& directory) {
     const Hourglass hourglass;
     lstList.clear();
+    found_.clear();
     walkForEach(objDirWalk_, filters()[static_cast<std::size_t>(cboFilter.listIndex())].patterns, directory,
                 chkSubDir.value());
+    lstList.addRows(std::move(found_));
 }
 
 void ScriptAssistant::objDirWalk_ItemFound(const std::string& sPath, const std::string& sFileName) {
-    lstList.addRow({sPath + sFileName});
+    found_.emplace_back().cells.push_back(sPath + sFileName);
 }
 
 void ScriptAssistant::SSTab1_Click() {

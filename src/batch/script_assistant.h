@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "KVFileSystem/dir_walker.h"
 #include "controls/check_box.h"
@@ -61,6 +62,7 @@ private:
 
     htmlkeys keys_;
     DirWalker objDirWalk_;
+    std::vector<ReportView::Row> found_;  ///< in this walk; many rows are shown at once and not one by one
 };
 
 /// The row of the list of filters that the user prefers: 0 JavaScript, 1 VBScript.
