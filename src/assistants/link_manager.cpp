@@ -119,8 +119,11 @@ void LinkManager::SSTab1_Click() {
         SSTab1.setCaption(fieldsPage, pageForNew);
         return cmdAdd.setCaption("&Add Link");
     }
-    if (!isEditing()) resetAddLink();
-    editLabel_ = txtLabel.text();
+    if (isEditing()) {
+        editLabel_ = txtLabel.text();
+    } else {
+        resetAddLink();
+    }
     txtLabel.SetFocus();
 }
 
