@@ -15,6 +15,7 @@
 #include "assistants/link_manager.h"
 #include "batch/script_assistant.h"
 #include "bench/program.h"
+#include "html/link_tag.h"
 #include "support/user_settings.h"
 
 namespace kelvor::bench {
@@ -34,7 +35,7 @@ void OpenTheLinkManager(benchmark::State& state) {
     program().open("page.htm", "");
     for (int link = 0; link < linkCount; ++link) {
         const std::string name = std::to_string(link * 7919 % linkCount);
-        user::links.store("link " + name, "<A HREF=\"http://www.example.com/" + name + ".html\">Page " + name + "</A>");
+        user::links.store("link " + name, linkTag({.address = "www.example.com/" + name, .description = "Page"}));
     }
     std::size_t rows = 0;
     for (auto step : state) {
@@ -51,7 +52,7 @@ BENCHMARK(OpenTheLinkManager)->Unit(benchmark::kMillisecond);
 
 /// 10,000 empty files in directories of 100.
 std::string scriptTree() {
-    const std::string tree = program().path("scripts");
+    std::string tree = program().path("scripts");
     for (int directory = 0; directory < directoryCount; ++directory) {
         const std::string name = tree + "/" + std::to_string(directory);
         std::filesystem::create_directories(name);

@@ -3,6 +3,8 @@
 
 #include <sqlite3.h>
 
+#include <functional>
+
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
 #include "support/user_settings.h"
@@ -23,29 +25,30 @@ protected:
     ~Links() override { toolForm<LinkManager>().unload(); }
 
     LinkManager& form() { return toolForm<LinkManager>(); }
-    void fill(const std::string& label, const std::string& address, const std::string& description) {
-        form().txtLabel.type(label);
-        form().txtAddress.type(address);
-        form().txtHTMLText.type(description);
-    }
     /// A right press on a row of the list, and the choice of a row of the popup.
-    void choose(int row, MenuItem LinkManager::*act) {
+    void choose(
+        int row, MenuItem LinkManager::*act, const std::function<void()>& before = [] {}) {
         form().ListView1.setSelectedRow(row);
-        platform.expectPopup([this, act](MenuItem&) { (form().*act).click(); });
+        platform.expectPopup([=, this](MenuItem&) {
+            before();
+            (form().*act).click();
+        });
         form().ListView1.mouseDown.raise({MousePress::right});
     }
     void remove(int row, const std::string& label, Answer answer) {
-        form().ListView1.setSelectedRow(row);
-        platform.expectPopup([=, this](MenuItem&) {
-            platform.expectMessage({.text = "Delete [" + label + "] link?",
-                                    .title = "Delete confirmation",
-                                    .icon = MessageIcon::question,
-                                    .buttons = MessageButtons::yesNo,
-                                    .standard = Answer::no},
-                                   answer);
-            form().mnuLinkRClick_delete.click();
-        });
-        form().ListView1.mouseDown.raise({MousePress::right});
+        Message message = question("Delete [" + label + "] link?", "Delete confirmation");
+        message.standard = Answer::no;
+        choose(row, &LinkManager::mnuLinkRClick_delete, [=, this] { platform.expectMessage(message, answer); });
+    }
+    void expectRefusal() {
+        platform.expectMessage(exclamation("You must enter a label for this link", "Mandatory data"));
+        form().cmdAdd.click();
+    }
+    void expectIllegal(const std::string& character) {
+        platform.expectMessage(critical("You have used the " + character +
+                                            " character.  This is an illegal character, you must remove it before this "
+                                            "operation can be completed.",
+                                        "Illegal Character Found!"));
     }
     /// The labels of the list, a blank behind each, and then those of the store.
     std::string labels() {
@@ -74,19 +77,15 @@ TEST_F(Links, ANewOneIsRefusedOrStoredUnderItsLabel) {
     form().SSTab1.choose(1);
     EXPECT_EQ(platform.focused, "txtLabel");
     EXPECT_EQ(form().lblFullLink.caption(), "(No data entered)");
-    platform.expectMessage(exclamation("You must enter a label for this link", "Mandatory data"));
+    expectRefusal();
+    form().txtLabel.type("B");
+    form().txtAddress.type("x\"");
+    form().txtHTMLText.type("<T>");
+    for (const char* character : {">", "<"}) expectIllegal(character);
     form().cmdAdd.click();
-    fill("B", "x\"", "<T>");
-    for (const char* character : {">", "<", "\""}) {
-        platform.expectMessage(critical("You have used the " + std::string(character) +
-                                            " character.  This is an illegal character, you must remove it before this "
-                                            "operation can be completed.",
-                                        "Illegal Character Found!"));
-        if (*character != '<') continue;
-        form().cmdAdd.click();
-        EXPECT_EQ(platform.focused, "txtHTMLText");
-        form().txtHTMLText.type("T");
-    }
+    EXPECT_EQ(platform.focused, "txtHTMLText");
+    form().txtHTMLText.type("T");
+    expectIllegal("\"");
     form().cmdAdd.click();
     EXPECT_EQ(platform.focused, "txtAddress");
     form().cboType.choose(3);
@@ -112,8 +111,7 @@ TEST_F(Links, AnEditTakesTheOldOneAwayOnceEvenWhenItIsRefused) {
     EXPECT_EQ(form().txtLabel.text() + "|" + form().txtAddress.text() + "|" + form().txtHTMLText.text(), "b|b|B");
     form().txtLabel.type("");
     for (int refused = 0; refused < 2; ++refused) {
-        platform.expectMessage(exclamation("You must enter a label for this link", "Mandatory data"));
-        form().cmdAdd.click();
+        expectRefusal();
         EXPECT_EQ(labels(), "A | A ");
     }
     form().txtLabel.type("0");
@@ -137,7 +135,7 @@ TEST_F(Links, AreTriedOutInTheBrowserButNotRelativeOnesFromTheirFields) {
 TEST_F(Links, AWriteThatFailsIsToldAndKeepsTheFields) {
     form().SSTab1.choose(1);
 
-    fill("new", "x", "y");
+    form().txtLabel.type("new");
     platform.expectMessage(critical("An error occurred while writing to the registry.", "SaveSetting Error",
                                     "There is not enough memory."));
     sqlite3_hard_heap_limit64(1);

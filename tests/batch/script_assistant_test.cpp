@@ -2,6 +2,7 @@
 #include "batch/script_assistant.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "controls/text_buffer.h"
 #include "editing/insertion.h"
@@ -47,11 +48,11 @@ TEST_F(Scripts, AreGatheredByTheChosenLanguageAndFolder) {
     EXPECT_TRUE(form.SSTab1.tab() == 0 && form.cmdInsert.enabled());
     form.cboFilter.choose(1);
     EXPECT_EQ(gathered(form), 1U);
-    platform.expectFolder("Select a new script directory.", {});
-    form.lblFolder.doubleClick();
-    EXPECT_EQ(form.lblFolder.caption(), folder());
-    platform.expectFolder("Select a new script directory.", folder() + "/sub");
-    form.lblFolder.doubleClick();
+    for (const auto& answer : {std::optional<std::string>(), std::optional(folder() + "/sub")}) {
+        platform.expectFolder("Select a new script directory.", answer);
+        form.lblFolder.doubleClick();
+        EXPECT_EQ(form.lblFolder.caption(), answer.value_or(folder()));
+    }
     EXPECT_EQ(form.lstList.count(), 1U) << "nothing is gathered unasked";
     form.SSTab1.choose(1);
     platform.expectMessage(

@@ -18,7 +18,6 @@ TEST(LinkTag, EachKindIsMadeAndSplitAndTheyAreSorted) {
         EXPECT_TRUE(type == 0 || compareText(linkTypes[type - 1].name, linkTypes[type].name) < 0);
     }
     EXPECT_EQ(linkTag({httpLink, "x", "y"}), R"(<A HREF="http://x">y</A>)");
-    EXPECT_EQ(linkTag({relativeLink, "x", "y"}), R"(<A HREF="x">y</A>)");
 }
 
 TEST(LinkTag, IsSplitAsItsTextStands) {
