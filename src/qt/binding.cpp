@@ -22,6 +22,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTextEdit>
 #include <QToolBar>
 #include <QTreeView>
@@ -38,6 +39,7 @@
 #include "controls/file_list.h"
 #include "controls/form.h"
 #include "controls/frame.h"
+#include "controls/grid.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
 #include "controls/list_view.h"
@@ -92,6 +94,7 @@ constexpr Binder binders[] = {
     tryBind<EditControl, QWidget, bindEditControl>,
     tryBind<FileList, QListView, bindFileList>,
     tryBind<Frame, QGroupBox, bindFrame>,
+    tryBind<Grid, QTableView, bindGrid>,
     tryBind<Label, QLabel, bindLabel>,
     tryBind<ListView, QListView, bindListView>,
     tryBind<ListBox, QListView, bindListBox>,
