@@ -101,6 +101,11 @@ QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option, const
     return isMore ? themedIcon(QStringLiteral(":/toolbar/more.svg")) : QProxyStyle::standardIcon(icon, option, widget);
 }
 
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* more) const {
+    const auto lines = hint == SH_Table_GridLineColor && option ? outlineColor(option->palette) : std::nullopt;
+    return lines ? static_cast<int>(lines->rgba()) : QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     // All buttons of the frame's bars are to be seen on a small screen.
     return metric == PM_ToolBarItemSpacing ? 0 : QProxyStyle::pixelMetric(metric, option, widget);

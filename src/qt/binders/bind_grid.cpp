@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QTableView>
 
+#include "html/colors.h"
 #include "qt/binders/binders.h"
 #include "qt/binders/string_rows.h"
 #include "qt/convert.h"
@@ -44,7 +45,7 @@ public:
             case Qt::BackgroundRole:
                 return cell.backColor == 0 ? QVariant() : colorToQt(cell.backColor);
             case Qt::ForegroundRole:
-                return cell.backColor == 0 ? QVariant() : legibleOn(colorToQt(cell.backColor));
+                return cell.backColor == 0 ? QVariant() : colorToQt(legibleOn(cell.backColor));
             default:
                 return {};
         }
@@ -54,10 +55,6 @@ private:
     /// For those who do not see the headerless cells.
     static QString place(const QModelIndex& index) {
         return QStringLiteral("C%1 : R%2").arg(index.column() + 1).arg(index.row() + 1);
-    }
-    static QColor legibleOn(const QColor& color) {
-        constexpr int middle = 128;
-        return qGray(color.rgb()) < middle ? Qt::white : Qt::black;
     }
 
     const Grid& grid_;
