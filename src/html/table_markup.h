@@ -56,7 +56,7 @@ private:
     int columns_ = 0;
 };
 
-enum class TableWidth { ignored, percentage, pixels };
+enum class TableWidth { percentage, pixels, ignored };
 
 /// What concerns a table as a whole.
 struct TableAttributes {

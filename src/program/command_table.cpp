@@ -5,6 +5,7 @@
 
 #include "assistants/format_document.h"
 #include "assistants/link_manager.h"
+#include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
 #include "authoring/convert.h"
 #include "authoring/date_time.h"
@@ -107,6 +108,7 @@ constexpr CommandRow commands[] = {
     {"mnuInsert_Links", mnuInsert_Links_Click},
     {"mnuInsert_Scripts", mnuInsert_Scripts_Click},
     {"mnuTools_Format", mnuTools_Format_Click},
+    {"mnuInsert_TableWiz", mnuInsert_TableWiz_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
 
@@ -210,7 +212,7 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuInsert_Image", "mnuInsert_TableWiz", "mnuFile_Pref"};
+constexpr const char* rowsToCome[] = {"mnuInsert_Image", "mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));

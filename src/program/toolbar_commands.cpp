@@ -3,6 +3,7 @@
 
 #include "assistants/format_document.h"
 #include "assistants/link_manager.h"
+#include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
 #include "authoring/quick_color.h"
 #include "authoring/selection_commands.h"
@@ -83,6 +84,7 @@ constexpr ButtonRow mainRows[] = {
     {"Format", mnuTools_Format_Click},
     {"Quick Format", mnuFormatText_Quick_Click},
     {"color", mnu_RClick_QuickColor_Click},
+    {"Table", mnuInsert_TableWiz_Click},
     {"About", mnuHelp_About_Click},
     {"Exit", mnuFile_Exit_Click},
 };
@@ -120,9 +122,9 @@ struct BarRow {
 constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
 
 /// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Image",      "Table",      "form_open",   "form_text",  "form_textarea",
-                                      "form_check", "form_radio", "form_select", "form_image", "form_hidden",
-                                      "form_pw",    "form_reset", "form_button", "form_submit"};
+constexpr const char* keysToCome[] = {"Image",      "form_open",   "form_text",  "form_textarea", "form_check",
+                                      "form_radio", "form_select", "form_image", "form_hidden",   "form_pw",
+                                      "form_reset", "form_button", "form_submit"};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {

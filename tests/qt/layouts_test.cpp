@@ -4,6 +4,7 @@
 
 #include "assistants/format_document.h"
 #include "assistants/link_manager.h"
+#include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
 #include "authoring/convert.h"
 #include "authoring/date_time.h"
@@ -64,7 +65,7 @@ TEST_F(QtForms, EachLayoutFitsItsFormAndNamesItsParts) {
     const auto bound =
         bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace,
                  FormatDocument, LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
-                 SpecialCharacterInsertion, Tags, TemplateHolder, TextFormat>(platform_.windows());
+                 SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>(platform_.windows());
     std::set<std::string> layouts;
     for (const auto& file : std::filesystem::directory_iterator(KELVOR_LAYOUTS)) layouts.insert(file.path().filename());
     EXPECT_EQ(bound, layouts) << "a layout without its form here";
