@@ -130,6 +130,8 @@ bool FormLink::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &window_) return filterWindow(*event);
     switch (event->type()) {
         case QEvent::FocusIn:
+            // A menu of the control's own that closes gives back what it had not taken.
+            if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason) return false;
             if (Control* control = controls_.value(watched)) control->gotFocus.raise();
             return false;
         case QEvent::Shortcut:

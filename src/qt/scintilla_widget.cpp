@@ -272,7 +272,8 @@ void ScintillaWidget::openPopupAtCaret() {
 
 void ScintillaWidget::focusInEvent(QFocusEvent* event) {
     QsciScintillaBase::focusInEvent(event);
-    if (control_) control_->gotFocus.raise();
+    // A popup menu that closes gives back what it had not taken.
+    if (control_ && event->reason() != Qt::PopupFocusReason) control_->gotFocus.raise();
 }
 
 void ScintillaWidget::changeEvent(QEvent* event) {

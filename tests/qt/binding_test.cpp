@@ -439,5 +439,19 @@ TEST_F(ToolForms, AnEditControlIsLeftByTabWrapsItsLinesAndLooksDisabledWhenItIs)
     EXPECT_GT(askText(QsciScintillaBase::SCI_WRAPCOUNT), 1);
 }
 
+TEST_F(ToolForms, AMenuThatClosesLeavesTheFocusAsItWas) {
+    for (Control* control : form_.controls()) {
+        control->SetFocus();
+        count(control->gotFocus);
+        QMenu menu;
+        menu.addAction("Paste");
+        menu.popup({});
+        letEventsRun();
+        menu.close();
+        letEventsRun();
+        EXPECT_EQ(told_, 0) << control->name();
+    }
+}
+
 }  // namespace
 }  // namespace kelvor::qt
