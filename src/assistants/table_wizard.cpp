@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <string>
 
+#include "assistants/link_manager.h"
 #include "authoring/date_time.h"
 #include "authoring/special_character_insertion.h"
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
 #include "base/error.h"
+#include "batch/script_assistant.h"
 #include "controls/mouse_press.h"
 #include "editing/insertion.h"
 #include "frame/color_dialog.h"
@@ -243,8 +245,16 @@ void TableWizard::mnuTableWiz_datetime_Click() {
     showTool<DateTimeDialog>();
 }
 
+void TableWizard::mnuTableWiz_link_Click() {
+    showTool<LinkManager>();
+}
+
 void TableWizard::mnuTableWiz_quick_Click() {
     showTool<TextFormat>();
+}
+
+void TableWizard::mnuTableWiz_script_Click() {
+    showTool<ScriptAssistant>();
 }
 
 void TableWizard::mnuTableWiz_special_Click() {

@@ -62,8 +62,12 @@ public:
     MenuItem mnuTableWiz{*this, "mnuTableWiz", nullptr};
     MenuItem mnuTableWiz_datetime{*this, "mnuTableWiz_datetime", &mnuTableWiz, "Date and Time",
                                   &TableWizard::mnuTableWiz_datetime_Click};
+    MenuItem mnuTableWiz_link{*this, "mnuTableWiz_link", &mnuTableWiz, "Link Manager",
+                              &TableWizard::mnuTableWiz_link_Click};
     MenuItem mnuTableWiz_quick{*this, "mnuTableWiz_quick", &mnuTableWiz, "Quick Text Format",
                                &TableWizard::mnuTableWiz_quick_Click};
+    MenuItem mnuTableWiz_script{*this, "mnuTableWiz_script", &mnuTableWiz, "Script Manager",
+                                &TableWizard::mnuTableWiz_script_Click};
     MenuItem mnuTableWiz_special{*this, "mnuTableWiz_special", &mnuTableWiz, "Special Characters",
                                  &TableWizard::mnuTableWiz_special_Click};
     MenuItem mnuTableWiz_tags{*this, "mnuTableWiz_tags", &mnuTableWiz, "Tags", &TableWizard::mnuTableWiz_tags_Click};
@@ -95,7 +99,9 @@ private:
     void txtCellBgColor_DblClick();
     void txtCellText_Change();
     void mnuTableWiz_datetime_Click();
+    void mnuTableWiz_link_Click();
     void mnuTableWiz_quick_Click();
+    void mnuTableWiz_script_Click();
     void mnuTableWiz_special_Click();
     void mnuTableWiz_tags_Click();
 

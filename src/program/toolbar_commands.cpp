@@ -79,12 +79,12 @@ constexpr ButtonRow mainRows[] = {
     {"para", mnu_RClick_Para_Click},
     {"Links", mnuInsert_Links_Click},
     {"Scripts", mnuInsert_Scripts_Click},
+    {"Table", mnuInsert_TableWiz_Click},
     {"Tags", mnuInsert_Tags_Click},
     {"Special Chars", mnuInsert_SpecialChars_Click},
     {"Format", mnuTools_Format_Click},
     {"Quick Format", mnuFormatText_Quick_Click},
     {"color", mnu_RClick_QuickColor_Click},
-    {"Table", mnuInsert_TableWiz_Click},
     {"About", mnuHelp_About_Click},
     {"Exit", mnuFile_Exit_Click},
 };
