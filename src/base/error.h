@@ -52,6 +52,10 @@ inline Error outOfMemoryError() {
     return {error_number::outOfMemory, "Out of memory", "There is not enough memory."};
 }
 
+inline Error overflowError() {
+    return {error_number::overflow, "Overflow"};
+}
+
 inline Error objectNotSetError() {
     return {error_number::objectNotSet, "Object variable or With block variable not set"};
 }

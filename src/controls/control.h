@@ -25,7 +25,8 @@ enum class Aspect {
     selection,
     order,
     toolTip,
-    color
+    color,
+    place
 };
 
 /// A control's own state, without a toolkit. A widget of the same name follows it: it is told each change

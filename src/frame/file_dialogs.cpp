@@ -37,6 +37,19 @@ std::optional<std::string> firstOf(std::vector<std::string> paths) {
     return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
 }
 
+/// The rows of the kinds that browsers learnt later, those of them that can be shown here.
+std::string laterPictureRows() {
+    constexpr std::pair<std::string_view, std::string_view> kinds[] = {
+        {"png", "PNG"}, {"webp", "WebP"}, {"svg", "SVG"}};
+    std::string rows;
+    for (const auto& [suffix, name] : kinds) {
+        if (!platform().screen.showsPictures(suffix)) continue;
+        const std::string pattern = "*." + std::string(suffix);
+        rows.append("|").append(name).append(" Files (").append(pattern).append(")|").append(pattern);
+    }
+    return rows;
+}
+
 }  // namespace
 
 void resetLastDir() {
@@ -58,7 +71,7 @@ std::optional<std::string> pickFile(const std::string& title) {
 
 std::optional<std::string> pickPicture() {
     CommonDialog& dialog = preparedDialog("Select and image file", oneExistingFile);
-    dialog.filter = pictureFilter;
+    dialog.filter = std::string(pictureFilter) + laterPictureRows();
     dialog.filterIndex = 1;
     return firstOf(pickExisting(dialog));
 }

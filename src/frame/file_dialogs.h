@@ -15,7 +15,7 @@ inline constexpr std::string_view documentFilter =
     "Text Files (*.txt)|*.txt|VBScript Files (*.vbs)|*.vbs|Web Related (*.asp, *.js, *.vbs, *.tpl, *.cdf)|"
     "*.asp;*.js;*.vbs;*.tpl;*.cdf";
 
-/// The one of the dialog for pictures.
+/// The first ones of the dialog for pictures; behind them stand those for other kinds that can be shown.
 inline constexpr std::string_view pictureFilter =
     "All Files (*.bmp, *.gif, *.jpg)|*.bmp;*.gif;*.jpg|BMP Files (*.bmp)|*.bmp|GIF Files (*.gif)|*.gif|"
     "JPG Files (*.jpg)|*.jpg";

@@ -26,7 +26,7 @@ int hexToLong(std::string_view text) {
         const auto digit = hexDigits.find(upper);
         if (digit == std::string_view::npos) return -1;
         value += static_cast<long long>(digit) * power;
-        if (value > largest) throw Error(error_number::overflow, "Overflow");
+        if (value > largest) throw overflowError();
         power = std::min(power * 16, largest + 1);
     }
     return static_cast<int>(value);

@@ -3,9 +3,11 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/dates.h"
+#include "platform/picture.h"
 
 namespace kelvor {
 
@@ -16,7 +18,7 @@ class MenuItem;
 
 enum class MousePointer { standard, hourglass };
 
-/// The screen: sound, pointer, fonts, waiting events.
+/// The screen: sound, pointer, fonts, pictures, waiting events.
 class Screen {
 public:
     virtual ~Screen() = default;
@@ -24,6 +26,11 @@ public:
     virtual void setMousePointer(MousePointer pointer) = 0;
     /// Font families, sorted, each once.
     virtual std::vector<std::string> fonts() = 0;
+    /// Whether pictures can be loaded of files with that suffix, in lower case: "png".
+    virtual bool showsPictures(std::string_view suffix) = 0;
+    /// The picture in a file. Throws Error 481 for a file that holds none, and for one that cannot be read what
+    /// readFile throws.
+    virtual std::shared_ptr<const Picture> loadPicture(const std::string& path) = 0;
     /// Lets waiting events run, at once and unconditionally.
     virtual void processEvents() = 0;
 };

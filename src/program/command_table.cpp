@@ -4,6 +4,7 @@
 #include <string>
 
 #include "assistants/format_document.h"
+#include "assistants/image_assistant.h"
 #include "assistants/link_manager.h"
 #include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
@@ -103,6 +104,7 @@ constexpr CommandRow commands[] = {
     {"mnuTools_ChangeLinks", mnuTools_ChangeLinks_Click},
     {"mnuEdit_eFind", mnuEdit_eFind_Click},
     {"mnuTools_multi", mnuTools_multi_Click},
+    {"mnuInsert_Image", mnuInsert_Image_Click},
     {"mnuTools_CreateTemplate", mnuTools_CreateTemplate_Click},
     {"mnuTools_ConvertSpec", mnuTools_ConvertSpec_Click},
     {"mnuInsert_Links", mnuInsert_Links_Click},
@@ -212,7 +214,7 @@ constexpr CommandRow commands[] = {
 };
 
 /// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuInsert_Image", "mnuFile_Pref"};
+constexpr const char* rowsToCome[] = {"mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));

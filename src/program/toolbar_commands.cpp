@@ -1,7 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/toolbar_commands.h"
 
+#include <span>
+#include <string_view>
+
+#include "assistants/form_open.h"
+#include "assistants/form_select.h"
+#include "assistants/form_text_area.h"
+#include "assistants/form_text_box.h"
 #include "assistants/format_document.h"
+#include "assistants/image_assistant.h"
 #include "assistants/link_manager.h"
 #include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
@@ -70,6 +78,7 @@ constexpr ButtonRow mainRows[] = {
     {"Paste", mnuEdit_Paste_Click},
     {"Undo", mnuEdit_Undo_Click},
     {"Delete", mnuEdit_Delete_Click},
+    {"Image", mnuInsert_Image_Click},
     {"Center", mnuRClick_Center_Click},
     {"Right", mnuRClick_Right_Click},
     {"Bold", mnuRClick_Format_Bold_Click},
@@ -107,6 +116,21 @@ constexpr ButtonRow colorEntries[] = {
     {"bgcolor", mnuFormat_QuickColor_bgcolor_Click},
 };
 
+constexpr ButtonRow formRows[] = {
+    {"form_open", showFormOpen},
+    {"form_text", [] { showFormTextBox("Textbox"); }},
+    {"form_textarea", showFormTextArea},
+    {"form_check", [] { showFormSelect("Checkbox group"); }},
+    {"form_radio", [] { showFormSelect("Radio button group"); }},
+    {"form_select", [] { showFormSelect("Select group"); }},
+    {"form_image", showImageInput},
+    {"form_hidden", [] { showFormTextBox("Hidden Field"); }},
+    {"form_pw", [] { showFormTextBox("Password Field"); }},
+    {"form_reset", [] { showFormTextBox("Reset Button"); }},
+    {"form_button", [] { showFormTextBox("Button"); }},
+    {"form_submit", [] { showFormTextBox("Submit"); }},
+};
+
 constexpr ButtonRow viewRows[] = {
     {"Source", showView<view_mode::source>},
     {"Preview", showView<view_mode::preview>},
@@ -119,12 +143,8 @@ struct BarRow {
     std::span<const ButtonRow> buttons;
 };
 
-constexpr BarRow barRows[] = {{"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar4", viewRows}};
-
-/// Buttons whose commands are still to come; a press does nothing.
-constexpr const char* keysToCome[] = {"Image",      "form_open",   "form_text",  "form_textarea", "form_check",
-                                      "form_radio", "form_select", "form_image", "form_hidden",   "form_pw",
-                                      "form_reset", "form_button", "form_submit"};
+constexpr BarRow barRows[] = {
+    {"Toolbar1", mainRows}, {"Toolbar2", helperRows}, {"Toolbar3", formRows}, {"Toolbar4", viewRows}};
 
 const ButtonRow* findRow(std::string_view bar, std::string_view key) {
     for (const BarRow& row : barRows) {
@@ -145,7 +165,7 @@ void connectBar(ToolBar& bar) {
 
 void connectToolbars() {
     MDIForm1& frame = mainForm();
-    for (ToolBar* bar : {&frame.Toolbar1, &frame.Toolbar2, &frame.Toolbar4}) connectBar(*bar);
+    for (ToolBar* bar : {&frame.Toolbar1, &frame.Toolbar2, &frame.Toolbar3, &frame.Toolbar4}) connectBar(*bar);
     frame.Toolbar1.entryChosen.connect([](std::string_view entry) {
         for (const ButtonRow& row : colorEntries)
             if (row.key == entry) row.procedure();
@@ -153,10 +173,6 @@ void connectToolbars() {
     frame.Toolbar4.mouseDown.connect([](const MousePress& press) {
         if (press.button == MousePress::right) platform().windows.popupMenu(mainForm().menu("mnuPreview"));
     });
-}
-
-std::span<const char* const> buttonsToCome() {
-    return keysToCome;
 }
 
 bool hasCommand(std::string_view bar, std::string_view key) {

@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -49,6 +50,7 @@
 #include "controls/picture_box.h"
 #include "controls/progress_bar.h"
 #include "controls/report_view.h"
+#include "controls/scroll_bar.h"
 #include "controls/side_bar.h"
 #include "controls/status_bar.h"
 #include "controls/tab_control.h"
@@ -103,6 +105,7 @@ constexpr Binder binders[] = {
     tryBind<PictureBox, QWidget, bindPictureBox>,
     tryBind<ProgressBar, QProgressBar, bindProgressBar>,
     tryBind<ReportView, QTreeView, bindReportView>,
+    tryBind<ScrollBar, QScrollBar, bindScrollBar>,
     tryBind<SideBar, QWidget, bindSideBar>,
     tryBind<StatusBar, QStatusBar, bindStatusBar>,
     tryBind<TabControl, QTabWidget, bindTabControl>,

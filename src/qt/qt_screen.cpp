@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFontDatabase>
+#include <QImageReader>
 
 #include "qt/convert.h"
+#include "qt/pictures.h"
 
 namespace kelvor::qt {
 
@@ -32,6 +34,15 @@ std::vector<std::string> QtScreen::fonts() {
     names.reserve(static_cast<std::size_t>(families.size()));
     for (const QString& family : families) names.push_back(fromQt(family));
     return names;
+}
+
+bool QtScreen::showsPictures(std::string_view suffix) {
+    return QImageReader::supportedImageFormats().contains(
+        QByteArray(suffix.data(), static_cast<qsizetype>(suffix.size())));
+}
+
+std::shared_ptr<const Picture> QtScreen::loadPicture(const std::string& path) {
+    return qt::loadPicture(path);
 }
 
 void QtScreen::processEvents() {

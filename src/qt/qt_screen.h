@@ -10,6 +10,8 @@ public:
     void beep() override;
     void setMousePointer(MousePointer pointer) override;
     std::vector<std::string> fonts() override;
+    bool showsPictures(std::string_view suffix) override;
+    std::shared_ptr<const Picture> loadPicture(const std::string& path) override;
     void processEvents() override;
 };
 

@@ -13,16 +13,16 @@ struct HelpPage {
     std::string_view page;
 };
 
-inline constexpr std::string_view imageFieldEnabled = "enabled";
+inline constexpr std::string_view imageAsInput = "input";
 
-/// Variants: of `frmImage` whether its main text box is enabled, of `frmFormTextBox` and `frmFormSelect` the caption,
+/// Variants: of `frmImage` whether it makes a button of a form, of `frmFormTextBox` and `frmFormSelect` the caption,
 /// of `preferences` the index of the shown page.
 inline constexpr auto helpPages = std::to_array<HelpPage>({
     {"mnuHelp_tavlok", "", "20.html"},
     {"convert", "", "21.html"},
     {"frmEfind", "", "22.html"},
-    {"frmImage", imageFieldEnabled, "23.html"},
-    {"frmImage", "", "51.html"},
+    {"frmImage", "", "23.html"},
+    {"frmImage", imageAsInput, "51.html"},
     {"frmCaseChange", "", "24.html"},
     {"formatDoc", "", "25.html"},
     {"mnuHelp_mirrel", "", "26.html"},

@@ -31,6 +31,12 @@ void reportOpenError(const std::string& file, const std::string& cause) {
                  cause);
 }
 
+void reportEmptyFields() {
+    beepAndShow({.text = "All fields must be filled in prior to insertion.",
+                 .title = "Empty fields",
+                 .icon = MessageIcon::exclamation});
+}
+
 void reportFileMissing(const std::string& file) {
     beepAndShow(
         {.text = "The file " + file + " does not exist", .title = "File not found", .icon = MessageIcon::exclamation});

@@ -21,6 +21,9 @@ bool validFileName(std::string_view name);
 /// @param cause  why, as Message::cause
 void reportOpenError(const std::string& file, const std::string& cause = {});
 
+/// What a dialog shows that cannot do without one of its fields.
+void reportEmptyFields();
+
 void reportFileMissing(const std::string& file);
 
 /// @param cause  why, as Message::cause

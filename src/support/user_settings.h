@@ -74,7 +74,8 @@ inline constexpr UserList recentFiles("Recent_Files");
 inline constexpr UserList searchedTexts("Find_Hist");
 inline constexpr UserList strings("UserStrings");
 inline constexpr UserList browsers("Browsers");
-inline constexpr UserList links("Links");  ///< whole link tags by their labels
+inline constexpr UserList links("Links");              ///< whole link tags by their labels
+inline constexpr UserList formActions("formActions");  ///< where forms were sent, the newest first
 
 }  // namespace user
 

@@ -60,7 +60,8 @@ std::vector<std::string> FakePlatform::pathsFor(const std::string& kind, const F
     if (!step) return {};
     EXPECT_EQ(request.title, step->title);
     EXPECT_EQ(request.directory, lastDir) << step->title;
-    EXPECT_EQ(request.filter, step->title == "Select and image file" ? pictureFilter : documentFilter);
+    const std::string ofPictures = std::string(pictureFilter) + "|PNG Files (*.png)|*.png|SVG Files (*.svg)|*.svg";
+    EXPECT_EQ(request.filter, step->title == "Select and image file" ? ofPictures : documentFilter);
     EXPECT_EQ(request.filterIndex, step->filterIndex) << step->title;
     EXPECT_EQ(request.fileName, step->text) << step->title;
     EXPECT_EQ(request.multiple, step->title.find("(multiple selections allowed)") != std::string::npos) << step->title;
@@ -85,6 +86,12 @@ std::optional<std::string> FakePlatform::folder(const std::string& title, const 
     EXPECT_EQ(start, lastDir) << title;
     EXPECT_EQ(title, step ? step->title : title);
     return step && !step->text.empty() ? std::optional(step->text) : std::nullopt;
+}
+
+std::shared_ptr<const Picture> FakePlatform::loadPicture(const std::string& path) {
+    const auto size = pictures.find(path);
+    if (size == pictures.end()) throw Error(error_number::invalidPicture, "Invalid picture");
+    return std::make_shared<Picture>(size->second.first, size->second.second);
 }
 
 void FakePlatform::start(const std::vector<std::string>& words, const std::string& /*workingDirectory*/) {

@@ -74,7 +74,8 @@ public:
     std::vector<std::string> helpPages;      ///< addresses shown by the help window
     std::vector<std::string> shownModeless;  ///< names of forms, with " owned" behind those above the frame
     std::vector<std::string> fontNames = {"Arial", "Courier", "Times"};
-    std::map<std::string, int> startFails;  ///< program name -> error number of starting it
+    std::map<std::string, std::pair<int, int>> pictures;  ///< path -> width and height; other files hold none
+    std::map<std::string, int> startFails;                ///< program name -> error number of starting it
     std::string clipboardText;
     DateTime moment{{2026, 11, 21}, 9, 5, 7};
     std::string focused;  ///< name of the control that got the focus last
@@ -113,6 +114,8 @@ private:
     void beep() override { ++beeps; }
     void setMousePointer(MousePointer value) override { pointer = value; }
     std::vector<std::string> fonts() override { return fontNames; }
+    bool showsPictures(std::string_view suffix) override { return suffix != "webp"; }
+    std::shared_ptr<const Picture> loadPicture(const std::string& path) override;
     void processEvents() override {
         ++eventRounds;
         if (const auto act = std::exchange(whileWaiting, nullptr)) act();

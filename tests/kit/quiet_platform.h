@@ -59,6 +59,10 @@ protected:
     void beep() override {}
     void setMousePointer(MousePointer /*pointer*/) override {}
     std::vector<std::string> fonts() override { return {}; }
+    bool showsPictures(std::string_view /*suffix*/) override { return false; }
+    std::shared_ptr<const Picture> loadPicture(const std::string& /*path*/) override {
+        return std::make_shared<Picture>(1, 1);
+    }
     void processEvents() override {}
 
     bool open(const std::string& /*target*/) override { return true; }

@@ -37,11 +37,9 @@ TEST_F(CommandSurface, EveryRowIsUniqueAndHasACommandLikeEveryButtonOrIsListedAs
         const char key = static_cast<char>(std::tolower(item->caption()[mark + 1]));
         EXPECT_TRUE(accessKeys[item->parent()].insert({key}).second);
     }
-    waiting = Names(buttonsToCome().begin(), buttonsToCome().end());
-    waiting.insert({"Print", ""});
     for (const ToolBar* bar : {&mainForm().Toolbar1, &mainForm().Toolbar2, &mainForm().Toolbar3, &mainForm().Toolbar4})
         for (const auto& button : bar->buttons())
-            EXPECT_NE(hasCommand(bar->name(), button.key), waiting.contains(std::string(button.key))) << button.key;
+            EXPECT_NE(hasCommand(bar->name(), button.key), button.key.empty() || button.key == "Print") << button.key;
 }
 
 TEST_F(CommandSurface, WrappingCommandsAreTheSameFromEveryPlace) {

@@ -2,7 +2,12 @@
 #include <filesystem>
 #include <set>
 
+#include "assistants/form_open.h"
+#include "assistants/form_select.h"
+#include "assistants/form_text_area.h"
+#include "assistants/form_text_box.h"
 #include "assistants/format_document.h"
+#include "assistants/image_assistant.h"
 #include "assistants/link_manager.h"
 #include "assistants/table_wizard.h"
 #include "assistants/template_holder.h"
@@ -64,8 +69,9 @@ std::set<std::string> bindEach(QtWindows& windows) {
 TEST_F(QtForms, EachLayoutFitsItsFormAndNamesItsParts) {
     const auto bound =
         bindEach<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace,
-                 FormatDocument, LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
-                 SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>(platform_.windows());
+                 FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox, ImageAssistant, LinkManager, MDIForm1,
+                 Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant, SpecialCharacterInsertion, TableWizard,
+                 Tags, TemplateHolder, TextFormat>(platform_.windows());
     std::set<std::string> layouts;
     for (const auto& file : std::filesystem::directory_iterator(KELVOR_LAYOUTS)) layouts.insert(file.path().filename());
     EXPECT_EQ(bound, layouts) << "a layout without its form here";

@@ -13,6 +13,7 @@ class QListView;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+class QScrollBar;
 class QStatusBar;
 class QTabBar;
 class QTabWidget;
@@ -40,6 +41,7 @@ class OptionButton;
 class PictureBox;
 class ProgressBar;
 class ReportView;
+class ScrollBar;
 class SideBar;
 class StatusBar;
 class TabControl;
@@ -71,6 +73,7 @@ void bindOptionButton(OptionButton& option, QRadioButton& widget, FormLink& link
 void bindPictureBox(PictureBox& box, QWidget& widget, FormLink& link);
 void bindProgressBar(ProgressBar& bar, QProgressBar& widget, FormLink& link);
 void bindReportView(ReportView& list, QTreeView& widget, FormLink& link);
+void bindScrollBar(ScrollBar& bar, QScrollBar& widget, FormLink& link);
 /// Puts a header with the widget's window title above what the layout has in it. The widget stands in a QSplitter.
 void bindSideBar(SideBar& bar, QWidget& widget, FormLink& link);
 /// Makes the panels, which the layout does not have.
