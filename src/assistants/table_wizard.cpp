@@ -220,7 +220,8 @@ void TableWizard::loadCell() {
     lblActiveCell.setCaption("C" + std::to_string(grid1.col() + 1) + " : R" + std::to_string(grid1.row() + 1));
     cboAlign.setListIndex(shown.align - 1);
     cboValign.setListIndex(shown.valign - 1);
-    txtCellText.setText(shown.text());
+    // What was done in the cell before is not undone in this one.
+    txtCellText.startText(shown.text());
     txtCellBgColor.setText(shown.bgColor());
     showColorSample(shown.bgColor(), txtCellBgColor);
 }

@@ -92,6 +92,15 @@ void EditControl::setText(std::string_view text) {
     });
 }
 
+void EditControl::startText(std::string_view text) {
+    perform([&] {
+        const ValidText valid(text, INT_MAX);
+        std::string_view rest = valid.view();
+        loadText(rest.size(), [&] { return std::exchange(rest, {}); });
+        return true;
+    });
+}
+
 void EditControl::setSelStart(int position) {
     perform([&] {
         select(characterStart(position), 0);

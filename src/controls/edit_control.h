@@ -28,6 +28,8 @@ public:
     /// must not be a view of the control's own text. Throws Error 7 when memory does not suffice.
     std::string text() const { return std::string(textView()); }
     void setText(std::string_view text);
+    /// The same without a way back: the control holds another text from now on.
+    void startText(std::string_view text);
     /// The text without a copy; good until the next change.
     virtual std::string_view textView() const = 0;
     virtual int textLength() const = 0;

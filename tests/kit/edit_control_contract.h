@@ -311,4 +311,18 @@ TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
     EXPECT_EQ(directory.read("saved"), "\xE4\n");
 }
 
+TEST_P(EditControlContract, AnotherTextIsAChangeWithNoWayBack) {
+    put("abc|");
+    for (const char* text : {"\xC3\xA4 b", "", "c"}) {
+        changes = 0;
+        edit.startText(text);
+        edit.undo();
+        EXPECT_EQ(shown(), std::string("|") + text);
+        EXPECT_EQ(changes, 1);
+    }
+    edit.setSelText("d");
+    edit.undo();
+    EXPECT_EQ(edit.text(), "c");
+}
+
 }  // namespace kelvor
