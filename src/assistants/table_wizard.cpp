@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 
+#include "assistants/image_assistant.h"
 #include "assistants/link_manager.h"
 #include "authoring/date_time.h"
 #include "authoring/special_character_insertion.h"
@@ -244,6 +245,10 @@ void TableWizard::txtCellBgColor_DblClick() {
 void TableWizard::mnuTableWiz_datetime_Click() {
     toolForm<DateTimeDialog>().setHookedRTB(&txtCellText);
     showTool<DateTimeDialog>();
+}
+
+void TableWizard::mnuTableWiz_image_Click() {
+    mnuInsert_Image_Click();
 }
 
 void TableWizard::mnuTableWiz_link_Click() {

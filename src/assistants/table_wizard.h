@@ -62,6 +62,8 @@ public:
     MenuItem mnuTableWiz{*this, "mnuTableWiz", nullptr};
     MenuItem mnuTableWiz_datetime{*this, "mnuTableWiz_datetime", &mnuTableWiz, "Date and Time",
                                   &TableWizard::mnuTableWiz_datetime_Click};
+    MenuItem mnuTableWiz_image{*this, "mnuTableWiz_image", &mnuTableWiz, "Image Assistant",
+                               &TableWizard::mnuTableWiz_image_Click};
     MenuItem mnuTableWiz_link{*this, "mnuTableWiz_link", &mnuTableWiz, "Link Manager",
                               &TableWizard::mnuTableWiz_link_Click};
     MenuItem mnuTableWiz_quick{*this, "mnuTableWiz_quick", &mnuTableWiz, "Quick Text Format",
@@ -99,6 +101,7 @@ private:
     void txtCellBgColor_DblClick();
     void txtCellText_Change();
     void mnuTableWiz_datetime_Click();
+    void mnuTableWiz_image_Click();
     void mnuTableWiz_link_Click();
     void mnuTableWiz_quick_Click();
     void mnuTableWiz_script_Click();

@@ -157,7 +157,8 @@ TEST_F(TableWizardDialog, CellsAreEditedWhereTheGridIsAndTakeWhatOtherToolsDeliv
         };
         choose(wizard.mnuTableWiz_datetime, [](Form& form) { dynamic_cast<DateTimeDialog&>(form).cmdInsert.click(); });
         EXPECT_EQ(wizard.grid1.text(), "short 2026-11-21");
-        for (const auto& [row, name] : {std::pair{&wizard.mnuTableWiz_link, "linkman"},
+        for (const auto& [row, name] : {std::pair{&wizard.mnuTableWiz_image, "frmImage"},
+                                        {&wizard.mnuTableWiz_link, "linkman"},
                                         {&wizard.mnuTableWiz_quick, "textFormat"},
                                         {&wizard.mnuTableWiz_script, "frmScripts"},
                                         {&wizard.mnuTableWiz_special, "specialCharacterInsertion"},
@@ -176,7 +177,7 @@ TEST_F(TableWizardDialog, CellsAreEditedWhereTheGridIsAndTakeWhatOtherToolsDeliv
     });
     EXPECT_EQ(table, "<TABLE" + noAttributes + ">\r\n<TR>\r\n\t<TD>" + std::string(499, 'a') +
                          "\u00E4</TD>\r\n\t<TD ALIGN=\"CENTER\" VALIGN=\"BOTTOM\" BGCOLOR=\"#000000\"></TD>\r\n</TR>"
-                         "\r\n<TR>\r\n\t<TD>short 2026-11-21!!!!!</TD>\r\n\t<TD></TD>\r\n</TR>\r\n</TABLE>[] Text1");
+                         "\r\n<TR>\r\n\t<TD>short 2026-11-21!!!!!!</TD>\r\n\t<TD></TD>\r\n</TR>\r\n</TABLE>[] Text1");
     EXPECT_EQ(activeFormName, documentForm);
     EXPECT_EQ(&deliveryTarget(), text);
 }
