@@ -35,6 +35,8 @@ public:
     void beep() override {}
     void setMousePointer(MousePointer pointer) override { screen_.setMousePointer(pointer); }
     std::vector<std::string> fonts() override { return screen_.fonts(); }
+    bool showsPictures(std::string_view suffix) override { return screen_.showsPictures(suffix); }
+    std::shared_ptr<const Picture> loadPicture(const std::string& path) override { return screen_.loadPicture(path); }
     void processEvents() override {
         longest_ = std::max(longest_, secondsSince(last_));
         screen_.processEvents();
