@@ -27,7 +27,7 @@ QString obstacle() {
 /// The module's file; "" when it was not installed.
 QString moduleFile() {
     const QDir program(QCoreApplication::applicationDirPath());
-    for (const char* place : {"kelvor_browser.so", "../lib/kelvor/kelvor_browser.so"})
+    for (const char* place : {"kelvor_browser.so", "../lib/kelvor/modules/kelvor_browser.so"})
         if (program.exists(QLatin1String(place))) return program.filePath(QLatin1String(place));
     return {};
 }

@@ -13,7 +13,7 @@ struct BrowserFound {
     QString problem;  ///< a sentence for the user, or more
 };
 
-/// Loads the browser module at the first call. It stands beside the executable, or in ../lib/kelvor of an
+/// Loads the browser module at the first call. It stands beside the executable, or in ../lib/kelvor/modules of an
 /// installation. Where the web engine would end the program instead of running, nothing of it is loaded.
 BrowserFound loadBrowser();
 
