@@ -14,6 +14,7 @@ struct Platform {
     Clock& clock;
     Clipboard& clipboard;
     HelpViewer& help;
+    Libraries& libraries;
     Windows& windows;
 };
 

@@ -81,6 +81,14 @@ public:
     virtual void show(const std::string& address) = 0;
 };
 
+/// What the program runs with.
+class Libraries {
+public:
+    virtual ~Libraries() = default;
+    /// The libraries in use, each a name and a version.
+    virtual std::vector<std::string> inUse() = 0;
+};
+
 /// The windows behind the forms.
 class Windows {
 public:

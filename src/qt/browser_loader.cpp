@@ -32,10 +32,15 @@ QString moduleFile() {
     return {};
 }
 
+BrowserModule* module = nullptr;
+
 }  // namespace
 
+QString browserVersion() {
+    return module ? module->engineVersion() : QString();
+}
+
 BrowserFound loadBrowser() {
-    static BrowserModule* module = nullptr;
     if (module) return {.module = module};
     const QString file = moduleFile();
     if (file.isEmpty()) return {.problem = QStringLiteral("The preview browser is not installed.")};

@@ -17,4 +17,7 @@ struct BrowserFound {
 /// installation. Where the web engine would end the program instead of running, nothing of it is loaded.
 BrowserFound loadBrowser();
 
+/// The web engine's version; "" before the module is loaded.
+QString browserVersion();
+
 }  // namespace kelvor::qt

@@ -6,6 +6,7 @@
 #include "qt/qt_clipboard.h"
 #include "qt/qt_clock.h"
 #include "qt/qt_dialogs.h"
+#include "qt/qt_libraries.h"
 #include "qt/qt_screen.h"
 #include "qt/qt_shell.h"
 #include "qt/qt_windows.h"
@@ -30,8 +31,9 @@ private:
     QtClock clock_;
     QtClipboard clipboard_;
     QtHelpViewer help_;
+    QtLibraries libraries_;
     QtWindows windows_;
-    Platform platform_{dialogs_, screen_, shell_, clock_, clipboard_, help_, windows_};
+    Platform platform_{dialogs_, screen_, shell_, clock_, clipboard_, help_, libraries_, windows_};
 };
 
 }  // namespace kelvor::qt

@@ -258,4 +258,8 @@ void SettingsDatabase::stopWaiting() {
     sqlite3_busy_timeout(connection_.get(), 0);
 }
 
+std::string sqliteVersion() {
+    return sqlite3_libversion();
+}
+
 }  // namespace kelvor

@@ -80,4 +80,7 @@ private:
     std::unique_ptr<sqlite3, Close> connection_;
 };
 
+/// Of the library that keeps the settings.
+std::string sqliteVersion();
+
 }  // namespace kelvor

@@ -3,6 +3,7 @@
 
 #include <unicode/casemap.h>
 #include <unicode/coll.h>
+#include <unicode/uversion.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -71,6 +72,14 @@ void sortAsText(std::vector<std::string>& texts) {
         return std::tie(left.key, left.text) < std::tie(right.key, right.text);
     });
     std::transform(keyed.begin(), keyed.end(), texts.begin(), [](Keyed& entry) { return std::move(entry.text); });
+}
+
+std::string icuVersion() {
+    UVersionInfo version;
+    u_getVersion(version);
+    char text[U_MAX_VERSION_STRING_LENGTH];
+    u_versionToString(version, text);
+    return text;
 }
 
 }  // namespace kelvor

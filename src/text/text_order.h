@@ -16,4 +16,7 @@ std::string textSortKey(std::string_view text);
 /// Sorts by that order, with one look at each text; equal ones by their bytes.
 void sortAsText(std::vector<std::string>& texts);
 
+/// Of the library that knows the order.
+std::string icuVersion();
+
 }  // namespace kelvor

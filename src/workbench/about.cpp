@@ -2,6 +2,7 @@
 #include "workbench/about.h"
 
 #include "frame/tool_forms.h"
+#include "platform/platform.h"
 #include "support/html_help.h"
 #include "support/programs.h"
 
@@ -9,6 +10,12 @@ namespace kelvor {
 
 std::string programVersion() {
     return KELVOR_VERSION;
+}
+
+void About::Form_Load() {
+    std::string lines = "It runs with:";
+    for (const std::string& library : platform().libraries.inUse()) lines.append("\r\n").append(library);
+    lblLibraries.setCaption(lines);
 }
 
 void About::cmdSysInfo_Click() {

@@ -11,7 +11,7 @@ namespace kelvor {
 /// "major.minor.patch".
 std::string programVersion();
 
-/// The program's name and version.
+/// The program's name and version, its licence, and the libraries that it runs with.
 class About : public ToolDialog {
 public:
     About() : ToolDialog("frmAbout", "About Kelvor") {}
@@ -20,11 +20,13 @@ public:
     Label lblVersion{*this, "lblVersion", "Version " + programVersion()};
     Label lblDescription{*this, "lblDescription", "An editor for people who write web pages by hand."};
     Label lblLicence{*this, "lblLicence", "Free software under the GNU General Public License, version 3 or later."};
+    Label lblLibraries{*this, "lblLibraries"};
     Button cmdSysInfo{*this, "cmdSysInfo", "&System Info...", &About::cmdSysInfo_Click};
     Button cmdHelp{*this, "cmdHelp", "&Help", &About::cmdHelp_Click};
     Button cmdOK{*this, "cmdOK", "OK", &About::unload};
 
 private:
+    void Form_Load() override;
     void cmdSysInfo_Click();
     void cmdHelp_Click();
 };

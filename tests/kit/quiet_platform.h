@@ -48,6 +48,7 @@ class QuietPlatform : protected QuietDialogs,
                       protected Clock,
                       protected Clipboard,
                       protected HelpViewer,
+                      protected Libraries,
                       protected QuietWindows {
 public:
     QuietPlatform() { setPlatform(&platform_); }
@@ -81,8 +82,10 @@ protected:
 
     void show(const std::string& /*address*/) override {}
 
+    std::vector<std::string> inUse() override { return {"Qt 6", "ICU 72"}; }
+
 private:
-    Platform platform_{*this, *this, *this, *this, *this, *this, *this};
+    Platform platform_{*this, *this, *this, *this, *this, *this, *this, *this};
 };
 
 }  // namespace kelvor

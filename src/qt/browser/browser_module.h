@@ -67,9 +67,11 @@ public:
 
     /// @param pane  becomes the parent of the browser's widget, and with it the browser's owner
     virtual Browser& createBrowser(QWidget& pane) = 0;
+
+    virtual QString engineVersion() const = 0;
 };
 
 }  // namespace kelvor::qt
 
-#define KELVOR_BROWSER_MODULE_ID "kelvor.BrowserModule/2"
+#define KELVOR_BROWSER_MODULE_ID "kelvor.BrowserModule/3"
 Q_DECLARE_INTERFACE(kelvor::qt::BrowserModule, KELVOR_BROWSER_MODULE_ID)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/browser/browser_module.h"
 
+#include <QtWebEngineCore/qtwebenginecoreglobal.h>
 #include <QCoreApplication>
 #include <QObject>
 #include <QOpenGLContext>
@@ -65,6 +66,7 @@ public:
     }
 
     Browser& createBrowser(QWidget& pane) override { return *new BrowserView(pane); }
+    QString engineVersion() const override { return QString::fromLatin1(qWebEngineVersion()); }
 };
 
 }  // namespace kelvor::qt
