@@ -18,6 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* helpFolder = "HTML Help";
+
 std::optional<Directories>& overriding() {
     static std::optional<Directories> directories;
     return directories;
@@ -45,8 +47,8 @@ std::string installedData() {
     return lookAt(beside).isFolder() ? beside : KELVOR_INSTALLED_DATA;
 }
 
-/// Puts into `directory` what of the installed data it lacks. All is copied aside first and moved in whole, the
-/// templates last: they are the sign that nothing is missing.
+/// Puts into `directory` what of the installed data it lacks, but for the help, which is read where it is. All is
+/// copied aside first and moved in whole, the templates last: they are the sign that nothing is missing.
 void fillFrom(const fs::path& installed, const fs::path& directory) {
     auto pattern = (directory / "new-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) return;
@@ -63,7 +65,7 @@ void fillFrom(const fs::path& installed, const fs::path& directory) {
             names.insert(name == "Templates" ? names.end() : names.begin(), name);
         }
         for (const auto& name : names) {
-            if (!fs::exists(directory / name)) fs::rename(aside / name, directory / name);
+            if (name != helpFolder && !fs::exists(directory / name)) fs::rename(aside / name, directory / name);
         }
     } catch (const fs::filesystem_error&) {
         // A disk that is full must not keep the program from starting; the next start tries again.
@@ -94,6 +96,12 @@ std::string programDirectory() {
     if (overriding()) return overriding()->program;
     static const auto directory = findProgramDirectory();
     return directory;
+}
+
+std::string helpDirectory() {
+    const auto own = joinPath(programDirectory(), helpFolder);
+    const auto installed = joinPath(installedData(), helpFolder);
+    return overriding() || lookAt(own).isFolder() || !lookAt(installed).isFolder() ? own : installed;
 }
 
 std::string settingsDirectory() {

@@ -9,10 +9,14 @@ namespace kelvor {
 /// The directory that an environment variable names; "" when it is not set or does not tell from the root.
 std::string directoryVariable(const char* name);
 
-/// Where tags.txt, VDirs.txt, Templates, Scripts, HTML Help and errorlog.txt are: the executable's directory
+/// Where tags.txt, VDirs.txt, Templates, Scripts and errorlog.txt are: the executable's directory
 /// when it holds Templates and can be written, otherwise $XDG_DATA_HOME/kelvor, filled from the installed data
 /// at first use and never overwritten after. No separator at the end.
 std::string programDirectory();
+
+/// What came with the program and stays as it came, HTML Help: the program directory when it holds that, otherwise the
+/// directory of the installed data.
+std::string helpDirectory();
 
 /// $XDG_CONFIG_HOME/kelvor, or ~/.config/kelvor; made when it is missing. "" when there is no home.
 std::string settingsDirectory();

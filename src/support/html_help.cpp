@@ -41,7 +41,7 @@ void HtmlHelp::help_topic(const std::string& topic) {
 }
 
 std::string helpFilePath() {
-    return joinPath(joinPath(programDirectory(), "HTML Help"), "Kelvor HTML Help.chm");
+    return joinPath(helpDirectory(), "Kelvor HTML Help.chm");
 }
 
 void showHelpHome() {

@@ -26,7 +26,7 @@ private:
     bool failed_ = false;
 };
 
-/// The help file's path in the program directory.
+/// The help file's path. The file itself is not there: its name stands for the pages beside it.
 std::string helpFilePath();
 
 /// Shows the help file's home page.
