@@ -51,8 +51,8 @@ private:
     const ScopedDirectories directories_{path("program"), path("settings")};
     qt::QtPlatform desktop_;
     Platform& usual_ = kelvor::platform();
-    Platform platform_{answers,          usual_.screen, usual_.shell,  usual_.clock,
-                       usual_.clipboard, usual_.help,   usual_.windows};
+    Platform platform_{answers,          usual_.screen, usual_.shell,     usual_.clock,
+                       usual_.clipboard, usual_.help,   usual_.libraries, usual_.windows};
 };
 
 /// Ended by main: the windows can go only while the application object is there.

@@ -24,8 +24,9 @@ namespace kelvor::qt {
 namespace {
 
 /// In pixels of the desktop's scale.
-constexpr QSize helpSize(960, 640);
-constexpr int contentsWidth = 240;
+constexpr QSize helpSize(900, 600);
+constexpr int contentsWidth = 250;
+constexpr int pageMargin = 12;
 constexpr int searchWidth = 220;
 
 const QUrl homePage(QStringLiteral("index.html"));
@@ -61,6 +62,7 @@ HelpWindow::HelpWindow()
     connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::showState);
     connect(browser_, &QTextBrowser::anchorClicked, this, &HelpWindow::follow);
     browser_->setOpenLinks(false);
+    browser_->document()->setDocumentMargin(pageMargin);
     browser_->setAccessibleName(QStringLiteral("Help page"));
 
     auto* panes = new QSplitter(this);
