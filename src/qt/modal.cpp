@@ -22,6 +22,9 @@ void floatAboveModal(QWidget& window) {
     if (!above || above == &window) {
         above = window.parentWidget();
     } else {
+        // It needs the system's window now. All parts of its parent would get one of their own along with it, and then
+        // be left black beside a preview.
+        QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
         window.winId();
     }
     // Without a window of the system's yet, it is put above its parent when it gets one.

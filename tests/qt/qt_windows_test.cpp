@@ -156,6 +156,12 @@ TEST_F(Frame, AToolThatFloatsServesADialogAndFloatsAgain) {
         QTimer::singleShot(0, [&] { windows().showModeless(tool, true); });
         windows().showModal(tool);
         tryTool(false);
+        tool.unload();
+        tool.load();
+        QTimer::singleShot(0, [&] { windows().hide(tool); });
+        windows().showModal(tool);
+        EXPECT_FALSE(window().menuBar()->testAttribute(Qt::WA_NativeWindow)) << "left black beside a preview";
+        windows().showModeless(tool, true);
         form_.unload();
     });
     tryTool(false);
