@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "authoring/insert_lists.h"
 
+#include <algorithm>
+
 #include "controls/combo_box.h"
 #include "editing/insertion.h"
 #include "frame/main_frame.h"
@@ -36,12 +38,26 @@ void loadComboBoxes() {
 void setUpUStrings() {
     ComboBox& list = mainForm().Combo4;
     if (const auto stored = user::strings.all()) {
-        for (const Setting& string : *stored) {
-            userStrings.Add(string.value, string.key);
-            list.addItem(string.key);
-        }
+        for (const Setting& string : *stored) addUserString(string.key, string.value);
     }
     list.setListIndex(0);
+}
+
+void addUserString(const std::string& label, const std::string& contents) {
+    userStrings.Add(contents, label);
+    mainForm().Combo4.addItem(label);
+}
+
+void removeUserString(const std::string& label, int row) {
+    if (userStrings.contains(label)) userStrings.Remove(label);
+    ComboBox& list = mainForm().Combo4;
+    if (row > 0 && row < static_cast<int>(list.list().size())) list.removeItem(static_cast<std::size_t>(row));
+}
+
+int userStringRow(const std::string& label) {
+    const auto& rows = mainForm().Combo4.list();
+    const auto found = std::find(rows.begin() + 1, rows.end(), label);
+    return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
 void resetUserStrings() {

@@ -25,6 +25,13 @@ void Combo4_Click();
 /// The user's own strings, each under its label.
 inline KeyedCollection<std::string> userStrings;
 
+/// Adds a string, to the frame's list too. A label that is there already is an error 457.
+void addUserString(const std::string& label, const std::string& contents);
+/// Takes a string away, and from the frame's list a row; the one that is not there is passed over.
+void removeUserString(const std::string& label, int row);
+/// The row of that label in the frame's list, or -1.
+int userStringRow(const std::string& label);
+
 /// As before the start: none.
 void resetUserStrings();
 

@@ -52,7 +52,8 @@ void showFormForContext(Form& form, ShowMode mode) {
     }
     if (mode != ShowMode::modal) return platform().windows.showModeless(form, mode == ShowMode::floating);
     platform().windows.showModal(form);
-    if (activeFormName == documentForm) focusDocument();
+    // A dialog that served another one gives the keyboard back to that.
+    if (activeFormName == documentForm && !platform().windows.isBlocked(mainForm())) focusDocument();
 }
 
 void openToolForm(Form& form, ShowMode mode) {

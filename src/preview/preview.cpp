@@ -25,8 +25,6 @@ namespace kelvor {
 
 namespace {
 
-constexpr std::size_t capacity = 15;
-
 MenuItem& browserRow(std::size_t index) {
     return mainForm().menu("mnuRClick_Preview_altb_" + std::to_string(index));
 }
@@ -55,9 +53,10 @@ bool savedForPreview(CDocument& document) {
 }
 
 Error tooManyBrowsers(std::size_t count) {
-    return {error_number::subscriptOutOfRange,
-            "The preview menu has room for " + std::to_string(capacity) + " browsers, and " + std::to_string(count) +
-                " are listed in the preferences. The first " + std::to_string(capacity) + " are shown."};
+    return {error_number::subscriptOutOfRange, "The preview menu has room for " + std::to_string(browserCapacity) +
+                                                   " browsers, and " + std::to_string(count) +
+                                                   " are listed in the preferences. The first " +
+                                                   std::to_string(browserCapacity) + " are shown."};
 }
 
 const Message noBrowser = {.text =
@@ -102,13 +101,13 @@ void previewAlternate(const std::string& label) {
 }
 
 void setUpBrowsers() {
-    for (std::size_t index = 0; index < capacity; ++index) {
+    for (std::size_t index = 0; index < browserCapacity; ++index) {
         browserRow(index).setCaption("");
         browserRow(index).setVisible(false);
     }
     const auto stored = user::browsers.all();
     if (!stored) return;
-    const std::size_t shown = std::min(stored->size(), capacity);
+    const std::size_t shown = std::min(stored->size(), browserCapacity);
     for (std::size_t index = 0; index < shown; ++index) {
         browserRow(index).setCaption((*stored)[index].key);
         browserRow(index).setVisible(true);

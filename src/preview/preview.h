@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace kelvor {
 
 class CDocument;
+
+/// The rows that the preview menu has for the user's browsers.
+inline constexpr std::size_t browserCapacity = 15;
 
 /// Shows a document's page in its own window, when the document is saved or the user saves it now.
 void InLinePreview(CDocument& document);

@@ -48,6 +48,7 @@
 #include "workbench/about.h"
 #include "workbench/document_assistant.h"
 #include "workbench/help_commands.h"
+#include "workbench/preferences.h"
 #include "workbench/quick_file.h"
 #include "workbench/scratch_pad.h"
 
@@ -145,6 +146,7 @@ constexpr CommandRow commands[] = {
     {"mnuView_DocumentAssistant", mnuView_DocumentAssistant_Click},
     {"mnuView_Source", [] { ChangeViewMode(view_mode::source); }},
     {"mnuView_Preview", [] { ChangeViewMode(view_mode::preview); }},
+    {"mnuFile_Pref", mnuFile_Pref_Click},
 
     {"mnuWindow_Cascade", mnuWindow_Cascade_Click},
     {"mnuWindow_TileH", mnuWindow_TileH_Click},
@@ -212,9 +214,6 @@ constexpr CommandRow commands[] = {
     {"mnuPreview_AlignRight", mnuPreview_AlignRight_Click},
     {"mnuPreview_Close", mnuView_DocumentAssistant_Click},
 };
-
-/// Rows whose commands are still to come; choosing one does nothing.
-constexpr const char* rowsToCome[] = {"mnuFile_Pref"};
 
 void popUp(const char* menu) {
     platform().windows.popupMenu(mainForm().menu(menu));
@@ -288,10 +287,6 @@ void connectCommands() {
     connectLists(frame);
     connectFileChords();
     connectDocuments();
-}
-
-std::span<const char* const> menuRowsToCome() {
-    return rowsToCome;
 }
 
 }  // namespace kelvor

@@ -23,6 +23,11 @@ void DeleteSetting(std::string_view program, std::string_view section, std::stri
 /// The section's pairs in the order of their creation; nothing when the section is missing or empty.
 std::optional<std::vector<Setting>> GetAllSettings(std::string_view program, std::string_view section);
 
+/// How a Boolean is stored.
+constexpr std::string_view settingText(bool value) {
+    return value ? "True" : "False";
+}
+
 /// The number in a stored text, as a conversion of the whole text. Anything else is an error 13.
 int settingNumber(const std::string& text);
 /// The Boolean in a stored text: "True", "False" in any case, or a number (0 is false). Anything else: error 13.

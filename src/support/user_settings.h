@@ -42,6 +42,10 @@ public:
     /// "" when there is none.
     std::string value(std::string_view key) const { return GetSetting(application, section_, key); }
     void store(std::string_view key, std::string_view value) const { SaveSetting(application, section_, key, value); }
+    /// Only one that is there does not depend on what stands for a missing one.
+    bool contains(std::string_view key) const {
+        return GetSetting(application, section_, key, "0") == GetSetting(application, section_, key, "1");
+    }
     /// A key that is not there is an error 5.
     void remove(std::string_view key) const { DeleteSetting(application, section_, key); }
 
@@ -66,7 +70,7 @@ inline constexpr UserSetting editorBackColor("BGColor");
 inline constexpr UserSetting editorForeColor("ForeColor");
 inline constexpr UserSetting fileFilter("DFilter");
 inline constexpr UserSetting scriptLanguage("ScriptLang");  ///< "JS" or "VBS"
-inline constexpr UserSetting authorName("name");
+inline constexpr UserSetting authorName("Name");
 inline constexpr UserSetting fillsInAuthor("prefillAuthor");
 inline constexpr UserSetting fillsInProgram("prefillProgram");
 

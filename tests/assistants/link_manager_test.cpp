@@ -36,9 +36,8 @@ protected:
         form().ListView1.mouseDown.raise({MousePress::right});
     }
     void remove(int row, const std::string& label, Answer answer) {
-        Message message = question("Delete [" + label + "] link?", "Delete confirmation");
-        message.standard = Answer::no;
-        choose(row, &LinkManager::mnuLinkRClick_delete, [=, this] { platform.expectMessage(message, answer); });
+        choose(row, &LinkManager::mnuLinkRClick_delete,
+               [=, this] { platform.expectMessage(deletion("Delete [" + label + "] link?"), answer); });
     }
     void expectRefusal() {
         platform.expectMessage(exclamation("You must enter a label for this link", "Mandatory data"));

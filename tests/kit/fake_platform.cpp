@@ -61,7 +61,7 @@ std::vector<std::string> FakePlatform::pathsFor(const std::string& kind, const F
     EXPECT_EQ(request.title, step->title);
     EXPECT_EQ(request.directory, lastDir) << step->title;
     const std::string ofPictures = std::string(pictureFilter) + "|PNG Files (*.png)|*.png|SVG Files (*.svg)|*.svg";
-    EXPECT_EQ(request.filter, step->title == "Select and image file" ? ofPictures : documentFilter);
+    EXPECT_EQ(request.filter, step->title == "Select and image file" ? ofPictures : step->filter);
     EXPECT_EQ(request.filterIndex, step->filterIndex) << step->title;
     EXPECT_EQ(request.fileName, step->text) << step->title;
     EXPECT_EQ(request.multiple, step->title.find("(multiple selections allowed)") != std::string::npos) << step->title;

@@ -14,6 +14,7 @@
 #include "base/event.h"
 #include "controls/form.h"
 #include "files/places.h"
+#include "frame/file_dialogs.h"
 #include "tests/kit/quiet_platform.h"
 #include "tests/kit/scratch_directory.h"
 
@@ -45,10 +46,12 @@ public:
         steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});
     }
     /// The next dialog must be the one that opens files, with this title and filter row, in the directory last used and
-    /// with the filter of documents, or of pictures for their title; it takes several files when its title says so. No
-    /// paths cancel it.
-    void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1) {
-        steps_.push_back({.kind = "open", .title = title, .paths = paths, .filterIndex = filterIndex});
+    /// with the filter of documents or another, or of pictures for their title; it takes several files when its title
+    /// says so. No paths cancel it.
+    void expectOpen(const std::string& title, const std::vector<std::string>& paths, int filterIndex = 1,
+                    const std::string& filter = std::string(documentFilter)) {
+        steps_.push_back(
+            {.kind = "open", .title = title, .paths = paths, .filterIndex = filterIndex, .filter = filter});
     }
     /// The next dialog must be the one for a name, which asks before a file is written over and offers `offered`. No
     /// path cancels it.
@@ -98,6 +101,7 @@ private:
         std::vector<std::string> paths;
         std::optional<int> color;
         int filterIndex = 1;
+        std::string filter{documentFilter};
         std::function<void(Form&)> modal;
         std::function<void(MenuItem&)> popup;
     };

@@ -23,6 +23,15 @@ inline Message question(const std::string& text, const std::string& title,
     return {.text = text, .title = title, .icon = MessageIcon::question, .buttons = buttons};
 }
 
+/// The question before something of a list goes for good.
+inline Message deletion(const std::string& text) {
+    return {.text = text,
+            .title = "Delete confirmation",
+            .icon = MessageIcon::question,
+            .buttons = MessageButtons::yesNo,
+            .standard = Answer::no};
+}
+
 /// The title of the dialog that opens documents.
 constexpr const char* openTitle = "Open HTML file (multiple selections allowed)";
 

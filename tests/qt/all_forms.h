@@ -25,6 +25,9 @@
 #include "batch/script_assistant.h"
 #include "frame/main_frame.h"
 #include "workbench/about.h"
+#include "workbench/add_browser.h"
+#include "workbench/add_string.h"
+#include "workbench/preferences.h"
 #include "workbench/scratch_pad.h"
 
 namespace kelvor::qt {
@@ -39,9 +42,10 @@ struct FormList {
 };
 
 /// Each form that has a layout.
-using AllForms = FormList<About, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind, Find, FindReplace,
-                          FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox, ImageAssistant, LinkManager,
-                          MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
-                          SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
+using AllForms =
+    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind,
+             Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox, ImageAssistant,
+             LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
+             SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt
