@@ -100,7 +100,9 @@ TEST_F(HelpPages, TheCaptionsThatTheyNameAreThoseOfTheWindows) {
         const Names captions = captionsOf(*platform_.windows().widgetOf(form));
         platform_.windows().destroy(form);
         for (const HelpPage& row : helpPages)
-            if (row.where == form.name()) ofPage[std::string(row.page)].insert(captions.begin(), captions.end());
+            // The pages of the options tell of the small dialogs over them too.
+            if (row.where == form.name() && row.where != "preferences")
+                ofPage[std::string(row.page)].insert(captions.begin(), captions.end());
         add(captions);
     });
     add(captionsOf(HelpWindow()));
