@@ -17,6 +17,7 @@
 #include "support/help_pages.h"
 #include "support/html_help.h"
 #include "support/report_error.h"
+#include "text/code_points.h"
 
 namespace kelvor {
 
@@ -48,7 +49,7 @@ double numberIn(std::string_view text) {
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error == std::errc() && end == text.data() + text.size()) return number;
-    throw Error(error_number::typeMismatch, "Type mismatch");
+    throw Error(error_number::typeMismatch, "Type mismatch: \"" + shortened(text) + "\"");
 }
 
 /// Gives a field the range of its unit: the natural size in pixels, or 100 percent at the most.

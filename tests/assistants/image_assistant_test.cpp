@@ -110,7 +110,7 @@ TEST_F(ImageDialog, ThePreviewFollowsTheBarsAndAPictureTooLargeIsAnError) {
         browse(form, "b.gif", exclamation(path("b.gif") + " is not a valid image file.", "Invalid file format"));
         EXPECT_EQ(form.txtImageName.text() + form.txtWidth.text(), "40");
         form.txtWidth.type(".");
-        EXPECT_EQ(reportedBy([&form] { form.Option1[1].click(); }), "13 Type mismatch;");
+        EXPECT_EQ(reportedBy([&form] { form.Option1[1].click(); }), "13 Type mismatch: \".\";");
         form.cmdClose.click();
     });
     EXPECT_EQ(after(look), "a[b]c Text1");
