@@ -41,12 +41,16 @@ TEST_F(Binding, AFieldTakesItsKeysOnlyAndAllOthersLive) {
 }
 
 TEST_F(Binding, AFieldKeepsTheLinesThatItWasGiven) {
-    const auto [box, widget] = pair<TextBox, QLineEdit>("txtText", "one\r\ntwo\nthree");
+    const std::string given = "one\r\ntwo\nthree" + std::string(40000, '.');
+    const auto [box, widget] = pair<TextBox, QLineEdit>("txtText", given);
     bind();
     box.SetFocus();
     widget.end(false);
     QTest::keyClicks(&widget, "!");
-    EXPECT_EQ(box.text(), "one\r\ntwo\nthree!");
+    EXPECT_EQ(box.text(), given + "!");
+    box.setText(std::string(300000, '.'));
+    QTest::keyClick(&widget, Qt::Key_Delete);
+    EXPECT_EQ(box.text().size(), 300000);
 }
 
 TEST_F(Binding, ADoubleClickedFieldIsOpenedByKeysToo) {

@@ -26,7 +26,7 @@ void bindComboBox(ComboBox& box, QComboBox& widget, FormLink& link) {
         widget.setDuplicatesEnabled(true);
         QObject::connect(widget.lineEdit(), &QLineEdit::textEdited, &link,
                          [&box](const QString& text) { guarded([&] { box.type(fromQt(text)); }); });
-        followSelection(box, *widget.lineEdit(), link);
+        joinField(box, *widget.lineEdit(), link);
     }
     link.follow(box, widget, [&box, &widget, rows](Aspect aspect) {
         const QSignalBlocker blocker(widget);

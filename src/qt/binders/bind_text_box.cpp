@@ -51,6 +51,7 @@ private:
 }  // namespace
 
 void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link) {
+    joinField(box, widget, link);
     link.follow(box, widget, [&box, &widget](Aspect aspect) {
         showField(box, widget, aspect);
         showBackColor(widget, box.backColor());
@@ -58,7 +59,6 @@ void bindTextBox(TextBox& box, QLineEdit& widget, FormLink& link) {
     QObject::connect(&widget, &QLineEdit::textEdited, &link, [&box, &widget, &link](const QString& text) {
         link.perform([&] { box.type(fromQt(text)); }, [&] { showField(box, widget, Aspect::text); });
     });
-    followSelection(box, widget, link);
     widget.installEventFilter(new FieldInput(box, widget, link));
 }
 

@@ -12,6 +12,9 @@ namespace kelvor::qt {
 
 namespace {
 
+/// In UTF-16 units; each key has the widget lay out all of them anew.
+constexpr int longestText = 200000;
+
 /// Where byte `position` of a text stands in the widget's count.
 int unitsBefore(const std::string& text, int position) {
     return static_cast<int>(toQt(std::string_view(text).substr(0, static_cast<std::size_t>(position))).size());
@@ -26,6 +29,8 @@ int bytesBefore(const QString& text, int position) {
 void showField(const TextField& field, QLineEdit& widget, Aspect aspect) {
     const QSignalBlocker blocker(widget);
     const QString text = toQt(field.text());
+    // What the widget cannot hold would be gone after the user's next key.
+    widget.setReadOnly(text.size() > widget.maxLength());
     if (widget.text() != text) {
         widget.setText(text);
     } else if (aspect != Aspect::textSelection) {
@@ -39,7 +44,8 @@ void showField(const TextField& field, QLineEdit& widget, Aspect aspect) {
     if (!shown) widget.setSelection(start, end - start);
 }
 
-void followSelection(TextField& field, QLineEdit& widget, FormLink& link) {
+void joinField(TextField& field, QLineEdit& widget, FormLink& link) {
+    widget.setMaxLength(longestText);
     const auto tell = [&field, &widget] {
         const QString text = widget.text();
         // While a key is being handled the caret moves before the text is told.

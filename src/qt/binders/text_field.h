@@ -15,7 +15,7 @@ class FormLink;
 /// Brings the widget's text and its selection up to date after a change of `aspect`, without raising its signals.
 void showField(const TextField& field, QLineEdit& widget, Aspect aspect);
 
-/// Lets the control know what the user selects.
-void followSelection(TextField& field, QLineEdit& widget, FormLink& link);
+/// Lets the control know what the user selects, and the widget hold long texts; one that is too long can only be read.
+void joinField(TextField& field, QLineEdit& widget, FormLink& link);
 
 }  // namespace kelvor::qt
