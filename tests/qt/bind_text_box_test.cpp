@@ -87,7 +87,9 @@ TEST_F(Binding, ArrowsStepTheNumberBesideThemWithinTheirRange) {
                 {"500", "10", "9"}, {"", "1", "1"},  {".", "1", "1"},  {"99999999999999999999", "10", "9"}};
     const auto [box, widget] = pair<TextBox, QLineEdit>("txtSize");
     const auto [steps, place] = pair<UpDown, QWidget>("UpDown1", box, 1, 10);
+    widget.setAccessibleName(QStringLiteral("Size"));
     bind();
+    EXPECT_EQ(place.accessibleName(), widget.accessibleName());
     const auto arrows = place.findChildren<QToolButton*>();
     ASSERT_EQ(arrows.size(), 2);
     for (const auto& row : rows) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/up_down.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -56,8 +57,11 @@ void bindUpDown(UpDown& upDown, QWidget& place, FormLink& link) {
     addArrow(upDown, place, link, Qt::UpArrow, &UpDown::stepUp);
     addArrow(upDown, place, link, Qt::DownArrow, &UpDown::stepDown);
     link.follow(upDown, place, [](Aspect) {});
-    if (auto* field = place.window()->findChild<QWidget*>(toQt(upDown.buddy().name())))
-        field->installEventFilter(new FieldSteps(upDown, link));
+    auto* field = place.window()->findChild<QWidget*>(toQt(upDown.buddy().name()));
+    if (!field) return;
+    field->installEventFilter(new FieldSteps(upDown, link));
+    // Otherwise a screen reader is given the title of the frame that the arrows stand in.
+    place.setAccessibleName(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name));
 }
 
 }  // namespace kelvor::qt
