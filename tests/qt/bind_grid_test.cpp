@@ -46,6 +46,10 @@ TEST_F(Grids, CellsFollowTheControlOneByOneAndAllAtOnce) {
     EXPECT_EQ(index(0, 2).data(Qt::AccessibleTextRole).toString(), R"(C3 : R1 a\r\nb)");
     EXPECT_EQ(background(0, 2).value<QColor>(), QColor(1, 0, 0)) << "0 alone is the desktop's own colour";
     EXPECT_EQ(index(0, 2).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
+    grid_.setText("");
+    EXPECT_EQ(view_.grab().toImage().pixelColor(view_.viewport()->mapToParent(view_.visualRect(index(0, 2)).center())),
+              QColor(1, 0, 0))
+        << "in the current cell as well";
     grid_.setBackColor(0);
     EXPECT_FALSE(background(0, 2).isValid());
     EXPECT_EQ(resets.size(), 0);

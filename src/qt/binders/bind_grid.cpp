@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/grid.h"
 
+#include <qdrawutil.h>
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include "html/colors.h"
@@ -62,6 +64,22 @@ private:
     int cols_;
 };
 
+/// Paints the current cell in its own colour within a frame, where it has one.
+class CellPainter : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const bool isFramed = option.state.testFlag(QStyle::State_Selected) && index.data(Qt::BackgroundRole).isValid();
+        QStyleOptionViewItem shown(option);
+        if (isFramed) shown.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        QStyledItemDelegate::paint(painter, shown, index);
+        if (!isFramed) return;
+        constexpr int width = 3;  // pixels
+        qDrawPlainRect(painter, option.rect, option.palette.highlight().color(), width);
+    }
+};
+
 /// Joins the current cells of a control and its view, and gives the control the user's clicks and Enter. The view
 /// itself gets no click: a press would be a move to the cell, and a drag would be many.
 class GridActs : public QObject {
@@ -116,6 +134,7 @@ void setUpView(QTableView& view) {
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setSelectionMode(QAbstractItemView::SingleSelection);
     view.setWordWrap(false);
+    view.setItemDelegate(new CellPainter(&view));
 }
 
 }  // namespace
