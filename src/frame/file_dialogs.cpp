@@ -16,14 +16,19 @@ namespace {
 constexpr int oneExistingFile = dialog_flag::hideReadOnly | dialog_flag::fileMustExist;
 
 /// The frame's file dialog, filled in but for the name.
-CommonDialog& preparedDialog(const std::string& title, int flags) {
+/// @param row  of the filter, from 0
+CommonDialog& preparedDialog(const std::string& title, int flags, std::string filter, int row) {
     CommonDialog& dialog = mainForm().CommonD1;
     dialog.initDir = lastDir;
     dialog.dialogTitle = title;
-    dialog.filter = documentFilter;
-    dialog.filterIndex = user::fileFilter.number(0) + 1;
+    dialog.filter = std::move(filter);
+    dialog.filterIndex = row + 1;
     dialog.flags = flags;
     return dialog;
+}
+
+CommonDialog& documentDialog(const std::string& title, int flags) {
+    return preparedDialog(title, flags, std::string(documentFilter), user::fileFilter.number(0));
 }
 
 std::vector<std::string> pickExisting(CommonDialog& dialog) {
@@ -62,22 +67,20 @@ std::string browseForFolder(const std::string& title) {
 
 std::vector<std::string> pickFiles(const std::string& title) {
     using namespace dialog_flag;
-    return pickExisting(preparedDialog(title, explorer | fileMustExist | allowMultiple | hideReadOnly));
+    return pickExisting(documentDialog(title, explorer | fileMustExist | allowMultiple | hideReadOnly));
 }
 
 std::optional<std::string> pickFile(const std::string& title) {
-    return firstOf(pickExisting(preparedDialog(title, oneExistingFile)));
+    return firstOf(pickExisting(documentDialog(title, oneExistingFile)));
 }
 
 std::optional<std::string> pickPicture() {
-    CommonDialog& dialog = preparedDialog("Select and image file", oneExistingFile);
-    dialog.filter = std::string(pictureFilter) + laterPictureRows();
-    dialog.filterIndex = 1;
-    return firstOf(pickExisting(dialog));
+    return firstOf(pickExisting(
+        preparedDialog("Select and image file", oneExistingFile, std::string(pictureFilter) + laterPictureRows(), 0)));
 }
 
 std::string pickSavePath(const std::string& offered, int flags) {
-    CommonDialog& dialog = preparedDialog("Save HTML file as", flags);
+    CommonDialog& dialog = documentDialog("Save HTML file as", flags);
     dialog.fileName = offered;
     dialog.ShowSave();
     return dialog.fileName;

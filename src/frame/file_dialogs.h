@@ -30,15 +30,15 @@ void resetLastDir();
 std::string browseForFolder(const std::string& title);
 
 /// The existing files that the user picks, whose directory becomes `lastDir`; none when cancelled. The filter at first
-/// is the one that the user prefers; a stored value for it that is no number is an error 13, here and below.
+/// is the one that the user prefers for documents; a stored value for it that is no number is an error 13.
 std::vector<std::string> pickFiles(const std::string& title);
 /// The same for one file.
 std::optional<std::string> pickFile(const std::string& title);
 
-/// The same for a picture, whose filter has its first row chosen.
+/// The same for a picture, whose filters are other ones; the first of them is chosen.
 std::optional<std::string> pickPicture();
 
-/// The path that the user chooses to save under. When cancelled: error 32755.
+/// The path that the user chooses to save under, the filter as in pickFiles(). When cancelled: error 32755.
 /// @param offered  the name that stands in the dialog at first
 /// @param flags    of dialog_flag
 std::string pickSavePath(const std::string& offered, int flags);

@@ -35,7 +35,9 @@ protected:
 };
 
 TEST_F(ImageDialog, AnImageIsChosenMeasuredAndWritten) {
-    SaveSetting(application, "User", "LCase", "True");
+    // Which of its filters is for documents alone, and no number is one that their dialog refuses.
+    for (const auto& [key, value] : {std::pair{"LCase", "True"}, {"DFilter", "none"}})
+        SaveSetting(application, "User", key, value);
     const auto insert = inImageDialog([this](ImageAssistant& form) {
         EXPECT_FALSE(form.txtValue.visible() || form.txtValue.enabled());
         form.Option1[1].click();
