@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/error.h"
 #include "base/event.h"
 #include "editing/insertion.h"
 #include "frame/tool_forms.h"
@@ -46,7 +47,11 @@ bool isSound(TextBox& field) {
 
 /// Of two rows with one label the second to go has nothing stored any more.
 void removeStored(const std::string& label) {
-    if (!user::links.value(label).empty()) user::links.remove(label);
+    try {
+        user::links.remove(label);
+    } catch (const Error& error) {
+        if (error.number() != error_number::invalidProcedureCall) throw;
+    }
 }
 
 }  // namespace

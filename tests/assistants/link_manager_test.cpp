@@ -99,6 +99,7 @@ TEST_F(Links, ANewOneIsRefusedOrStoredUnderItsLabel) {
     EXPECT_EQ(form().SSTab1.tab(), 1);
     form().SSTab1.choose(0);
     remove(0, "A", Answer::no);
+    user::links.store("b", "");
     remove(1, "b", Answer::yes);
     remove(1, "B", Answer::yes);
     EXPECT_EQ(labels(), "A | A ");
