@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assistants/image_assistant.h"
 
-#include <charconv>
 #include <exception>
 #include <string_view>
-#include <system_error>
 
 #include "authoring/links.h"
 #include "base/event.h"
@@ -17,7 +15,7 @@
 #include "support/help_pages.h"
 #include "support/html_help.h"
 #include "support/report_error.h"
-#include "text/code_points.h"
+#include "text/typed_number.h"
 
 namespace kelvor {
 
@@ -44,20 +42,12 @@ void reportFailedPicture(const Error& error, const std::string& path) {
                  .icon = MessageIcon::exclamation});
 }
 
-/// The number that a text is; any other text is an error 13.
-double numberIn(std::string_view text) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error == std::errc() && end == text.data() + text.size()) return number;
-    throw Error(error_number::typeMismatch, "Type mismatch: \"" + shortened(text) + "\"");
-}
-
 /// Gives a field the range of its unit: the natural size in pixels, or 100 percent at the most.
 void takeUnit(UpDown& spinner, int unit, int natural) {
     TextBox& field = spinner.buddy();
     spinner.setMaximum(unit == percent ? mostPercent : mostPixels);
     if (unit == pixels) return field.setText(std::to_string(natural));
-    if (!textBoxEmpty(field) && numberIn(field.text()) > mostPercent) field.setText(std::to_string(mostPercent));
+    if (!textBoxEmpty(field) && typedNumber(field.text()) > mostPercent) field.setText(std::to_string(mostPercent));
 }
 
 /// What of a picture does not fit its frame is to be scrolled.

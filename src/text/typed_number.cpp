@@ -18,7 +18,7 @@ double typedNumber(std::string_view text) {
     const char* const end = text.data() + text.size();
     const auto [rest, fault] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
     if (fault == std::errc::result_out_of_range) throw Error(error_number::overflow, "Overflow");
-    if (fault != std::errc() || rest != end || text.find_first_not_of("0123456789.") != std::string_view::npos)
+    if (fault != std::errc() || rest != end || text.find_first_not_of("-0123456789.") != std::string_view::npos)
         throw Error(error_number::typeMismatch, "Type mismatch: \"" + shortened(text) + "\"");
     return number;
 }
