@@ -6,10 +6,16 @@
 
 namespace kelvor {
 
-/// ` NAME="value"`, with the blank before it. The value is written as it stands; nothing is escaped.
+/// Appends ` NAME="value"`, with the blank before it. The value is written as it stands; nothing is escaped.
+inline void appendAttribute(std::string& text, std::string_view name, std::string_view value) {
+    text.append(" ").append(name).append("=\"").append(value).append("\"");
+}
+
+/// The same as a text of its own.
 inline std::string attribute(std::string_view name, std::string_view value) {
-    std::string text(" ");
-    return text.append(name).append("=\"").append(value).append("\"");
+    std::string text;
+    appendAttribute(text, name, value);
+    return text;
 }
 
 /// The same, and nothing for an empty value.

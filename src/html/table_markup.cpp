@@ -2,6 +2,7 @@
 #include "html/table_markup.h"
 
 #include "base/error.h"
+#include "html/attributes.h"
 #include "text/code_points.h"
 
 namespace kelvor {
@@ -18,10 +19,6 @@ std::string_view withoutBlanksAtEnd(std::string_view text) {
 /// What a place for so many characters keeps of a text.
 std::string_view kept(std::string_view text, std::size_t characters) {
     return withoutBlanksAtEnd(text.substr(0, positionBehind(text, characters)));
-}
-
-void appendAttribute(std::string& text, std::string_view name, std::string_view value) {
-    text.append(" ").append(name).append("=\"").append(value).append("\"");
 }
 
 void appendBgColor(std::string& text, std::string_view color) {
