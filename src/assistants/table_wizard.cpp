@@ -11,6 +11,7 @@
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
 #include "base/error.h"
+#include "base/int16.h"
 #include "batch/script_assistant.h"
 #include "controls/mouse_press.h"
 #include "editing/insertion.h"
@@ -46,7 +47,7 @@ const Message destroyQuestion = {.text =
                                  .buttons = MessageButtons::yesNo};
 
 int integerIn(const TextBox& field) {
-    return toInteger(typedNumber(field.text()));
+    return toInt16(typedNumber(field.text()));
 }
 
 void limitNumber(TextBox& field, int largest) {

@@ -17,8 +17,8 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/settings_database.h"
-#include "text/code_points.h"
 #include "text/letter_case.h"
+#include "text/typed_number.h"
 
 namespace kelvor {
 
@@ -230,10 +230,6 @@ auto withStore(Operation operation) {
     return result;
 }
 
-Error noNumber(const std::string& text) {
-    return {error_number::typeMismatch, "Type mismatch: \"" + shortened(text) + "\""};
-}
-
 }  // namespace
 
 std::string GetSetting(std::string_view program, std::string_view section, std::string_view key,
@@ -265,11 +261,11 @@ std::optional<std::vector<Setting>> GetAllSettings(std::string_view program, std
 
 int settingNumber(const std::string& text) {
     const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) throw noNumber(text);
+    if (first == std::string::npos) throw notANumberError(text);
     const std::string_view number(text.data() + first, text.find_last_not_of(' ') + 1 - first);
     int value = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (error != std::errc() || end != number.data() + number.size()) throw noNumber(text);
+    if (error != std::errc() || end != number.data() + number.size()) throw notANumberError(text);
     return value;
 }
 

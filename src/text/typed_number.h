@@ -3,13 +3,15 @@
 
 #include <string_view>
 
+#include "base/error.h"
+
 namespace kelvor {
 
 /// The number that digits with at most one point among them are, as a field for numbers has them, or a "-" and such
-/// digits; a text of any other kind is an error 13.
+/// digits. A text of any other kind is an error 13, a number too large an error 6.
 double typedNumber(std::string_view text);
 
-/// The nearest integer of 16 bits, the even one of two; beyond them error 6.
-int toInteger(double number);
+/// The error 13 of a text that is to be a number and is none.
+Error notANumberError(std::string_view text);
 
 }  // namespace kelvor

@@ -3,16 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include "base/error.h"
+#include "base/int16.h"
 
 namespace kelvor {
 namespace {
 
 TEST(TypedNumber, IsRoundedToTheNearestAndToTheEvenOneOfTwo) {
     for (const auto& [text, number] : {std::pair{"2.5", 2}, {"3.5", 4}, {".51", 1}, {"-7.", -7}, {"32767.4", 32767}})
-        EXPECT_EQ(toInteger(typedNumber(text)), number) << text;
+        EXPECT_EQ(toInt16(typedNumber(text)), number) << text;
     for (const char* text : {"", ".", "1.2.3", "--1", "1e3", "inf"}) EXPECT_THROW(typedNumber(text), Error) << text;
-    EXPECT_THROW(toInteger(typedNumber("32767.5")), Error);
+    EXPECT_THROW(toInt16(32767.5), Error);
 }
 
 }  // namespace
