@@ -68,18 +68,6 @@ void findTagReplaceTag(const TagTokens& tag, const std::string& newTag) {
     apply(tagEdit(activeText().textView(), tag, newTag));
 }
 
-/// Sets a flag while it lives.
-class ScopedFlag {
-public:
-    explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
-    ~ScopedFlag() { flag_ = false; }
-    ScopedFlag(const ScopedFlag&) = delete;
-    ScopedFlag& operator=(const ScopedFlag&) = delete;
-
-private:
-    bool& flag_;
-};
-
 }  // namespace
 
 FormatDocument::FormatDocument() : ToolDialog("formatDoc", "Format Document") {
@@ -185,7 +173,7 @@ bool FormatDocument::checkMetaRedirect() {
 }
 
 void FormatDocument::cmdFinished_Click() {
-    if (writing_ || !checkMetaRedirect()) return;
+    if (!enabled() || !checkMetaRedirect()) return;
     writeDocument();
     unload();
 }
@@ -200,7 +188,7 @@ BodyAttributes FormatDocument::bodyAttributes() const {
 
 void FormatDocument::writeDocument() {
     // The dialog stays open while events run, and so the document below it.
-    const ScopedFlag writing(writing_);
+    const DisabledForm disabled(*this);
     const EditControl::Batch oneStep(activeText());
     findMetaReplaceMeta(head::author, tagAround(head::author, txtMetaA.text()));
     findMetaReplaceMeta(head::description, tagAround(head::description, txtMetaD.text()));

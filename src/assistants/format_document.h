@@ -45,7 +45,7 @@ public:
 
 private:
     void Form_Load() override;
-    void Form_QueryUnload(bool& cancel) override { cancel = writing_; }
+    void Form_QueryUnload(bool& cancel) override { cancel = !enabled(); }
     void Form_Unload() override;
     void txtBgGraphic_DblClick();
     void cmdFinished_Click();
@@ -67,8 +67,6 @@ private:
     void writeDocument();
     void insertBaseFont();
     void handleMETAC();
-
-    bool writing_ = false;
 };
 
 /// Shows the dialog over the document in front.
