@@ -59,12 +59,12 @@ bool holdsSize(const TextBox& field) {
     return !textBoxEmpty(field) && !field.text().starts_with('0');
 }
 
+}  // namespace
+
 template <typename Tool>
-void showTool() {
+void TableWizard::showTool() {
     openToolForm(toolForm<Tool>(), ShowMode::modal);
 }
-
-}  // namespace
 
 TableWizard::TableWizard() : ToolDialog("frmTableWiz", "Table Wizard") {
     for (TextBox* field : {&txtRows, &txtCols, &txtTableWidth, &txtBorderSize, &txtCellSpacing, &txtCellPadding})
@@ -252,28 +252,8 @@ void TableWizard::mnuTableWiz_image_Click() {
     mnuInsert_Image_Click();
 }
 
-void TableWizard::mnuTableWiz_link_Click() {
-    showTool<LinkManager>();
-}
-
-void TableWizard::mnuTableWiz_quick_Click() {
-    showTool<TextFormat>();
-}
-
-void TableWizard::mnuTableWiz_script_Click() {
-    showTool<ScriptAssistant>();
-}
-
-void TableWizard::mnuTableWiz_special_Click() {
-    showTool<SpecialCharacterInsertion>();
-}
-
-void TableWizard::mnuTableWiz_tags_Click() {
-    showTool<Tags>();
-}
-
 void mnuInsert_TableWiz_Click() {
-    showTool<TableWizard>();
+    openToolForm(toolForm<TableWizard>(), ShowMode::modal);
 }
 
 }  // namespace kelvor

@@ -22,6 +22,12 @@
 
 namespace kelvor {
 
+class LinkManager;
+class ScriptAssistant;
+class SpecialCharacterInsertion;
+class Tags;
+class TextFormat;
+
 /// Builds a table on three pages, its size, its own properties and its cells, and inserts it into the document. While
 /// it is open other tools deliver their text into the cell.
 class TableWizard : public ToolDialog {
@@ -65,14 +71,14 @@ public:
     MenuItem mnuTableWiz_image{*this, "mnuTableWiz_image", &mnuTableWiz, "Image Assistant",
                                &TableWizard::mnuTableWiz_image_Click};
     MenuItem mnuTableWiz_link{*this, "mnuTableWiz_link", &mnuTableWiz, "Link Manager",
-                              &TableWizard::mnuTableWiz_link_Click};
+                              &TableWizard::showTool<LinkManager>};
     MenuItem mnuTableWiz_quick{*this, "mnuTableWiz_quick", &mnuTableWiz, "Quick Text Format",
-                               &TableWizard::mnuTableWiz_quick_Click};
+                               &TableWizard::showTool<TextFormat>};
     MenuItem mnuTableWiz_script{*this, "mnuTableWiz_script", &mnuTableWiz, "Script Manager",
-                                &TableWizard::mnuTableWiz_script_Click};
+                                &TableWizard::showTool<ScriptAssistant>};
     MenuItem mnuTableWiz_special{*this, "mnuTableWiz_special", &mnuTableWiz, "Special Characters",
-                                 &TableWizard::mnuTableWiz_special_Click};
-    MenuItem mnuTableWiz_tags{*this, "mnuTableWiz_tags", &mnuTableWiz, "Tags", &TableWizard::mnuTableWiz_tags_Click};
+                                 &TableWizard::showTool<SpecialCharacterInsertion>};
+    MenuItem mnuTableWiz_tags{*this, "mnuTableWiz_tags", &mnuTableWiz, "Tags", &TableWizard::showTool<Tags>};
 
 private:
     enum class Direction { back = -1, forward = 1 };
@@ -102,11 +108,8 @@ private:
     void txtCellText_Change();
     void mnuTableWiz_datetime_Click();
     void mnuTableWiz_image_Click();
-    void mnuTableWiz_link_Click();
-    void mnuTableWiz_quick_Click();
-    void mnuTableWiz_script_Click();
-    void mnuTableWiz_special_Click();
-    void mnuTableWiz_tags_Click();
+    template <typename Tool>
+    void showTool();
 
     void fillAlignments();
     void showFrame(int index);
