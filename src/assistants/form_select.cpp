@@ -31,7 +31,7 @@ constexpr Group groups[] = {
 
 enum Column { descriptionColumn, valueColumn, defaultColumn };
 
-constexpr const char* isDefault = "Yes";
+constexpr const char* defaultMark = "Yes";
 
 const Message noOptions = {.text = "You must include some data for this form control.",
                            .title = "Missing form control data",
@@ -62,7 +62,7 @@ void FormSelect::prepare(std::string_view caption) {
 void FormSelect::cmdAddOption_Click() {
     if (textBoxEmpty(txtDescripName) || textBoxEmpty(txtValue)) return reportEmptyFields();
     const bool chosen = chkDefault.value();
-    lvOptions.addRow({txtDescripName.text(), txtValue.text(), chosen ? isDefault : "No"});
+    lvOptions.addRow({txtDescripName.text(), txtValue.text(), chosen ? defaultMark : "No"});
     lvOptions.setSelectedRow(static_cast<int>(lvOptions.count()) - 1);
     if (chosen) {
         chkDefault.setValue(false);
@@ -76,7 +76,7 @@ void FormSelect::cmdAddOption_Click() {
 void FormSelect::cmdClearOption_Click() {
     const int row = lvOptions.selectedRow();
     if (row < 0) return;
-    if (lvOptions.cell(row, defaultColumn) == isDefault) offerDefault();
+    if (lvOptions.cell(row, defaultColumn) == defaultMark) offerDefault();
     lvOptions.removeRow(row);
     checkButtons();
 }
@@ -101,7 +101,7 @@ std::vector<FormOption> FormSelect::options() const {
     std::vector<FormOption> options;
     for (const ReportView::Row& row : lvOptions.rows())
         options.push_back(
-            {row.cells[descriptionColumn], row.cells[valueColumn], row.cells[defaultColumn] == isDefault});
+            {row.cells[descriptionColumn], row.cells[valueColumn], row.cells[defaultColumn] == defaultMark});
     return options;
 }
 
