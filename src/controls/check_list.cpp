@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/check_list.h"
 
-#include "base/error.h"
+#include "controls/checked_row.h"
 
 namespace kelvor {
 
 std::size_t CheckList::checked(int row) const {
-    if (row >= 0 && row < static_cast<int>(rows_.size())) return static_cast<std::size_t>(row);
-    throw Error(error_number::subscriptOutOfRange, "There is no row " + std::to_string(row));
+    return checkedRow(row, rows_.size());
 }
 
 void CheckList::addRow(const std::string& caption) {

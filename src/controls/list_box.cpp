@@ -3,13 +3,12 @@
 
 #include <iterator>
 
-#include "base/error.h"
+#include "controls/checked_row.h"
 
 namespace kelvor {
 
 std::size_t ListBox::checked(int row) const {
-    if (row >= 0 && row < static_cast<int>(rows_.size())) return static_cast<std::size_t>(row);
-    throw Error(error_number::subscriptOutOfRange, "There is no row " + std::to_string(row));
+    return checkedRow(row, rows_.size());
 }
 
 void ListBox::addRows(std::vector<std::string> texts) {

@@ -5,14 +5,13 @@
 #include <iterator>
 #include <numeric>
 
-#include "base/error.h"
+#include "controls/checked_row.h"
 #include "text/text_order.h"
 
 namespace kelvor {
 
 std::size_t ReportView::checked(int row) const {
-    if (row >= 0 && row < static_cast<int>(rows_.size())) return static_cast<std::size_t>(row);
-    throw Error(error_number::subscriptOutOfRange, "There is no row " + std::to_string(row));
+    return checkedRow(row, rows_.size());
 }
 
 void ReportView::addRows(std::vector<Row> rows) {
