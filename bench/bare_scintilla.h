@@ -2,19 +2,14 @@
 #pragma once
 
 #include <Qsci/qsciscintillabase.h>
-#include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <string>
+
+#include "bench/comparison.h"
 
 namespace kelvor::bench {
 
 using Sci = QsciScintillaBase;
-using Clock = std::chrono::steady_clock;
-
-inline double secondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
 
 /// Lines of 60 bytes with one match each, CR LF at their ends.
 inline std::string lines(int count) {
@@ -46,29 +41,6 @@ public:
     long send(unsigned int message, const std::string& text) {
         return SendScintilla(message, static_cast<uintptr_t>(text.size()), text.data());
     }
-};
-
-/// Both times of all iterations, in seconds.
-class Comparison {
-public:
-    explicit Comparison(benchmark::State& state) : state_(state) {}
-    ~Comparison() {
-        state_.counters["bare_ms"] = benchmark::Counter(bare_ * 1000, benchmark::Counter::kAvgIterations);
-        state_.counters["ratio"] = ours_ / bare_;
-    }
-    Comparison(const Comparison&) = delete;
-    Comparison& operator=(const Comparison&) = delete;
-
-    void add(double ours, double bare) {
-        state_.SetIterationTime(ours);
-        ours_ += ours;
-        bare_ += bare;
-    }
-
-private:
-    benchmark::State& state_;
-    double ours_ = 0;
-    double bare_ = 0;
 };
 
 inline double bareReplaceAll(const std::string& text) {

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "assistants/format_document.h"
-#include "bench/bare_scintilla.h"
+#include "bench/comparison.h"
 #include "bench/program.h"
 #include "editing/insertion.h"
 #include "html/head_tags.h"

@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include "assistants/table_wizard.h"
-#include "bench/bare_scintilla.h"
+#include "bench/comparison.h"
 #include "bench/program.h"
 #include "editing/insertion.h"
 
@@ -27,14 +27,6 @@ TableWizard& openWizard(int size) {
     for (TextBox* field : {&wizard.txtRows, &wizard.txtCols}) field->setText(std::to_string(size));
     QApplication::processEvents();
     return wizard;
-}
-
-template <typename Act>
-double secondsOf(Act act) {
-    const auto start = Clock::now();
-    act();
-    QApplication::processEvents();
-    return secondsSince(start);
 }
 
 /// The same bytes in a plain loop, and inserted at once.
