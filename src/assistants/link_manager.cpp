@@ -85,9 +85,8 @@ void LinkManager::setUpLinks() {
         const int icon = iconCheck(link.value);
         rows.push_back({{std::move(link.key), std::move(link.value)}, icon});
     }
-    ListView1.setSorted(false);
     ListView1.addRows(std::move(rows));
-    ListView1.setSorted(true);
+    ListView1.sortBy(labelColumn, true);
 }
 
 void LinkManager::setListViewSelection() {
@@ -161,9 +160,8 @@ bool LinkManager::storeLink() const {
 }
 
 void LinkManager::addRow() {
-    ListView1.setSorted(false);
     ListView1.addRow({txtLabel.text(), lblFullLink.caption()}, iconCheck(cboType.text()));
-    ListView1.setSorted(true);
+    ListView1.sortBy(labelColumn, true);
 }
 
 void LinkManager::cmdAdd_Click() {

@@ -19,12 +19,6 @@ void ReportView::addRows(std::vector<Row> rows) {
     const int first = static_cast<int>(rows_.size());
     std::move(rows.begin(), rows.end(), std::back_inserter(rows_));
     tellRows(RowChange::Kind::inserted, first, static_cast<int>(rows_.size()) - 1);
-    if (sorted_) sortBy(0, true);
-}
-
-void ReportView::setSorted(bool sorted) {
-    if (sorted && !sorted_) sortBy(0, true);
-    sorted_ = sorted;
 }
 
 void ReportView::removeRow(int row) {

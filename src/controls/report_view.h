@@ -66,11 +66,6 @@ public:
     /// Orders the rows by a column's cells as texts, equal ones as they stood. The current row stays current.
     void sortBy(int column, bool ascending);
 
-    /// Whether the rows stand in the order of their first cells. Turning it on sorts them, and so does each row that is
-    /// added afterwards; off, they stay as they stand.
-    bool sorted() const { return sorted_; }
-    void setSorted(bool sorted);
-
     /// In twips (15 of them a pixel); 0 for a column whose width the user and its contents decide.
     int columnWidth(int column) const;
     void setColumnWidth(int column, int twips);
@@ -104,7 +99,6 @@ private:
     std::vector<bool> rightAligned_ = std::vector<bool>(columns_.size(), false);
     std::vector<Row> rows_;
     std::vector<std::string> icons_;
-    bool sorted_ = false;
     bool multiSelect_ = false;
     int selectedRow_ = -1;
     RowFollower rowFollower_;

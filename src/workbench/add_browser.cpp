@@ -69,9 +69,8 @@ void AddBrowser::removeEdited() {
 
 void AddBrowser::addBrowser() {
     ReportView& list = toolForm<Preferences>().ListView2;
-    list.setSorted(false);
     list.addRow({Text1.text(), Text2.text()});
-    list.setSorted(true);
+    list.sortBy(0, true);
 }
 
 void AddBrowser::writeBrowsers() {

@@ -49,7 +49,6 @@ void AddString::removeEdited() {
 /// False when there is one of that label, which has been told; the list has the row all the same.
 bool AddString::addString() {
     ReportView& list = toolForm<Preferences>().ListView1;
-    list.setSorted(false);
     list.addRow({Text1.text(), Text2.text()});
     try {
         addUserString(Text1.text(), Text2.text());
@@ -58,7 +57,7 @@ bool AddString::addString() {
         tellNameInUse("user string", Text1.text());
         return false;
     }
-    list.setSorted(true);
+    list.sortBy(0, true);
     return true;
 }
 

@@ -15,9 +15,8 @@ void listEntries(ReportView& list, const UserList& stored) {
     std::vector<ReportView::Row> rows;
     rows.reserve(entries->size());
     for (Setting& entry : *entries) rows.push_back({{std::move(entry.key), std::move(entry.value)}});
-    list.setSorted(false);
     list.addRows(std::move(rows));
-    list.setSorted(true);
+    list.sortBy(0, true);
 }
 
 void storeEntries(const ReportView& list, const UserList& stored) {

@@ -105,18 +105,6 @@ TEST_F(Reports, TheChoiceGoesBothWaysAndIsScrolledToAndSorted) {
     EXPECT_TRUE(selected().size() == 2 && view_.verticalScrollBar()->value() == 0);
 }
 
-TEST_F(Reports, ASortedListTakesNewRowsInTheirPlacesAndKeepsTheCurrentOne) {
-    list_.addRows({{{"b"}}, {{"C"}}});
-    list_.setSelectedRow(1);
-    list_.setSorted(true);
-    list_.addRows({{{"d"}}, {{"a"}}});
-    EXPECT_EQ(textAt(view_, 0) + textAt(view_, 1) + textAt(view_, 2) + textAt(view_, 3), "abCd");
-    EXPECT_EQ(selected(), Rows{2});
-    list_.setSorted(false);
-    list_.addRow({"A"});
-    EXPECT_EQ(list_.cell(4, 0), "A");
-}
-
 TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {
     addPages(3);
     list_.setSelectedRow(1);
