@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "tests/kit/quiet_platform.h"
+#include "bench/quiet_platform.h"
 
 namespace kelvor::bench {
 

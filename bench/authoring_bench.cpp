@@ -90,13 +90,8 @@ public:
     WatchedScreen screen{usual_.screen};
 
 private:
-    Platform platform_{dialogs,
-                       screen,
-                       usual_.shell,
-                       usual_.clock,
-                       usual_.clipboard,
-                       usual_.help,
-                       inWindows ? usual_.windows : noWindows_};
+    Platform platform_{dialogs,          screen,      usual_.shell,     usual_.clock,
+                       usual_.clipboard, usual_.help, usual_.libraries, inWindows ? usual_.windows : noWindows_};
     std::unique_ptr<EditWindow> window_;
 };
 

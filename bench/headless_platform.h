@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tests/kit/quiet_platform.h"
+#include "bench/quiet_platform.h"
 
 namespace kelvor::bench {
 

@@ -2,7 +2,6 @@
 #include "assistants/form_open.h"
 
 #include "support/settings.h"
-#include "tests/kit/messages.h"
 #include "tests/kit/selection_fixture.h"
 
 namespace kelvor {

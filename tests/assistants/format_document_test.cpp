@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "assistants/format_document.h"
 
-#include "tests/kit/messages.h"
 #include "tests/kit/selection_fixture.h"
-#include "tests/kit/waiting_events.h"
-#include "text/letter_case.h"
 
 namespace kelvor {
 namespace {
@@ -13,21 +10,21 @@ class FormatDocumentDialog : public SelectionTest {
 protected:
     FormatDocumentDialog() { SaveSetting(application, "User", "prefillProgram", "False"); }
 
-    /// The text after `steps` in the dialog, the last of which is Finished; behind a blank the control focused last.
-    std::string finished(const std::string& before, const std::function<void(FormatDocument&)>& steps = {}) {
-        const auto act = inDialog<FormatDocument>(mnuTools_Format_Click, [&steps](FormatDocument& form) {
+    using Steps = std::function<void(FormatDocument&)>;
+
+    /// The text after `steps` in the dialog and a press of `end`; behind a blank the control focused last.
+    std::string after(const std::string& before, const Steps& steps, Button FormatDocument::*end) {
+        const auto act = inDialog<FormatDocument>(mnuTools_Format_Click, [&steps, end](FormatDocument& form) {
             if (steps) steps(form);
-            form.cmdFinished.click();
+            (form.*end).click();
         });
-        return after(act, before);
+        return SelectionTest::after(act, before);
     }
-    /// Takes `steps` in the dialog over a page and leaves it by Cancel.
-    void cancelled(const std::string& page, const std::function<void(FormatDocument&)>& steps) {
-        const auto act = inDialog<FormatDocument>(mnuTools_Format_Click, [&steps](FormatDocument& form) {
-            steps(form);
-            form.cmdCancel.click();
-        });
-        after(act, "[]" + page);
+    std::string finished(const std::string& before, const Steps& steps = {}) {
+        return after(before, steps, &FormatDocument::cmdFinished);
+    }
+    void cancelled(const std::string& page, const Steps& steps) {
+        after("[]" + page, steps, &FormatDocument::cmdCancel);
         EXPECT_EQ(text->text(), page);
     }
 };
@@ -79,14 +76,14 @@ TEST_F(FormatDocumentDialog, AnUnclosedTagOrARedirectWithoutADelayKeepsItAway) {
     platform.expectMessage(critical("An error occurred while loading the form", "Load error"));
     for (const std::string page : {"<TITLE>x<META NAME=\"Author\" CONTENT=\"a\" ><BODY onLoad=\"a<b\">",
                                    "<META HTTP-EQUIV=\"Refresh\" CONTENT=\"5\">"}) {
-        after(mnuTools_Format_Click, "[]" + page);
+        SelectionTest::after(mnuTools_Format_Click, "[]" + page);
         EXPECT_EQ(text->text(), page);
     }
 }
 
-TEST_F(FormatDocumentDialog, ShowsWhatItReadsAndWhatTheUserWantsFilledIn) {
-    for (const char* key : {"prefillAuthor", "prefillProgram"}) SaveSetting(application, "User", key, "True");
-    SaveSetting(application, "User", "name", "Ann");
+TEST_F(FormatDocumentDialog, ShowsWhatItReadsAndWhatTheUserWantsFilledInOrAsksFor) {
+    for (const auto& [key, value] : {std::pair{"prefillAuthor", "True"}, {"prefillProgram", "True"}, {"name", "Ann"}})
+        SaveSetting(application, "User", key, value);
     for (const auto& [page, shown, color] :
          {std::tuple{"<BODY>", "Ann, Kelvor 32-bit HTML Editor, (n/a)", -1},
           {"<body vlink=\"#0000ff\" LINK=\"silver\">", "Ann, Kelvor 32-bit HTML Editor, #0000ff", 0xFF0000},
@@ -95,9 +92,6 @@ TEST_F(FormatDocumentDialog, ShowsWhatItReadsAndWhatTheUserWantsFilledIn) {
             EXPECT_EQ(form.txtMetaA.text() + ", " + form.txtMetaG.text() + ", " + form.txtColor[2].text(), shown);
             EXPECT_EQ(form.txtColor[2].backColor(), color);
         });
-}
-
-TEST_F(FormatDocumentDialog, TheFieldsAskAndAreAskedFor) {
     const std::string picture = files.path("A.gif");
     cancelled("", [&](FormatDocument& form) {
         platform.expectColor(0x0080FF);
@@ -108,9 +102,9 @@ TEST_F(FormatDocumentDialog, TheFieldsAskAndAreAskedFor) {
             form.txtBgGraphic.doubleClick();
         };
         EXPECT_EQ(reportedBy(browse), "9 A path has no separator;");
-        for (const char* key : {"relPath", "LCase"}) SaveSetting(application, "User", key, key[0] == 'L' ? "True" : "");
+        SaveSetting(application, "User", "relPath", "");
         browse();
-        EXPECT_EQ(form.txtBgGraphic.text(), toLower(picture));
+        EXPECT_EQ(form.txtBgGraphic.text(), picture);
         for (const auto& [delay, target, missing] : {std::tuple{"5", "", "txtTarget"}, {"", "u", "txtDelay"}}) {
             form.txtDelay.setText(delay);
             form.txtTarget.setText(target);

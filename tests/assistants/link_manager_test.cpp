@@ -9,7 +9,6 @@
 #include "frame/tool_forms.h"
 #include "support/user_settings.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -26,18 +25,15 @@ protected:
 
     LinkManager& form() { return toolForm<LinkManager>(); }
     /// A right press on a row of the list, and the choice of a row of the popup.
-    void choose(
-        int row, MenuItem LinkManager::*act, const std::function<void()>& before = [] {}) {
+    void choose(int row, MenuItem LinkManager::*act) {
         form().ListView1.setSelectedRow(row);
-        platform.expectPopup([=, this](MenuItem&) {
-            before();
-            (form().*act).click();
-        });
+        platform.expectPopup([=, this](MenuItem&) { (form().*act).click(); });
         form().ListView1.mouseDown.raise({MousePress::right});
     }
     void remove(int row, const std::string& label, Answer answer) {
-        choose(row, &LinkManager::mnuLinkRClick_delete,
-               [=, this] { platform.expectMessage(deletion("Delete [" + label + "] link?"), answer); });
+        form().ListView1.setSelectedRow(row);
+        platform.expectMessage(deletion("Delete [" + label + "] link?"), answer);
+        form().mnuLinkRClick_delete.click();
     }
     void expectRefusal() {
         platform.expectMessage(exclamation("You must enter a label for this link", "Mandatory data"));
@@ -74,8 +70,7 @@ TEST_F(Links, AreListedInOrderAndGoInOneAfterTheOther) {
 
 TEST_F(Links, ANewOneIsRefusedOrStoredUnderItsLabel) {
     form().SSTab1.choose(1);
-    EXPECT_EQ(platform.focused, "txtLabel");
-    EXPECT_EQ(form().lblFullLink.caption(), "(No data entered)");
+    EXPECT_EQ(form().lblFullLink.caption() + platform.focused, "(No data entered)txtLabel");
     expectRefusal();
     form().txtLabel.type("B");
     form().txtAddress.type("x\"");
@@ -96,7 +91,6 @@ TEST_F(Links, ANewOneIsRefusedOrStoredUnderItsLabel) {
     EXPECT_EQ(labels(), "A b B | b A ");
     EXPECT_EQ(form().ListView1.rows()[2].icon, 4);
     EXPECT_EQ(form().txtLabel.text() + form().lblFullLink.caption(), "(No data entered)");
-    EXPECT_EQ(form().SSTab1.tab(), 1);
     form().SSTab1.choose(0);
     remove(0, "A", Answer::no);
     user::links.store("b", "");
@@ -117,9 +111,8 @@ TEST_F(Links, AnEditTakesTheOldOneAwayOnceEvenWhenItIsRefused) {
     form().txtLabel.type("0");
     form().cmdAdd.click();
     EXPECT_EQ(labels(), "0 A | A 0 ");
-    EXPECT_EQ(form().SSTab1.tab(), 0);
+    EXPECT_TRUE(form().SSTab1.tab() == 0 && form().ListView1.selectedRow() == 0);
     EXPECT_EQ(form().SSTab1.caption(1) + form().cmdAdd.caption(), "Add a Link&Add Link");
-    EXPECT_EQ(form().ListView1.selectedRow(), 0);
 }
 
 TEST_F(Links, AreTriedOutInTheBrowserButNotRelativeOnesFromTheirFields) {
@@ -134,15 +127,13 @@ TEST_F(Links, AreTriedOutInTheBrowserButNotRelativeOnesFromTheirFields) {
 
 TEST_F(Links, AWriteThatFailsIsToldAndKeepsTheFields) {
     form().SSTab1.choose(1);
-
     form().txtLabel.type("new");
     platform.expectMessage(critical("An error occurred while writing to the registry.", "SaveSetting Error",
                                     "There is not enough memory."));
     sqlite3_hard_heap_limit64(1);
     form().cmdAdd.click();
     sqlite3_hard_heap_limit64(0);
-    EXPECT_EQ(form().txtLabel.text(), "new");
-    EXPECT_EQ(form().ListView1.count(), 2U);
+    EXPECT_EQ(form().txtLabel.text() + labels(), "newA b | b A ");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include "authoring/convert.h"
 
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -51,13 +50,6 @@ TEST_F(ConvertDialog, RewritesTheConvertibleRowsOnly) {
     EXPECT_EQ(text.text(), characters);
     text.undo();
     EXPECT_EQ(text.text(), entities);
-}
-
-TEST_F(ConvertDialog, WithoutADocumentTheErrorLeavesItUsable) {
-    toolForm<Convert>().load();
-    EXPECT_TRUE(reportedBy([] { toolForm<Convert>().cmdConvert.click(); }).starts_with("91 "));
-    EXPECT_EQ(disabledIn(toolForm<Convert>()), "");
-    toolForm<Convert>().cmdClose.click();
 }
 
 }  // namespace

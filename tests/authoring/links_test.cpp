@@ -10,7 +10,6 @@
 #include "frame/tool_forms.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

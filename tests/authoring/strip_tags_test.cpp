@@ -2,7 +2,6 @@
 #include "authoring/strip_tags.h"
 
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

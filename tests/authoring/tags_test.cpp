@@ -4,7 +4,6 @@
 #include "authoring/special_character_insertion.h"
 #include "authoring/text_format.h"
 #include "editing/insertion.h"
-#include "tests/kit/messages.h"
 #include "tests/kit/selection_fixture.h"
 
 namespace kelvor {

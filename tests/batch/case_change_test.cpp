@@ -8,8 +8,6 @@
 #include "files/paths.h"
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
-#include "tests/kit/waiting_events.h"
 
 namespace kelvor {
 namespace {

@@ -3,8 +3,6 @@
 
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
-#include "tests/kit/waiting_events.h"
 
 namespace kelvor {
 namespace {

@@ -5,7 +5,6 @@
 #include "frame/main_frame.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

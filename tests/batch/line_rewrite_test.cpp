@@ -98,12 +98,14 @@ TEST(FindItems, StandLongestFirstByCharacters) {
 }
 
 TEST(FindItems, AreDuplicatesByTheModeOfTheSearch) {
-    const Items cased{{"Foo", "1"}, {"bar", "2"}, {"fOO", "3"}};
-    EXPECT_TRUE(checkForDupes(cased, false));
-    EXPECT_FALSE(checkForDupes(cased, true));
-    EXPECT_TRUE(checkForDupes({{"É", ""}, {"é", ""}}, false));
-    EXPECT_TRUE(checkForDupes({{"a", "1"}, {"a", "2"}}, true));
-    EXPECT_FALSE(checkForDupes({}, false));
+    for (const auto& [items, matchCase, isDouble] : {
+             std::tuple{Items{{"Foo", "1"}, {"bar", "2"}, {"fOO", "3"}}, false, true},
+             {{{"Foo", "1"}, {"fOO", "3"}}, true, false},
+             {{{"É", ""}, {"é", ""}}, false, true},
+             {{{"a", "1"}, {"a", "2"}}, true, true},
+             {{}, false, false},
+         })
+        EXPECT_EQ(checkForDupes(items, matchCase), isDouble);
 }
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include "html/special_chars.h"
 #include "tests/kit/faults.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

@@ -7,7 +7,6 @@
 #include "core/file_close.h"
 #include "core/file_open.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

@@ -9,7 +9,6 @@
 #include "frame/file_dialogs.h"
 #include "tests/kit/faults.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

@@ -8,7 +8,6 @@
 #include "core/file_close.h"
 #include "core/file_open.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {
@@ -62,8 +61,7 @@ TEST_F(Commands, ADocumentTurnsEverythingOnOnceAndItsEndOff) {
     mnuFile_Close_Click();
     expectCommands(false, false);
     EXPECT_FALSE(menu("mnuToolBars_forms").checked());
-    EXPECT_FALSE(mainForm().Toolbar3.visible());
-    EXPECT_FALSE(mainForm().Picture2.visible());
+    EXPECT_FALSE(mainForm().Toolbar3.visible() || mainForm().Picture2.visible());
 }
 
 TEST_F(Commands, FollowTheDocumentInFrontThroughPreviewsFailedOpensAndCloses) {

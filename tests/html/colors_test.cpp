@@ -17,6 +17,15 @@ TEST(Colors, TurnIntoHexadecimalTextAndBack) {
     EXPECT_EQ(longToHex(color), "ABCDEF");
     EXPECT_EQ(color, 0xF);
     EXPECT_EQ(colorToHtml(0x00CDEF), "EFCD00");
+    for (const auto& [text, sample] : {std::pair{"#FF8001 and more", 0x0180FF},
+                                       {"#ff", 0xFF},
+                                       {"#", 0},
+                                       {"", 0xFFFFFF},
+                                       {"(n/a)", 0xFFFFFF},
+                                       {"silver", 0xFFFFFF}})
+        EXPECT_EQ(sampleColor(text), sample) << text;
+    for (const int dark : {0, 0x800000, 0x0000FF}) EXPECT_EQ(legibleOn(dark), 0xFFFFFF) << dark;
+    for (const int bright : {0xFFFFFF, 0xC0FFFF, 0x00FF00}) EXPECT_EQ(legibleOn(bright), 0) << bright;
     for (const int none : {-1, 0x1000000}) EXPECT_THROW(colorToHtml(none), Error) << none;
 }
 

@@ -32,15 +32,8 @@ TEST(TableMarkup, ATableHasItsAttributesInTheirOrderAndIsCenteredWithoutALineBre
         EXPECT_EQ(tableMarkup(table, TableCells(size.first, size.second)), markup);
 }
 
-struct Row {
-    int align;
-    int valign;
-    std::string color;
-    std::string text;
-    std::string markup;
-};
-
 TEST(TableMarkup, ACellSaysWhatDiffersAndKeepsWhatThereIsAPlaceFor) {
+    using Row = std::tuple<int, int, std::string, std::string, std::string>;
     std::string umlauts;
     for (int i = 0; i < 499; ++i) umlauts += "ä";
     for (const auto& [align, valign, color, text, markup] : {

@@ -3,19 +3,24 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "base/error.h"
 #include "base/event.h"
 #include "controls/form.h"
+#include "controls/text_buffer.h"
 #include "files/places.h"
 #include "frame/file_dialogs.h"
-#include "tests/kit/quiet_platform.h"
+#include "platform/platform.h"
 #include "tests/kit/scratch_directory.h"
 
 namespace kelvor {
@@ -28,14 +33,27 @@ void failOnError(const Error& error);
 
 /// The surroundings of a test: answers what the test has scripted and records what the program asked for. A
 /// dialog that the test does not expect fails it, and so does an expected one that never came.
-class FakePlatform : private QuietPlatform {
+class FakePlatform : private Dialogs,
+                     private Screen,
+                     private Shell,
+                     private Clock,
+                     private Clipboard,
+                     private HelpViewer,
+                     private Libraries,
+                     private Windows {
 public:
     /// Puts itself in force. An error of a handler fails the test, unless it sets an error sink of its own.
-    FakePlatform() { setErrorSink(failOnError); }
+    FakePlatform() {
+        setPlatform(&inForce_);
+        setErrorSink(failOnError);
+    }
     ~FakePlatform() override {
         verifyNothingOutstanding();
         setErrorSink({});
+        setPlatform(nullptr);
     }
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
 
     /// The next message box must be exactly this one, and gets this answer.
     void expectMessage(const Message& message, Answer answer = Answer::ok) {
@@ -85,7 +103,6 @@ public:
     MousePointer pointer = MousePointer::standard;
     std::string pointersAtBoxes;  ///< "a" for each message box that came under an arrow, "h" under an hourglass
     int beeps = 0;
-    int eventRounds = 0;
     std::string colorTitle;  ///< what the last colour dialog was opened with
     int colorStart = 0;
     static inline std::function<void()> whileWaiting;  ///< an act of the user when waiting events run next
@@ -121,7 +138,6 @@ private:
     bool showsPictures(std::string_view suffix) override { return suffix != "webp"; }
     std::shared_ptr<const Picture> loadPicture(const std::string& path) override;
     void processEvents() override {
-        ++eventRounds;
         if (const auto act = std::exchange(whileWaiting, nullptr)) act();
     }
 
@@ -139,6 +155,7 @@ private:
     std::string dayName(const Date& day) override { return "weekday" + std::to_string(day.day % 7); }
     std::string text() override { return clipboardText; }
     void setText(const std::string& text) override { clipboardText = text; }
+    std::vector<std::string> inUse() override { return {"Qt 6", "ICU 72"}; }
     void show(const std::string& address) override { helpPages.push_back(address); }
 
     void create(Form& form) override;
@@ -147,10 +164,31 @@ private:
     void showModeless(Form& form, bool owned) override {
         shownModeless.push_back(form.name() + (owned ? " owned" : ""));
     }
+    void hide(Form& /*form*/) override {}
+    bool isBlocked(const Form& /*form*/) const override { return false; }
     void popupMenu(MenuItem& menu, const Control* below) override;
+    std::unique_ptr<EditControl> createEditControl(Form& form, const std::string& name) override {
+        return std::make_unique<TextBuffer>(form, name);
+    }
 
+    Platform inForce_{*this, *this, *this, *this, *this, *this, *this, *this};
     std::deque<Step> steps_;
     std::optional<Answer> answerAll_;
+};
+
+/// While it lives the first time that waiting events are let run is `act`'s: an act of the user during a long command.
+class WaitingEvents {
+public:
+    explicit WaitingEvents(std::function<void()> act) {
+        FakePlatform::whileWaiting = std::move(act);
+        // Events that ran a moment ago are not let run again at once.
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    ~WaitingEvents() { FakePlatform::whileWaiting = nullptr; }
+    WaitingEvents(const WaitingEvents&) = delete;
+    WaitingEvents& operator=(const WaitingEvents&) = delete;
+
+    bool haveRun() const { return !FakePlatform::whileWaiting; }
 };
 
 /// The names of the form's controls that cannot be reached, a blank behind each, in their order; tabs as "name/page".

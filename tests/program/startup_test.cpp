@@ -6,7 +6,6 @@
 #include "program/single_instance.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

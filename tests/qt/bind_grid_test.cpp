@@ -20,7 +20,6 @@ protected:
 
     static std::string place(int row, int col) { return " " + std::to_string(row) + "," + std::to_string(col) + ";"; }
     QModelIndex index(int row, int col) const { return view_.model()->index(row, col); }
-    QVariant background(int row, int col) const { return index(row, col).data(Qt::BackgroundRole); }
     /// The current cell, on which the control and the view must agree.
     std::string current() {
         EXPECT_EQ(place(view_.currentIndex().row(), view_.currentIndex().column()), place(grid_.row(), grid_.col()));
@@ -41,17 +40,18 @@ TEST_F(Grids, CellsFollowTheControlOneByOneAndAllAtOnce) {
     for (const char* text : {"a\r\nb", "a\r\nb"}) grid_.setText(text);
     for (const int color : {0x0000FF, 1}) grid_.setBackColor(color);
     ASSERT_EQ(changes.size(), 3);
-    EXPECT_EQ(changes[0][0].toModelIndex(), index(0, 2));
-    EXPECT_EQ(index(0, 2).data().toString(), R"(a\r\nb)");
-    EXPECT_EQ(index(0, 2).data(Qt::AccessibleTextRole).toString(), R"(C3 : R1 a\r\nb)");
-    EXPECT_EQ(background(0, 2).value<QColor>(), QColor(1, 0, 0)) << "0 alone is the desktop's own colour";
-    EXPECT_EQ(index(0, 2).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
+    const QModelIndex cell = changes[0][0].toModelIndex();
+    EXPECT_EQ(cell, index(0, 2));
+    EXPECT_EQ(cell.data().toString(), R"(a\r\nb)");
+    EXPECT_EQ(cell.data(Qt::AccessibleTextRole).toString(), R"(C3 : R1 a\r\nb)");
+    EXPECT_EQ(cell.data(Qt::BackgroundRole).value<QColor>(), QColor(1, 0, 0)) << "0 alone is the desktop's own colour";
+    EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
     grid_.setText("");
-    EXPECT_EQ(view_.grab().toImage().pixelColor(view_.viewport()->mapToParent(view_.visualRect(index(0, 2)).center())),
+    EXPECT_EQ(view_.grab().toImage().pixelColor(view_.viewport()->mapToParent(view_.visualRect(cell).center())),
               QColor(1, 0, 0))
         << "in the current cell as well";
     grid_.setBackColor(0);
-    EXPECT_FALSE(background(0, 2).isValid());
+    EXPECT_FALSE(cell.data(Qt::BackgroundRole).isValid());
     EXPECT_EQ(resets.size(), 0);
     grid_.setRows(4);
     grid_.setCols(1);
@@ -68,10 +68,7 @@ TEST_F(Grids, CellsFollowTheControlOneByOneAndAllAtOnce) {
 
 TEST_F(Grids, KeysMoveThroughTheCellsAndEnterAndThePressOfTheMouseClickThem) {
     view_.setFocus();
-    pressKey(Qt::Key_Right);
-    pressKey(Qt::Key_Down);
-    pressKey(Qt::Key_Down);
-    pressKey(Qt::Key_Return);
+    for (const auto key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) pressKey(key);
     EXPECT_EQ(std::exchange(acts_, {}), "move 0,1;move 1,1;click 1,1;");
     for (int time = 0; time < 2; ++time) {
         const QPoint middle = view_.visualRect(index(0, 2)).center();

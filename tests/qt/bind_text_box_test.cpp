@@ -22,14 +22,10 @@ TEST_F(Binding, AFieldTakesItsKeysOnlyAndAllOthersLive) {
         box.setText("");
         box.setKeys(row.keys);
         box.SetFocus();
-        for (const auto key : {Qt::Key_1, Qt::Key_X, Qt::Key_2, Qt::Key_Backspace, Qt::Key_Period}) {
-            const char typed = key == Qt::Key_Backspace ? '\b' : key == Qt::Key_X ? 'x' : static_cast<char>(key);
-            QTest::keyClick(&widget, typed);
-        }
+        for (const char key : {'1', 'x', '2', '\b', '.'}) QTest::keyClick(&widget, key);
         QApplication::clipboard()->setText(toQt(row.pasted));
         widget.paste();
-        EXPECT_EQ(box.text(), row.text);
-        EXPECT_EQ(fromQt(widget.text()), row.text);
+        EXPECT_TRUE(box.text() == row.text && fromQt(widget.text()) == row.text) << box.text();
         EXPECT_EQ(widget.cursorPosition(), static_cast<int>(row.text.size()));
         pressKey(Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(&widget, 'x');
@@ -38,22 +34,18 @@ TEST_F(Binding, AFieldTakesItsKeysOnlyAndAllOthersLive) {
         pressKey(Qt::Key_Tab);
         EXPECT_TRUE(other.hasFocus());
     }
-}
-
-TEST_F(Binding, AFieldKeepsTheLinesThatItWasGiven) {
+    box.setKeys("");
     const std::string given = "one\r\ntwo\nthree" + std::string(40000, '.');
-    const auto [box, widget] = pair<TextBox, QLineEdit>("txtText", given);
-    bind();
-    box.SetFocus();
+    box.setText(given);
     widget.end(false);
     QTest::keyClicks(&widget, "!");
-    EXPECT_EQ(box.text(), given + "!");
+    EXPECT_EQ(box.text(), given + "!") << "the lines that it was given stay";
     box.setText(std::string(300000, '.'));
     QTest::keyClick(&widget, Qt::Key_Delete);
     EXPECT_EQ(box.text().size(), 300000);
 }
 
-TEST_F(Binding, ADoubleClickedFieldIsOpenedByKeysToo) {
+TEST_F(Binding, AFieldShowsItsColorWithATextToReadAndIsOpenedByDoubleClicksAndKeys) {
     const auto [box, widget] = pair<TextBox, QLineEdit>("txtColor", "(n/a)");
     bind();
     QTest::mouseDClick(&widget, Qt::LeftButton);
@@ -65,15 +57,8 @@ TEST_F(Binding, ADoubleClickedFieldIsOpenedByKeysToo) {
     QTest::keyClick(&widget, Qt::Key_Down, Qt::AltModifier);
     letEventsRun();
     EXPECT_EQ(told_, 3);
-}
-
-TEST_F(Binding, ATextCanBeReadOnTheColorBehindIt) {
-    const auto [box, widget] = pair<TextBox, QLineEdit>("txtColor", "(n/a)");
-    bind();
-    for (const auto& [color, text] : {std::pair{0x800000, QColor(Qt::white)}, {0xC0FFFF, QColor(Qt::black)}}) {
-        box.setBackColor(color);
-        EXPECT_EQ(widget.palette().color(QPalette::Text), text);
-    }
+    box.setBackColor(0x800000);
+    EXPECT_EQ(widget.palette().color(QPalette::Text), QColor(Qt::white));
     box.setBackColor(-1);
     EXPECT_EQ(widget.palette(), QApplication::palette(&widget));
 }

@@ -47,17 +47,10 @@ protected:
     }
 
     /// What the dialog answers when `steps` use it. One still open after them is closed.
-    Paths opening(const Steps& steps) {
-        use(steps);
-        return platform().dialogs.openFiles(request_);
-    }
-    std::string saving(const Steps& steps) {
-        use(steps);
-        return platform().dialogs.saveFile(request_).value_or("");
-    }
+    Paths opening(const Steps& steps) { return use(steps), platform().dialogs.openFiles(request_); }
+    std::string saving(const Steps& steps) { return use(steps), platform().dialogs.saveFile(request_).value_or(""); }
     std::string choosingFolder(const Steps& steps) {
-        use(steps);
-        return platform().dialogs.folder("", folder_.path()).value_or("");
+        return use(steps), platform().dialogs.folder("", folder_.path()).value_or("");
     }
     /// Lets the next box be answered, and what a screen reader tells of it be kept.
     void answerBox(QMessageBox::StandardButton button) {

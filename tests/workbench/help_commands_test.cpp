@@ -5,7 +5,6 @@
 #include "support/html_help.h"
 #include "support/report_error.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 #include "workbench/help_commands.h"
 
 namespace kelvor {

@@ -7,7 +7,6 @@
 #include "frame/file_dialogs.h"
 #include "support/settings.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

@@ -4,7 +4,6 @@
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "tests/kit/kelvor_fixture.h"
-#include "tests/kit/messages.h"
 
 namespace kelvor {
 namespace {

@@ -41,7 +41,7 @@ public:
     }
 };
 
-/// Surroundings without a window or a user, in force while they live. Tests and measurements override what they watch.
+/// Surroundings without a window or a user, in force while they live. Measurements override what they watch.
 class QuietPlatform : protected QuietDialogs,
                       protected Screen,
                       protected Shell,
