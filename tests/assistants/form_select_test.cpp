@@ -39,8 +39,7 @@ TEST_F(FormSelectDialog, OneDefaultCanBeSetUntilItIsCleared) {
         [this](FormSelect& form) {
             const auto look = [&form] { return std::string(form.chkDefault.value() ? "x" : "-") + disabledIn(form); };
             EXPECT_EQ(look(), "-cmdClearOption cmdClearAll ");
-            platform.expectMessage(
-                exclamation("You must include some data for this form control.", "Missing form control data"));
+            platform.expectBox("Missing form control data");
             form.Command1.click();
             platform.expectMessage(exclamation("All fields must be filled in prior to insertion.", "Empty fields"));
             add(form, "One", "");

@@ -62,11 +62,7 @@ TEST_F(FormatDocumentDialog, FinishedWritesTheBodyAndTheTitleAsTheyWereRead) {
              {"[]<BODY><BASEFONT FACE=\"Z\">", "<TITLE></TITLE>\r\n<BODY><BASEFONT FACE=\"Z\">[]"},
          })
         EXPECT_EQ(finished(before), after + std::string(" Text1")) << before;
-    platform.expectMessage(critical(
-        "There are no <TITLE></TITLE> tags in this document.\r\nAll HTML files must have a title\r\n\r\n"
-        "Your new title will appear wherever your \r\ncursor is located at this time.  You will have to cut \r\n"
-        "and paste it into the <HEAD> section manually.",
-        "Formatting error encountered"));
+    platform.expectBox("Formatting error encountered");
     EXPECT_EQ(finished("[]<title>error</title>"), "<BODY>\r\n<TITLE></TITLE>[] Text1");
 }
 
@@ -77,7 +73,7 @@ TEST_F(FormatDocumentDialog, AnUnclosedTagOrARedirectWithoutADelayKeepsItAway) {
     for (const std::string page : {"<TITLE>x<META NAME=\"Author\" CONTENT=\"a\" ><BODY onLoad=\"a<b\">",
                                    "<META HTTP-EQUIV=\"Refresh\" CONTENT=\"5\">"}) {
         SelectionTest::after(mnuTools_Format_Click, "[]" + page);
-        EXPECT_EQ(text->text(), page);
+        EXPECT_TRUE(text->text() == page && !toolForm<FormatDocument>().isLoaded() && !formLoadFailed);
     }
 }
 
@@ -109,9 +105,7 @@ TEST_F(FormatDocumentDialog, ShowsWhatItReadsAndWhatTheUserWantsFilledInOrAsksFo
             form.txtDelay.setText(delay);
             form.txtTarget.setText(target);
             form.SSTab1.choose(0);
-            platform.expectMessage(exclamation(
-                "Both the target and the delay fields must contain values in order to create a valid redirect.",
-                "Incomplete values"));
+            platform.expectBox("Incomplete values");
             form.cmdFinished.click();
             EXPECT_EQ(platform.focused + std::to_string(form.SSTab1.tab()), missing + std::string("1"));
         }

@@ -45,12 +45,6 @@ protected:
 };
 
 TEST_F(TableWizardDialog, SizesAreTakenOnceAndAnewOnlyWhereTheUserAgrees) {
-    const auto expectQuestion = [this](Answer answer) {
-        platform.expectMessage(question("Assigning new row or column values will destroy the existing table cell "
-                                        "data.\r\nDo you wish to continue?",
-                                        "Destroy Cells Confirmation"),
-                               answer);
-    };
     EXPECT_EQ(afterWizard([&](TableWizard& wizard) {
                   EXPECT_EQ(shown(wizard), "0c");
                   for (const auto& [rows, cols, page] :
@@ -73,12 +67,12 @@ TEST_F(TableWizardDialog, SizesAreTakenOnceAndAnewOnlyWhereTheUserAgrees) {
                   }
                   wizard.txtCellText.setText("old");
                   press(wizard, "bb");
-                  expectQuestion(Answer::no);
+                  platform.expectBox("Destroy Cells Confirmation", Answer::no);
                   press(wizard, "n");
                   EXPECT_EQ(wizard.txtCols.text() + wizard.grid1.text(), "2old");
                   press(wizard, "bnb");
                   type(wizard, "3", "1");
-                  expectQuestion(Answer::yes);
+                  platform.expectBox("Destroy Cells Confirmation", Answer::yes);
                   press(wizard, "nn");
                   EXPECT_EQ(wizard.txtCellText.text() + wizard.grid1.text(), "");
                   EXPECT_EQ(wizard.grid1.rows() * 10 + wizard.grid1.cols(), 31);

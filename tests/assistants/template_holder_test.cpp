@@ -53,13 +53,10 @@ TEST_F(Templates, OpenTakesTheChosenOneUntitledAndEditTheFileItself) {
 
 TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
     inDialog([this](TemplateHolder& holder) {
-        platform.expectMessage(
-            critical("A template name cannot contain a period(.).", "Illegal character in requested template name"));
+        platform.expectBox("Illegal character in requested template name");
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "a.b"));
         for (const char character : std::string("\\/:*?\"<>|")) {
-            platform.expectMessage(
-                critical("A filename cannot contain any of the following characters:\r\n\\ / : * ? \" < > |",
-                         "Illegal filename"));
+            platform.expectBox("Illegal filename");
             EXPECT_FALSE(holder.lbxTemplates.edit(1, std::string("a") + character));
         }
         EXPECT_EQ(platform.beeps, 10);
@@ -68,10 +65,7 @@ TEST_F(Templates, RenameAndDeleteActOnTheFileWhenTheyMay) {
                                            "Template file already exists."));
         EXPECT_FALSE(holder.lbxTemplates.edit(1, "my default template copy"));
         holder.lbxTemplates.setSelectedRow(0);
-        platform.expectMessage(
-            exclamation("You can not delete the default template.\r\n"
-                        "You can open and modify the default template with the editor.",
-                        "Template deletion error"));
+        platform.expectBox("Template deletion error");
         holder.cmdDelete.click();
         holder.lbxTemplates.setSelectedRow(1);
         // The name is still being edited when the button is pressed.
@@ -97,11 +91,7 @@ TEST_F(Templates, TheActiveTextBecomesATemplateUnderAFreeName) {
         "Enter a descriptive name for the template.\r\n\r\nNote: This name must also be a valid filename.";
     open("a.htm", "<HTML>");
     platform.expectInput(prompt, "Create Template.", "Page");
-    platform.expectMessage(
-        {.text = "You already have a template file on disk with the filename required by this new template.\r\n\r\n"
-                 "Please modify the template name slightly to allow the addition of the new template to occur.",
-         .title = "Template file already exists.",
-         .icon = MessageIcon::question});
+    platform.expectBox("Template file already exists.");
     platform.expectInput(prompt, "Create Template.", "a.b");
     platform.expectMessage(information("Template add complete!", "Template added"));
     mnuTools_CreateTemplate_Click();

@@ -50,9 +50,6 @@ protected:
         EXPECT_EQ(form().SSTab1.tab(), 2);
         EXPECT_EQ(platform.pointer, running ? MousePointer::hourglass : MousePointer::standard);
     }
-    void expectCancel() {
-        platform.expectMessage(question("Are you sure that you wish to cancel?", "Confirm cancel"), Answer::yes);
-    }
 };
 
 TEST_F(CaseChangeForm, AListedFileIsReadAndSavedForEachAttribute) {
@@ -99,7 +96,7 @@ TEST_F(CaseChangeForm, ADirectoryGoesByItsFilter) {
         "There are no files matching the selected filter(s) in " + files.path("settings/"), "No files to search"));
     form().cmdApply.click();
     expectRunning(true);
-    expectCancel();
+    platform.expectBox("Confirm cancel", Answer::yes);
     form().cmdClose.click();
     EXPECT_FALSE(form().unload());
 }
@@ -126,7 +123,7 @@ TEST_F(CaseChangeForm, CancelIsHeardBetweenFiles) {
         expectRunning(true);
         form().cmdClose.click();
     });
-    expectCancel();
+    platform.expectBox("Confirm cancel", Answer::yes);
     form().cmdApply.click();
     expectRunning(false);
     EXPECT_EQ(files.read("a.htm"), "HREF=\"a\" NAME=\"b\"");

@@ -38,9 +38,6 @@ protected:
             texts.push_back(std::filesystem::relative(row.cells[0], files.path("site")).string() + " " + row.cells[1]);
         return texts;
     }
-    void expectQuestion(Answer answer) {
-        platform.expectMessage(question("Are you sure you want to cancel?", "Confirm Cancel"), answer);
-    }
 
     ExtendedFind& form = toolForm<ExtendedFind>();
 };
@@ -120,10 +117,10 @@ TEST_F(ExtendedFindForm, ACancelEndsTheFileInProgressWithoutARow) {
         EXPECT_EQ(looks(),
                   "Searching files: &Cancel: SSTab1/1 lblDirFolder cboFilter rtbFind chkCase chkSubDir cmdBegin ");
         before.emplace([&] {
-            expectQuestion(Answer::no);
+            platform.expectBox("Confirm Cancel", Answer::no);
             EXPECT_FALSE(form.unload());
             during.emplace([&] {
-                expectQuestion(Answer::yes);
+                platform.expectBox("Confirm Cancel", Answer::yes);
                 form.cmdClose.click();
             });
         });

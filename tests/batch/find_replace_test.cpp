@@ -30,10 +30,6 @@ protected:
     void expectCount(int count) {
         platform.expectMessage(information(std::to_string(count) + " replacements made.", "Find and Replace"));
     }
-    void expectQuestion(Answer answer) {
-        platform.expectMessage(question("Replace this instance?", "Find and Replace", MessageButtons::yesNoCancel),
-                               answer);
-    }
     /// The outcome; all is free again.
     void expectOutcome(const std::string& after) {
         EXPECT_EQ(window.Text1.text(), after);
@@ -84,7 +80,8 @@ TEST_F(FindReplaceForm, AnyLineEndMatchesAnyAndTheReplacementsAreTheDocuments) {
 
 TEST_F(FindReplaceForm, AskingGoesByTheAnswers) {
     show("a\u212Abkckk", "k", "xx");
-    for (const Answer answer : {Answer::no, Answer::yes, Answer::no, Answer::cancel}) expectQuestion(answer);
+    for (const Answer answer : {Answer::no, Answer::yes, Answer::no, Answer::cancel})
+        platform.expectBox("Find and Replace", answer);
     expectCount(1);
     form().cmdReplaceOne.click();
     expectOutcome("a\u212Abxxckk");
@@ -98,7 +95,7 @@ TEST_F(FindReplaceForm, ClosedBetweenTwoQuestionsItEndsTheRun) {
         EXPECT_TRUE(disabledIn(form()).ends_with("cmdReplaceOne cmdReplaceAll cmdClose cmdHelp "));
         EXPECT_TRUE(form().unload());
     });
-    expectQuestion(Answer::yes);
+    platform.expectBox("Find and Replace", Answer::yes);
     expectCount(1);
     form().cmdReplaceOne.click();
     expectOutcome("-ax");
@@ -117,8 +114,7 @@ TEST_F(FindReplaceForm, CancelIsHeardAtTheNextMatchAndAsksBack) {
             EXPECT_EQ(platform.pointer, MousePointer::hourglass);
             goesOn ? form().cmdClose.click() : static_cast<void>(form().unload());
         });
-        platform.expectMessage(question("Cancel find and replace?", "Confirm cancel"),
-                               goesOn ? Answer::no : Answer::yes);
+        platform.expectBox("Confirm cancel", goesOn ? Answer::no : Answer::yes);
         expectCount(goesOn ? 3 : 1);
         form().cmdReplaceAll.click();
         expectOutcome(goesOn ? "-a-b-" : "-axbx");

@@ -18,15 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const Message cancelQuestion = question("Are you sure that you want to cancel?", "Cancel multifile find and replace");
-const Message addQuestion = question(
-    "The find text input box has data in it that has not been added to the summary.\r\nDo you want to add it now?",
-    "Find text not added to summary");
-const Message duplicateQuestion = question(
-    "You have selected a non case sensitive find and replace. You have duplicate entries withing the items which you "
-    "wish to find. Please note that if you do not remove these items, you may experience incorrect results.\r\n\r\n"
-    "Abort operation now?",
-    "Duplicate find items found");
+constexpr const char* addQuestion = "Find text not added to summary";
+constexpr const char* cancelQuestion = "Cancel multifile find and replace";
+constexpr const char* duplicateQuestion = "Duplicate find items found";
 
 class MultiForm : public KelvorTest {
 protected:
@@ -63,7 +57,7 @@ TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {
     form.txtFind.type("c");
     for (const auto& [answer, rows] : {std::pair(Answer::no, 1U), {Answer::yes, 2U}}) {
         form.mfrTab.choose(2);
-        platform.expectMessage(addQuestion, answer);
+        platform.expectBox(addQuestion, answer);
         form.mfrTab.choose(1);
         EXPECT_EQ(form.lstSummary.count(), rows);
     }
@@ -145,10 +139,10 @@ TEST_F(MultiForm, AsksAboutDuplicatesByTheModeOfTheSearch) {
     add("Foo", "1");
     add("foo", "2");
     choose({one});
-    platform.expectMessage(duplicateQuestion, Answer::yes);
+    platform.expectBox(duplicateQuestion, Answer::yes);
     form.cmdStart.click();
     EXPECT_EQ(files.read("one.htm"), "foo Foo\r\n");
-    platform.expectMessage(duplicateQuestion, Answer::no);
+    platform.expectBox(duplicateQuestion, Answer::no);
     form.cmdStart.click();
     EXPECT_EQ(files.read("one.htm"), "1 1\r\n");
 }
@@ -171,11 +165,11 @@ TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
         EXPECT_EQ(disabledIn(form), "cmdAdd cmdClear cmdRemoveItem cmdRemoveSummary Command1 cmdStart ");
         EXPECT_EQ(platform.pointer, MousePointer::hourglass);
         // Closing the window asks as Cancel does, and the form stays.
-        platform.expectMessage(cancelQuestion, Answer::no);
+        platform.expectBox(cancelQuestion, Answer::no);
         EXPECT_FALSE(form.unload());
     };
     afterOne = [&] {
-        platform.expectMessage(cancelQuestion, Answer::yes);
+        platform.expectBox(cancelQuestion, Answer::yes);
         form.cmdClose.click();
     };
     form.cmdStart.click();
@@ -183,7 +177,7 @@ TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
 
     // No goes on with the other files, though the list is empty by then.
     afterOne = [&] {
-        platform.expectMessage(cancelQuestion, Answer::no);
+        platform.expectBox(cancelQuestion, Answer::no);
         form.cmdClose.click();
         form.cmdClearFiles.click();
     };

@@ -47,12 +47,7 @@ TEST_F(FileOpen, OneFileThatCannotBeReadIsToldAndTheOthersOpen) {
 }
 
 TEST_F(FileOpen, NewWithoutATemplateTellsWhereTheyBelong) {
-    platform.expectMessage(
-        critical("The template directory does not exist or is empty.\r\n\r\nTo correct this problem "
-                 "ensure that a subdirectory called Templates exists underneath the Kelvor program "
-                 "directory.  Copy an html file into the new directory and rename it Default "
-                 "Template.tpl.\r\n\r\nRe-installing Kelvor will also correct this problem",
-                 "Template directory missing or empty"));
+    platform.expectBox("Template directory missing or empty");
     menu("mnuFile_New").click();
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/tool_forms.h"
 
-#include <filesystem>
-
 #include "tests/kit/kelvor_fixture.h"
 
 namespace kelvor {
@@ -29,15 +27,6 @@ TEST_F(ToolForms, ShowsAFormForItsContext) {
     EXPECT_EQ(focusAfter([this] { form.unload(); }), "Text1");
     openText("b.htm", "");
     EXPECT_TRUE(hasManyMdiChildren());
-}
-
-TEST_F(ToolForms, UnloadsAFormThatFailsToLoad) {
-    form.onLoad = [] { throw Error(53, "File not found: a.lst", "File not found."); };
-    platform.expectMessage(critical("An error occurred while loading the form", "Load error", "File not found."));
-    showFormForContext(form, ShowMode::modal);
-    EXPECT_FALSE(form.isLoaded() || formLoadFailed);
-    EXPECT_TRUE(platform.shownModeless.empty());
-    EXPECT_FALSE(std::filesystem::exists(files.path("program/errorlog.txt")));
 }
 
 }  // namespace

@@ -38,9 +38,11 @@ Answer FakePlatform::message(const Message& message) {
     pointersAtBoxes += pointer == MousePointer::hourglass ? "h" : "a";
     const auto step = next("message", message.text);
     if (!step) return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
+    EXPECT_EQ(message.title, step->title) << message.text;
+    EXPECT_EQ(step->answer == Answer::ok, message.buttons == MessageButtons::ok) << message.text;
+    if (step->message.text.empty()) return step->answer;
     EXPECT_EQ(message.text, step->message.text);
     EXPECT_EQ(message.cause, step->message.cause) << message.text;
-    EXPECT_EQ(message.title, step->message.title);
     EXPECT_EQ(message.icon, step->message.icon) << message.text;
     EXPECT_EQ(message.buttons, step->message.buttons) << message.text;
     EXPECT_EQ(message.standard, step->message.standard) << message.text;

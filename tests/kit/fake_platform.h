@@ -59,6 +59,11 @@ public:
     void expectMessage(const Message& message, Answer answer = Answer::ok) {
         steps_.push_back({.kind = "message", .message = message, .title = message.title, .answer = answer});
     }
+    /// The next message box must have this title and a button of that answer. For a text that is always the same: it
+    /// stands in the program alone.
+    void expectBox(const std::string& title, Answer answer = Answer::ok) {
+        steps_.push_back({.kind = "message", .title = title, .answer = answer});
+    }
     /// The next input box must have this prompt and title.
     void expectInput(const std::string& prompt, const std::string& title, const std::string& answer) {
         steps_.push_back({.kind = "input", .prompt = prompt, .title = title, .text = answer});

@@ -13,11 +13,6 @@ namespace {
 
 class Preview : public StartedTest {
 protected:
-    void expectQuestion(Answer answer) {
-        platform.expectMessage(question("File must be saved before a preview can be executed.\r\nSave file now?",
-                                        "Preview requires save."),
-                               answer);
-    }
     void listBrowser(const std::string& program) {
         SaveSetting(application, "Browsers", "Mine", program);
         setUpBrowsers();
@@ -28,30 +23,30 @@ protected:
 TEST_F(Preview, NeedsASavedFileOrShowsNothingWhenTheNameIsCancelled) {
     const CDocument& document = open("a.htm", "x");
     type("y");
-    expectQuestion(Answer::no);
+    platform.expectBox("Preview requires save.", Answer::no);
     menu("mnuView_Preview").click();
     EXPECT_EQ(document.ViewMode(), view_mode::source);
     EXPECT_TRUE(mainForm().Toolbar4.button("Source").pressed);
 
     chmod(files.path("a.htm").c_str(), 0444);
-    expectQuestion(Answer::yes);
+    platform.expectBox("Preview requires save.", Answer::yes);
     platform.expectMessage(saveError(files.path("a.htm"), "The file is read-only."));
     menu("mnuView_Preview").click();
     EXPECT_EQ(document.ViewMode(), view_mode::source);
     chmod(files.path("a.htm").c_str(), 0644);
-    expectQuestion(Answer::yes);
+    platform.expectBox("Preview requires save.", Answer::yes);
     menu("mnuView_Preview").click();
     EXPECT_EQ(files.read("a.htm"), "yx");
     EXPECT_EQ(document.ViewMode(), view_mode::preview);
 
     ASSERT_TRUE(fileOpen(files.write("t.tpl", "text"), true));
-    expectQuestion(Answer::yes);
+    platform.expectBox("Preview requires save.", Answer::yes);
     platform.expectSave("");
     menu("mnuView_Preview").click();
     EXPECT_EQ(documentManager().currentDocument().ViewMode(), view_mode::preview);
     EXPECT_EQ(documentManager().currentDocument().PreviewWB().address(), "");
 
-    expectQuestion(Answer::yes);
+    platform.expectBox("Preview requires save.", Answer::yes);
     platform.expectSave("");
     platform.expectMessage(exclamation("[Untitled 1] has no file yet, so there is nothing that a browser could show.",
                                        "Preview requires save."));
@@ -82,19 +77,15 @@ TEST_F(Preview, OnlyTheViewGoesByTheMappings) {
 }
 
 TEST_F(Preview, OnlyABrowserThatIsGoneIsTold) {
-    const Message gone = critical(
-        "The executable you have provided for this option can not be found.  Please check "
-        "your preferences.",
-        "Program executable not found");
     open("a.htm", "x");
     listBrowser("browser");
     for (const int number : {error_number::pathAccess, error_number::fileNotFound}) {
         platform.startFails["browser"] = number;
-        if (number == error_number::fileNotFound) platform.expectMessage(gone);
+        if (number == error_number::fileNotFound) platform.expectBox("Program executable not found");
         browserRow().click();
     }
     listBrowser("");
-    platform.expectMessage(gone);
+    platform.expectBox("Program executable not found");
     browserRow().click();
     DeleteSetting(application, "Browsers", "Mine");
     setUpBrowsers();

@@ -17,10 +17,7 @@ TEST_F(Startup, GreetsTellsWhatCannotBeReadAndGoesOn) {
     files.write("program/VDirs.txt", "/srv|http://localhost\n\n/other|http://never\n");
     platform.expectMessage(critical("Unable to read VDirs.txt.  Please consult the online help.", "File read failed",
                                     "Line 2 has no \"|\"."));
-    platform.expectMessage(
-        information("This is your first time using Kelvor.  Take a minute to setup your preferences "
-                    "once the program has loaded.",
-                    "First time user"));
+    platform.expectBox("First time user");
     SaveSetting(application, "User", "BGColor", "blue");
     for (int index = 0; index < 16; ++index) SaveSetting(application, "Browsers", "B" + std::to_string(index), "b");
     expectError(13, "Type mismatch: \"blue\"");

@@ -11,12 +11,6 @@ namespace {
 struct Pad : FrameTest {
     Pad() { showScratchPad(); }
 
-    void expectQuestion(Answer answer) {
-        platform.expectMessage(question("The scratch pad contents have changed. Would you like to save before closing?",
-                                        "Text Changed", MessageButtons::yesNoCancel),
-                               answer);
-    }
-
     ScratchPad& pad = toolForm<ScratchPad>();
 };
 
@@ -28,7 +22,7 @@ TEST_F(Pad, WhatIsSentStandsBelowWhatIsThere) {
         mnuRClick_SendSP_Click();
     }
     EXPECT_EQ(pad.spRTF1.text(), "\r\n\r\none\r\n\r\ntwo");
-    expectQuestion(Answer::no);
+    platform.expectBox("Text Changed", Answer::no);
     EXPECT_TRUE(pad.unload());
     EXPECT_EQ(platform.focused, "Text1");
 }
@@ -57,14 +51,14 @@ TEST_F(Pad, TheMenuActsOnThePadAndSavesOnlyAText) {
 
 TEST_F(Pad, ClosingItOrTheProgramAsksForATextThatWasNotSaved) {
     pad.append("x");
-    expectQuestion(Answer::cancel);
+    platform.expectBox("Text Changed", Answer::cancel);
     EXPECT_FALSE(mainForm().unload());
-    expectQuestion(Answer::yes);
+    platform.expectBox("Text Changed", Answer::yes);
     const std::string nowhere = files.path("no/such/pad.txt");
     platform.expectSave(nowhere);
     expectError(76, "The folder does not exist: " + nowhere);
     EXPECT_FALSE(pad.unload()) << "a save that failed keeps the text";
-    expectQuestion(Answer::yes);
+    platform.expectBox("Text Changed", Answer::yes);
     platform.expectSave("");
     const EventScope scope;
     EXPECT_TRUE(mainForm().unload()) << "a save dialog that was cancelled does not";
