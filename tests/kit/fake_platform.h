@@ -86,8 +86,12 @@ public:
         steps_.push_back({.kind = "folder", .title = title, .text = answer.value_or("")});
     }
     /// While the next modal form is shown, or the next popup is open, `steps` run.
-    void expectModal(std::function<void(Form&)> steps) { steps_.push_back({.kind = "modal", .modal = steps}); }
-    void expectPopup(std::function<void(MenuItem&)> steps) { steps_.push_back({.kind = "popup", .popup = steps}); }
+    void expectModal(std::function<void(Form&)> steps) {
+        steps_.push_back({.kind = "modal", .modal = std::move(steps)});
+    }
+    void expectPopup(std::function<void(MenuItem&)> steps) {
+        steps_.push_back({.kind = "popup", .popup = std::move(steps)});
+    }
 
     /// From now on every message box gets this answer unseen; for the end of a test.
     void answerAllMessages(Answer answer) { answerAll_ = answer; }

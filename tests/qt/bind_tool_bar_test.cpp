@@ -117,8 +117,8 @@ TEST(Style, LetsDisabledTextsBeReadInHighContrastAndOutlinesFieldsOnDarkWindows)
         QColor text;
         QColor window;
         QColor field;
-        double least, most;  ///< contrast of a disabled text
-        double outline;      ///< contrast of a frame at most; 0: as the desktop's style draws it
+        double least = 0, most = 0;  ///< contrast of a disabled text
+        double outline = 0;          ///< contrast of a frame at most; 0: as the desktop's style draws it
     } rows[] = {{"#eff0f1", "#31363b", "#232629", 1, 1.2, 5.5}, {"#c0c0c0", "#1e1e1e", "#2d2d2d", 1, 1.2, 5.5},
                 {Qt::white, Qt::black, Qt::black, 4.5, 6, 21},  {Qt::yellow, Qt::black, Qt::black, 4.5, 6, 21},
                 {Qt::black, Qt::white, Qt::white, 4.5, 6, 21},  {Qt::black, "#efefef", Qt::white, 1, 1.2, 0}};
