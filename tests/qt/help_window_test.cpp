@@ -71,5 +71,15 @@ TEST_F(Help, ThePageIsSearchedRoundAndRound) {
     EXPECT_EQ(found(), second);
 }
 
+TEST_F(Help, LinksTakeTheColourOfANewPalette) {
+    QPalette palette;
+    palette.setColor(QPalette::Link, Qt::red);
+    QApplication::setPalette(palette);
+    letEventsRun();
+    QTextCursor link = window_.browser().document()->find("to 2");
+    EXPECT_EQ(link.charFormat().foreground().color(), QColor(Qt::red));
+    QApplication::setPalette({});
+}
+
 }  // namespace
 }  // namespace kelvor::qt
