@@ -115,6 +115,8 @@ void HelpWindow::addKeys() {
         addAction(action);
     };
     add(Qt::Key_Escape, [this] { close(); });
+    // A page keeps Tab for its links.
+    add(Qt::Key_F6, [this] { (contents_->hasFocus() ? static_cast<QWidget*>(browser_) : contents_)->setFocus(); });
     add(QKeySequence::Find, [this] {
         searched_->setFocus();
         searched_->selectAll();

@@ -37,9 +37,11 @@ TEST_F(Help, TheContentsAreTheListsOfTheHomePageAndFollowThePage) {
     QTreeWidgetItem& group = *contents_.topLevelItem(0);
     ASSERT_EQ(group.childCount(), 2);
     EXPECT_EQ(contents_.currentItem(), group.child(0));
-    contents_.setFocus();
-    QTest::keyClick(&contents_, Qt::Key_Down);
+    QTest::keyClick(&window_, Qt::Key_F6);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     EXPECT_EQ(shown(), "2.html");
+    QTest::keyClick(&window_, Qt::Key_F6);
+    EXPECT_TRUE(window_.browser().hasFocus());
     window_.browser().backward();
     EXPECT_EQ(contents_.currentItem(), group.child(0));
     EXPECT_EQ(window_.windowTitle(), "Page 1 - Kelvor Help");
