@@ -185,6 +185,7 @@ void ScintillaEdit::select(int start, int length) {
     // SCI_SETSEL they do not scroll.
     send(Sci::SCI_SETEMPTYSELECTION, toParameter(start + length));
     if (length > 0) send(Sci::SCI_SETANCHOR, toParameter(start));
+    if (widget_) widget_->leaveColumn();
     knownSelection_ = shownSelection();
 }
 
@@ -251,6 +252,7 @@ bool ScintillaEdit::goStep(unsigned int question, unsigned int step) {
     if (send(question) == 0) return false;
     const TextSpeech::Pause pause(widget_->speech());
     send(step);
+    widget_->leaveColumn();
     textChanged_ = false;
     knownSelection_ = shownSelection();
     return true;

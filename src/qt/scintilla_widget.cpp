@@ -190,6 +190,7 @@ void ScintillaWidget::keyPressEvent(QKeyEvent* event) {
         if (runClipboardKey(*event)) return;
         if (isRedo(press)) return control_->redo();
         takeLineEnd();
+        if (std::exchange(leavesColumn_, false)) send(SCI_CHOOSECARETX);
     }
     type(event);
 }

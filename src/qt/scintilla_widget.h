@@ -45,6 +45,10 @@ public:
     /// Text and background colours, red in the low byte; -1 is the palette's.
     void showColors(int textColor, int backColor);
 
+    /// The caret was put elsewhere by no key: the next one goes up and down from there. Not before, since for its
+    /// column a line is laid out whole.
+    void leaveColumn() { leavesColumn_ = true; }
+
     /// An empty document of its own kind: UTF-8, with no style bytes. The undo steps of the one before are gone.
     /// @param bytes  what there is room for
     void openDocument(std::size_t bytes);
@@ -89,6 +93,7 @@ private:
     TextSpeech speech_{*this};
     int textColor_ = -1;
     int backColor_ = -1;
+    bool leavesColumn_ = false;
 };
 
 }  // namespace kelvor::qt

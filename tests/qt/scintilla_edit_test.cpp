@@ -74,6 +74,14 @@ TEST_F(ScintillaEditTest, TypingChangesTheTextAndTellsIt) {
     EXPECT_EQ(edit->text(), "\t\r\rc") << "Tab replaces lines, Enter follows the loaded text";
 }
 
+TEST_F(ScintillaEditTest, DownGoesOnFromWhereACommandHasPutTheCaret) {
+    edit->setText("four\nfour");
+    key(Qt::Key_End);
+    edit->setSelStart(1);
+    key(Qt::Key_Down);
+    EXPECT_EQ(edit->selStart(), 6);
+}
+
 TEST_F(ScintillaEditTest, HandlersGetKeyCodesAndMaySwallowAKey) {
     std::vector<int> told;
     edit->keyDown.connect([&](KeyPress& key) {
