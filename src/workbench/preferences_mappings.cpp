@@ -21,23 +21,22 @@ namespace {
 constexpr int directoryColumn = 0;
 constexpr int addressColumn = 1;
 
-/// In twips. Told for both columns, which the list then widens alike.
+/// In twips; the list widens both columns alike.
 constexpr int columnWidth = 1500;
 
 struct Mapping {
     std::string directory;  ///< with a separator at its end
-    std::string address;    ///< with a "/" at its end
+    std::string address;    ///< with a "/" at its end; "" when the user gave none
 };
 
-/// What the user wants to be mapped; nothing when a question was cancelled.
+/// What the user wants to be mapped; nothing without a directory.
 std::optional<Mapping> askForMapping() {
     const std::string directory =
         browseForFolder("Select the file system directory for this virtual directory mapping.");
     if (directory.empty()) return {};
     const std::string address =
         platform().dialogs.input({.prompt = "Enter the URL for this virtual directory mapping.", .title = "Kelvor"});
-    if (address.empty()) return {};
-    return Mapping{joinPath(directory, ""), address.ends_with('/') ? address : address + "/"};
+    return Mapping{joinPath(directory, ""), address.empty() || address.ends_with('/') ? address : address + "/"};
 }
 
 /// False when the directory is mapped already; the user has been told.
@@ -86,8 +85,11 @@ void Preferences::chkVirtual_Click() {
 
 void Preferences::cmdAddVDir_Click() {
     if (const auto mapping = askForMapping()) {
-        if (!addMapping(*mapping)) return;
-        lstVDir.addRow({mapping->directory, mapping->address});
+        if (!mapping->address.empty()) {
+            if (!addMapping(*mapping)) return;
+            lstVDir.addRow({mapping->directory, mapping->address});
+        }
+        // Also what an edit that was refused has taken away is seen now.
         vdirManager().ReSyncVDirs();
     }
     CheckVDirButtons();
@@ -97,7 +99,7 @@ void Preferences::cmdEditVDir_Click() {
     const int row = lstVDir.selectedRow();
     if (row < 0) return;
     const auto mapping = askForMapping();
-    if (!mapping) return;
+    if (!mapping || mapping->address.empty()) return;
     removeMapping(lstVDir.cell(row, directoryColumn));
     if (!addMapping(*mapping)) return;
     lstVDir.setCell(row, directoryColumn, mapping->directory);

@@ -321,8 +321,9 @@ TEST_F(Options, MappingsAreInForceAtOnceAndWrittenByApply) {
                                {add, root, "http://a", root + " ", "http://a/a.htm"},
                                {add, root.substr(0, root.size() - 1), "b", root + " ", "http://a/a.htm", true},
                                {add, "/srv", "s/", root + " /srv/ ", "http://a/a.htm"},
-                               // Only the next change maps the document anew.
+                               // Only the next act maps the document anew, though it adds nothing.
                                {edit, "/srv", "c", root + " /srv/ ", "http://a/a.htm", true},
+                               {add, "/x", "", root + " /srv/ ", page},
                                {edit, root, "http://d/", root + " /srv/ ", "http://d/a.htm"}}) {
             platform.expectFolder("Select the file system directory for this virtual directory mapping.",
                                   row.directory);
