@@ -306,25 +306,11 @@ TEST_F(Frame, HelpFloatsAboveAModalFormAndOutlivesIt) {
     EXPECT_EQ(shown().windowHandle()->transientParent(), nullptr);
 }
 
-TEST_F(Frame, TheMenusAndTheToolbarsAreTheTables) {
-    std::string shown;
-    for (const QAction* row : widget<QMenu>(frame_, "mnuFile").actions()) {
-        const QString text = row->isVisible() ? row->text() + row->shortcut().toString() : "hidden";
-        shown += (row->isSeparator() ? "-" : fromQt(text) + (row->isEnabled() ? "" : " off")) + "|";
-    }
-    EXPECT_EQ(shown,
-              "&NewCtrl+N|&OpenCtrl+O|&Close|&PrintCtrl+P off|&SaveCtrl+S|S&ave As|-|Clos&e All|Save A&ll|-|E&xit|-|"
-              "hidden off|hidden off|hidden off|hidden off|hidden off|");
-    for (const ToolBar* bar : {&frame_.Toolbar1, &frame_.Toolbar2, &frame_.Toolbar3, &frame_.Toolbar4}) {
-        const auto actions = widget<QToolBar>(frame_, bar->name().c_str()).actions();
-        ASSERT_EQ(static_cast<std::size_t>(actions.size()), bar->buttons().size()) << bar->name();
-        for (std::size_t place = 0; place < bar->buttons().size(); ++place) {
-            const ToolBar::Button& button = bar->buttons()[place];
-            const QAction& action = *actions[static_cast<qsizetype>(place)];
-            EXPECT_EQ(action.isSeparator(), button.kind == ToolBar::ButtonKind::separator) << button.key;
-            EXPECT_TRUE(action.isSeparator() || !action.icon().isNull()) << button.key;
-        }
-    }
+TEST_F(Frame, EachButtonOfItsToolbarsHasAPicture) {
+    for (const ToolBar* bar : {&frame_.Toolbar1, &frame_.Toolbar2, &frame_.Toolbar3, &frame_.Toolbar4})
+        for (const QAction* button : widget<QToolBar>(frame_, bar->name().c_str()).actions())
+            EXPECT_TRUE(button->isSeparator() || !button->icon().isNull())
+                << bar->name() << fromQt(button->objectName());
 }
 
 TEST_F(Frame, BarsComeAndGoWhereTheyBelongAndNothingElseLeavesTheWindow) {
