@@ -7,28 +7,14 @@
 #include "core/file_open.h"
 #include "editing/insertion.h"
 #include "frame/file_dialogs.h"
-#include "frame/tool_forms.h"
-#include "support/settings.h"
-#include "tests/kit/kelvor_fixture.h"
+#include "tests/kit/selection_fixture.h"
 
 namespace kelvor {
 namespace {
 
-class Links : public KelvorTest {
+class Links : public SelectionTest {
 protected:
-    Links() {
-        start();
-        text = &open("page.htm", "my word").SourceRTB();
-    }
-
-    /// Runs `command` with "word" selected in "my word"; the text then, and behind a blank the control focused last.
-    std::string resultOf(void (*command)()) {
-        text->setText("my word");
-        text->Find("word");
-        platform.focused.clear();
-        command();
-        return text->text() + " " + platform.focused;
-    }
+    std::string resultOf(void (*command)()) { return after(command, "my [word]"); }
     static void set(const char* setting, const char* value) { SaveSetting(application, "User", setting, value); }
 
     /// Expects that a file without anchors is chosen and the question answered.
@@ -41,7 +27,6 @@ protected:
     }
 
     static constexpr const char* scanTitle = "Select file to scan for name anchors";
-    EditControl* text = nullptr;
 };
 
 template <int letter>
@@ -61,14 +46,14 @@ TEST_F(Links, PromptsMakeAnchorsOfWhatIsEntered) {
                          "Make named anchor"};
     for (const auto& [command, prompt, answer, result] : {
              std::tuple{+linkToScheme<LinkScheme::mailto>, link, "\"a\"@b",
-                        "my <A HREF=\"mailto:\"a\"@b\">word</A> Text1"},
-             {linkToScheme<LinkScheme::mailto>, link, "", "my word Text1"},
-             {blankAnchor, address, "/a", "my <A HREF=\"/a\">word</A> Text1"},
-             {blankAnchor, address, "", "my word Text1"},
-             {pressCtrlShift<'A'>, address, "/a", "my <A HREF=\"/a\">word</A> Text1"},
-             {nameAnchor, name, "top", "my <A NAME=\"top\">word</A> Text1"},
-             {nameAnchor, name, "", "my word "},
-             {pressCtrlShift<'N'>, name, "", "my word Text1"},
+                        "my [<A HREF=\"mailto:\"a\"@b\">word</A>] Text1"},
+             {linkToScheme<LinkScheme::mailto>, link, "", "my [word] Text1"},
+             {blankAnchor, address, "/a", "my [<A HREF=\"/a\">word</A>] Text1"},
+             {blankAnchor, address, "", "my [word] Text1"},
+             {pressCtrlShift<'A'>, address, "/a", "my [<A HREF=\"/a\">word</A>] Text1"},
+             {nameAnchor, name, "top", "my [<A NAME=\"top\">word</A>] Text1"},
+             {nameAnchor, name, "", "my [word] "},
+             {pressCtrlShift<'N'>, name, "", "my [word] Text1"},
          }) {
         platform.expectInput(prompt.first, prompt.second, answer);
         EXPECT_EQ(resultOf(command), result);
@@ -80,9 +65,9 @@ TEST_F(Links, AFileIsWrittenAsTheSettingsWantIt) {
     lastDir = "/other";
     set("DFilter", "3");
     platform.expectOpen("Link to file on this system.", {picture}, 4);
-    EXPECT_EQ(resultOf(linkFileSys), "my <A HREF=\"Pics/A.gif\">word</A> Text1");
+    EXPECT_EQ(resultOf(linkFileSys), "my [<A HREF=\"Pics/A.gif\">word</A>] Text1");
     platform.expectOpen("Link to file on this system.", {}, 4);
-    EXPECT_EQ(resultOf(linkFileSys), "my word ");
+    EXPECT_EQ(resultOf(linkFileSys), "my [word] ");
     set("LCase", "True");
     EXPECT_EQ(linkTarget(picture), "pics/a.gif");
     set("LCase", "true");
@@ -92,7 +77,7 @@ TEST_F(Links, AFileIsWrittenAsTheSettingsWantIt) {
     EXPECT_EQ(makeRelativePath("C:\\a\\x.htm", "C:\\b\\y.htm"), "..\\b\\y.htm");
     set("Slash", "True");
     EXPECT_EQ(makeRelativePath("C:\\a\\x.htm", "C:\\b\\y.htm"), "../b/y.htm");
-    fileOpen(files.path("page.htm"), true);
+    fileOpen(files.path("a.htm"), true);
     EXPECT_EQ(makeRelativePath("C:\\a\\x.htm", "C:\\b\\y.htm"), "C:\\b\\y.htm");
 }
 
@@ -124,7 +109,7 @@ TEST_F(Links, ANameOfThisDocumentIsLinkedWithoutStayingSelected) {
 TEST_F(Links, AFileWithNamesIsChosenBeforeAndInTheDialog) {
     set("LCase", "True");
     chooseEmpty(Answer::no);
-    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my word ");
+    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my [word] ");
     chooseEmpty(Answer::yes);
     chooseNamed();
     platform.expectModal([this](Form& shown) {
@@ -141,7 +126,7 @@ TEST_F(Links, AFileWithNamesIsChosenBeforeAndInTheDialog) {
         EXPECT_EQ(form.nameAnchors.rows(), (std::vector<std::string>{"One", "Two"}));
         form.nameAnchors.doubleClick(1);
     });
-    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my <A HREF=\"named.htm#Two\">word</A> Text1");
+    EXPECT_EQ(resultOf(mnuRClick_Link_linkToNameFile_Click), "my [<A HREF=\"named.htm#Two\">word</A>] Text1");
     platform.expectOpen(scanTitle, {});
     platform.expectModal([this](Form& form) {
         platform.expectMessage(exclamation("Make a selection first.", "No name anchor selected"));
