@@ -18,7 +18,7 @@ constexpr int addressRole = Qt::UserRole;
 /// Where the first link of a block leads; "" without one.
 QString linkOf(const QTextBlock& block) {
     for (auto piece = block.begin(); !piece.atEnd(); ++piece)
-        if (const QString link = piece.fragment().charFormat().anchorHref(); !link.isEmpty()) return link;
+        if (QString link = piece.fragment().charFormat().anchorHref(); !link.isEmpty()) return link;
     return {};
 }
 
