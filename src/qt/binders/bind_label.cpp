@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <functional>
 
 #include "qt/binders/binders.h"
 #include "qt/convert.h"
@@ -86,7 +87,8 @@ private:
     void act(void (Label::*usersAct)()) {
         if (!widget_.isEnabled()) return;
         QMetaObject::invokeMethod(
-            this, [this, usersAct] { guarded([&] { (label_.*usersAct)(); }); }, Qt::QueuedConnection);
+            this, [this, usersAct] { guarded([this, usersAct] { std::invoke(usersAct, label_); }); },
+            Qt::QueuedConnection);
     }
 
     Label& label_;
