@@ -45,15 +45,6 @@ bool isSound(TextBox& field) {
     return sound;
 }
 
-/// Of two rows with one label the second to go has nothing stored any more.
-void removeStored(const std::string& label) {
-    try {
-        user::links.remove(label);
-    } catch (const Error& error) {
-        if (error.number() != error_number::invalidProcedureCall) throw;
-    }
-}
-
 }  // namespace
 
 LinkManager::LinkManager() : ToolDialog("linkman", "Link Manager", AtEnd::focusDelivered) {
@@ -134,7 +125,7 @@ void LinkManager::SSTab1_Click() {
 /// A link that is refused afterwards is gone from the list and the store all the same; its fields are what is left.
 void LinkManager::dropEditedLink() {
     if (!editLabel_) return;
-    removeStored(*editLabel_);
+    user::links.remove(*editLabel_);
     editLabel_.reset();
     if (ListView1.selectedRow() >= 0) ListView1.removeRow(ListView1.selectedRow());
 }
@@ -189,7 +180,7 @@ void LinkManager::ListView1_MouseDown(const MousePress& press) {
 void LinkManager::mnuLinkRClick_delete_Click() {
     const std::string label = selectedCell(labelColumn);
     if (!confirmDeletion("Delete [" + label + "] link?")) return;
-    removeStored(label);
+    user::links.remove(label);
     ListView1.removeRow(ListView1.selectedRow());
 }
 

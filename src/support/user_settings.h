@@ -46,8 +46,10 @@ public:
     bool contains(std::string_view key) const {
         return GetSetting(application, section_, key, "0") == GetSetting(application, section_, key, "1");
     }
-    /// A key that is not there is an error 5.
-    void remove(std::string_view key) const { DeleteSetting(application, section_, key); }
+    /// Nothing happens for a key that is not there: of two rows with one label the second to go has none any more.
+    void remove(std::string_view key) const {
+        if (contains(key)) DeleteSetting(application, section_, key);
+    }
 
 private:
     std::string_view section_;

@@ -63,7 +63,7 @@ bool AddBrowser::isNameInUse() const {
 void AddBrowser::removeEdited() {
     if (!std::exchange(hasEdited_, false)) return;
     ReportView& list = toolForm<Preferences>().ListView2;
-    removeEntry(user::browsers, list.cell(list.selectedRow(), 0));
+    user::browsers.remove(list.cell(list.selectedRow(), 0));
     list.removeRow(list.selectedRow());
 }
 

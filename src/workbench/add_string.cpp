@@ -42,7 +42,7 @@ void AddString::removeEdited() {
     const int row = list.selectedRow();
     const std::string label = list.cell(row, 0);
     removeUserString(label, row + 1);
-    removeEntry(user::strings, label);
+    user::strings.remove(label);
     list.removeRow(row);
 }
 

@@ -23,10 +23,6 @@ void storeEntries(const ReportView& list, const UserList& stored) {
     for (int row = 0; row < static_cast<int>(list.count()); ++row) stored.store(list.cell(row, 0), list.cell(row, 1));
 }
 
-void removeEntry(const UserList& stored, const std::string& label) {
-    if (stored.contains(label)) stored.remove(label);
-}
-
 void enterEntries(ReportView& list, std::initializer_list<Control*> buttons) {
     if (list.count() == 0) return setAllEnabled(buttons, false);
     list.setSelectedRow(0);

@@ -18,9 +18,6 @@ void listEntries(ReportView& list, const UserList& stored);
 /// Stores each row's contents under its label. Nothing is removed.
 void storeEntries(const ReportView& list, const UserList& stored);
 
-/// Removes what is stored under a label. Of two rows with one label the second to go has nothing stored any more.
-void removeEntry(const UserList& stored, const std::string& label);
-
 /// The user has come to a list: its first row is selected and it has the keyboard. Without rows the buttons for them
 /// are switched off.
 void enterEntries(ReportView& list, std::initializer_list<Control*> buttons);

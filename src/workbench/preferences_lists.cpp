@@ -50,7 +50,7 @@ void Preferences::cmdDelete_Click() {
     const std::string label = ListView1.cell(row, 0);
     if (!confirmDeletion("Delete [" + label + "] user string?")) return;
     removeUserString(label, userStringRow(label));
-    removeEntry(user::strings, label);
+    user::strings.remove(label);
     ListView1.removeRow(row);
     setAllEnabled({&cmdEdit, &cmdDelete}, ListView1.count() > 0);
 }
@@ -84,7 +84,7 @@ void Preferences::cmdDelb_Click() {
     if (row < 0) return;
     const std::string label = ListView2.cell(row, 0);
     if (!confirmDeletion("Delete [" + label + "] browser?")) return;
-    removeEntry(user::browsers, label);
+    user::browsers.remove(label);
     ListView2.removeRow(row);
     guarded(setUpBrowsers);
     setAllEnabled({&cmdEditb, &cmdDelb}, ListView2.count() > 0);
