@@ -37,6 +37,7 @@ public:
     std::vector<std::string> fonts() override { return screen_.fonts(); }
     bool showsPictures(std::string_view suffix) override { return screen_.showsPictures(suffix); }
     std::shared_ptr<const Picture> loadPicture(const std::string& path) override { return screen_.loadPicture(path); }
+    void setIdleWork(std::function<bool()> work) override { screen_.setIdleWork(std::move(work)); }
     void processEvents() override {
         longest_ = std::max(longest_, secondsSince(last_));
         screen_.processEvents();

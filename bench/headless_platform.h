@@ -16,6 +16,7 @@ void forgetPauses();
 class HeadlessPlatform : private QuietPlatform {
     Answer message(const Message& message) override;
     void processEvents() override { endPause(); }
+    void setIdleWork(std::function<bool()> /*work*/) override {}
 };
 
 }  // namespace kelvor::bench

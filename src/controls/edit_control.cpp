@@ -14,6 +14,7 @@
 #include "platform/platform.h"
 #include "text/code_points.h"
 #include "text/line_ends.h"
+#include "text/text_difference.h"
 #include "text/text_encoding.h"
 #include "text/text_search.h"
 #include "text/utf8_check.h"
@@ -96,7 +97,7 @@ void EditControl::startText(std::string_view text) {
     perform([&] {
         const ValidText valid(text, INT_MAX);
         std::string_view rest = valid.view();
-        loadText(rest.size(), [&] { return std::exchange(rest, {}); });
+        loadAnew(rest.size(), [&] { return std::exchange(rest, {}); });
         return true;
     });
 }
@@ -195,31 +196,79 @@ bool EditControl::loadUtf8(const std::string& path) {
         if (length > INT_MAX) throw std::bad_alloc();
         return part;
     };
-    if (!loadText(file.size(), next)) return false;
+    if (!loadAnew(file.size(), next)) return false;
     encoding_ = file.encoding();
+    fileStamp_ = file.stamp();
     lineEnd_ = file.lineEnd();
     return true;
 }
 
 void EditControl::loadDecoded(const std::string& path) {
-    const DecodedText decoded = decode(readFile(path));
-    std::string_view text = decoded.text;
-    if (text.size() > INT_MAX) throw std::bad_alloc();
-    LineEndCounts lineEnds;
-    lineEnds.add(text);
-    loadText(text.size(), [&] { return std::exchange(text, {}); });
-    encoding_ = decoded.encoding;
-    lineEnd_ = lineEnds.mostCommon();
+    const FileText file = readText(path);
+    std::string_view text = file.decoded.text;
+    loadAnew(text.size(), [&] { return std::exchange(text, {}); });
+    take(file);
 }
 
-void EditControl::SaveFile(const std::string& path) {
+/// What has changed does not matter to a text that is begun anew; where there is none the old one goes on.
+bool EditControl::loadAnew(std::size_t bytes, const TextParts& next) {
+    const ChangedRange before = change_;
+    try {
+        const bool loaded = loadText(bytes, next);
+        change_ = loaded ? ChangedRange{} : before;
+        return loaded;
+    } catch (...) {
+        change_ = before;
+        throw;
+    }
+}
+
+void EditControl::ReloadFile(const std::string& path) {
+    perform([&] {
+        const FileText file = readText(path);
+        const std::string_view text = file.decoded.text;
+        const int caret = selStart();
+        const TextChange change = changeBetween(textView(), text);
+        const int position = static_cast<int>(change.position);
+        const int removed = static_cast<int>(change.removed.size());
+        const int inserted = static_cast<int>(change.inserted.size());
+        // What gives way is a part of the text that goes with it.
+        replaceRange(position, removed, change.inserted);
+        const bool isBehind = caret >= position + removed;
+        select(characterStart(isBehind ? caret - removed + inserted : std::min(caret, position + inserted)), 0);
+        scrollToSelection();
+        take(file);
+        return true;
+    });
+}
+
+EditControl::FileText EditControl::readText(const std::string& path) {
+    StampedBytes file = readStamped(path);
+    FileText read{decode(std::move(file.bytes)), file.stamp};
+    if (read.decoded.text.size() > INT_MAX) throw std::bad_alloc();
+    return read;
+}
+
+void EditControl::take(const FileText& file) {
+    LineEndCounts lineEnds;
+    lineEnds.add(file.decoded.text);
+    lineEnd_ = lineEnds.mostCommon();
+    encoding_ = file.decoded.encoding;
+    fileStamp_ = file.stamp;
+}
+
+bool EditControl::SaveFile(const std::string& path, const std::optional<ContentHash>& expected) {
+    bool saved = false;
     withMemoryErrors([&] {
         const auto bytes = encode(textView(), encoding_);
         if (!bytes) {
             throw Error(error_number::invalidProcedureCall, "The file's encoding lacks a character of the text");
         }
-        saveFileInPlace(path, *bytes);
+        const auto stamp = saveFileInPlace(path, *bytes, expected);
+        saved = stamp.has_value();
+        if (saved) fileStamp_ = stamp;
     });
+    return saved;
 }
 
 bool EditControl::canBeSaved() const {

@@ -6,10 +6,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "controls/control.h"
 #include "controls/key_press.h"
 #include "controls/mouse_press.h"
+#include "files/file_stamp.h"
+#include "text/changed_range.h"
 #include "text/code_points.h"
 #include "text/text_encoding.h"
 #include "text/text_search.h"
@@ -72,7 +75,20 @@ public:
     void LoadFile(const std::string& path);
     /// Writes the text over the file in place, in the encoding kept. Throws what saveFileInPlace throws;
     /// error 5 when canBeSaved() is false.
-    void SaveFile(const std::string& path);
+    /// @param expected  as saveFileInPlace takes it
+    /// @return false when the file holds something else than expected, and then nothing was written
+    bool SaveFile(const std::string& path, const std::optional<ContentHash>& expected = {});
+    /// Takes in what a file holds by now, as one step that can be undone; the caret stays in its place as far as the
+    /// text round it does. Keeps the file's encoding and line end. Throws what readFile throws, and then nothing has
+    /// changed.
+    void ReloadFile(const std::string& path);
+    /// The file as it was when it was loaded or saved last; nothing before that.
+    const std::optional<FileStamp>& fileStamp() const { return fileStamp_; }
+    void setFileStamp(const std::optional<FileStamp>& stamp) { fileStamp_ = stamp; }
+
+    /// What has changed since the last call, or since the text was begun anew.
+    ChangedRange takeChange() { return std::exchange(change_, {}); }
+
     Encoding encoding() const { return encoding_; }
     void setEncoding(Encoding encoding) { encoding_ = encoding; }
     /// Whether the encoding kept has every character of the text.
@@ -142,6 +158,9 @@ protected:
     /// The nearest character start at or before `position`, within the text.
     virtual int characterStart(int position) const = 0;
 
+    /// The surface calls this for each change of the text, in their order; before or after it does not matter.
+    void noteReplaced(int start, int removed, int inserted) { change_.add(start, removed, inserted); }
+
     bool inBatch() const { return batchDepth_ > 0; }
     void raiseChanged();
     void raiseSelectionChanged();
@@ -149,8 +168,15 @@ protected:
 private:
     template <typename Act>
     void perform(Act act);
+    bool loadAnew(std::size_t bytes, const TextParts& next);
     bool loadUtf8(const std::string& path);
     void loadDecoded(const std::string& path);
+    struct FileText {
+        DecodedText decoded;
+        FileStamp stamp;
+    };
+    static FileText readText(const std::string& path);
+    void take(const FileText& file);
     const TextSearch& searchFor(std::string_view text, SearchOptions options);
     void enterBatch();
     void leaveBatch();
@@ -166,6 +192,8 @@ private:
     int backColor_ = -1;
     Encoding encoding_ = Encoding::utf8;
     std::string lineEnd_ = "\r\n";
+    std::optional<FileStamp> fileStamp_;
+    ChangedRange change_;
     int batchDepth_ = 0;
     bool changedInBatch_ = false;
     bool selectionChangedInBatch_ = false;

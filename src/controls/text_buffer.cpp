@@ -67,6 +67,7 @@ void TextBuffer::growGap(int length) {
 /// The change itself, without a way back.
 void TextBuffer::exchange(int start, int length, std::string_view text) {
     const int added = static_cast<int>(text.size());
+    noteReplaced(start, length, added);
     moveGap(start);
     growGap(added - length);
     const auto gapEnd = static_cast<std::size_t>(gapStart_ + gapLength_);

@@ -11,6 +11,7 @@
 #include "base/error.h"
 #include "base/step.h"
 #include "files/file_error.h"
+#include "files/file_stamp.h"
 #include "files/files.h"
 #include "files/paths.h"
 #include "files/system_calls.h"
@@ -27,17 +28,6 @@ Error temporaryError(int code, const std::string& temporary, const std::string& 
             error.cause() + "\r\nTemporary directory: " + directoryPart(temporary)};
 }
 
-bool isSameMoment(const timespec& left, const timespec& right) {
-    return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
-}
-
-/// Whether nothing happened to the file. The time of the last change of its state cannot be set back, so a write
-/// that leaves size and time as they were shows too.
-bool isUntouched(const struct stat& before, const struct stat& now) {
-    return before.st_dev == now.st_dev && before.st_ino == now.st_ino && before.st_size == now.st_size &&
-           isSameMoment(before.st_mtim, now.st_mtim) && isSameMoment(before.st_ctim, now.st_ctim);
-}
-
 /// Sees to it that the path still leads to the file that was read, and nobody has written to it. Whether another file
 /// may take the file's place: it has one name, and the path is that name.
 bool isUntouchedOnlyName(const ReplaceableFile& target) {
@@ -47,7 +37,7 @@ bool isUntouchedOnlyName(const ReplaceableFile& target) {
     const bool isLink = !failed && S_ISLNK(named.st_mode);
     if (isLink) failed = uninterrupted([&] { return systemCalls().stat(path, &named); }) != 0;
     if (failed) throw fileError(errno, target.path);
-    if (!isUntouched(target.opened.status, named)) {
+    if (!stampOf(target.opened.status, {}).isOf(named)) {
         throw pathError(error_number::pathAccess, "Another program has changed the file meanwhile", target.path);
     }
     return !isLink && named.st_nlink == 1;

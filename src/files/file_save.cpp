@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -114,10 +115,21 @@ bool goBack(const Target& target, std::size_t newSize) {
     throw Error(error.number(), error.description() + "\r\n" + damage, error.cause() + "\r\n" + damage);
 }
 
+/// As it is before the file is closed; one whose status cannot be read is known by its bytes alone.
+FileStamp stampOfWritten(const Target& target, std::string_view bytes) {
+    struct stat status {};
+    if (fstat(target.descriptor(), &status) != 0) status = {};
+    FileStamp stamp = stampOf(status, hashOf(bytes));
+    stamp.size = sizeOf(bytes);
+    return stamp;
+}
+
 }  // namespace
 
-void saveFileInPlace(const std::string& path, std::string_view bytes) {
+std::optional<FileStamp> saveFileInPlace(const std::string& path, std::string_view bytes,
+                                         const std::optional<ContentHash>& expected) {
     auto target = openTarget(path);
+    if (expected && !target.isNew && hashOf(target.oldBytes) != *expected) return std::nullopt;
     if (!reserveRoom(target, bytes)) {
         const int code = errno;
         // Nothing is written yet: this only gives back what was set aside.
@@ -128,10 +140,12 @@ void saveFileInPlace(const std::string& path, std::string_view bytes) {
         const int code = errno;
         fail(target, code, goBack(target, bytes.size()));
     }
+    const FileStamp stamp = stampOfWritten(target, bytes);
     if (!target.file.close()) {
         const int code = errno;
         fail(target, code, target.isNew && goBack(target, 0));
     }
+    return stamp;
 }
 
 }  // namespace kelvor

@@ -49,9 +49,15 @@ bool renameByLink(const char* from, const char* to) {
 }  // namespace
 
 std::string readFile(const std::string& path) {
-    auto regular = openRegularFile(path, O_RDONLY);
-    if (!regular) throw fileError(ENOENT, path);
-    return readToEnd(regular->file.descriptor(), regular->status.st_size, path);
+    const auto regular = openToRead(path);
+    return readToEnd(regular.file.descriptor(), regular.status.st_size, path);
+}
+
+StampedBytes readStamped(const std::string& path) {
+    const auto regular = openToRead(path);
+    auto bytes = readToEnd(regular.file.descriptor(), regular.status.st_size, path);
+    const auto hash = hashOf(bytes);
+    return {std::move(bytes), stampOf(regular.status, hash)};
 }
 
 bool isReadOnly(const std::string& path) {

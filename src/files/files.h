@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "files/file_stamp.h"
 
 namespace kelvor {
 
@@ -12,12 +15,22 @@ namespace kelvor {
 /// Never waits on a pipe.
 std::string readFile(const std::string& path);
 
+/// The same with the file's stamp.
+struct StampedBytes {
+    std::string bytes;
+    FileStamp stamp;
+};
+StampedBytes readStamped(const std::string& path);
+
 /// Writes `bytes` over the file in place: same inode, mode, owner and links, and never truncated first.
 /// A new file is made with the mode of the umask. When it throws (61 disk or quota full, 70 or 75 not writable,
 /// 57 device) the file holds its old bytes, and a file that did not exist is gone again. Should the way back
 /// fail too, the description says that the file is damaged.
 /// A file whose mode has no write bit is refused, for root as well.
-void saveFileInPlace(const std::string& path, std::string_view bytes);
+/// @param expected  what the file is to hold, should it be there; nothing: whatever it holds goes
+/// @return the file's stamp; nothing when it holds something else than expected, and then nothing was written
+std::optional<FileStamp> saveFileInPlace(const std::string& path, std::string_view bytes,
+                                         const std::optional<ContentHash>& expected = {});
 
 /// Whether a save over the file would be refused: its mode has no write bit (root too), or the user or the disk
 /// does not let it be written. False when there is no such file.

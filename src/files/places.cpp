@@ -115,8 +115,12 @@ std::string settingsDirectory() {
     return directory;
 }
 
-ScopedDirectories::ScopedDirectories(std::string program, std::string settings)
-    : previous_(std::exchange(overriding(), Directories{std::move(program), std::move(settings)})) {
+std::string stateDirectory() {
+    return overriding() ? overriding()->state : userDirectory("XDG_STATE_HOME", ".local/state");
+}
+
+ScopedDirectories::ScopedDirectories(std::string program, std::string settings, std::string state)
+    : previous_(std::exchange(overriding(), Directories{std::move(program), std::move(settings), std::move(state)})) {
 }
 
 ScopedDirectories::~ScopedDirectories() {

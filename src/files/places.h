@@ -21,16 +21,21 @@ std::string helpDirectory();
 /// $XDG_CONFIG_HOME/kelvor, or ~/.config/kelvor; made when it is missing. "" when there is no home.
 std::string settingsDirectory();
 
-/// What stands in for the program's and the settings' directory.
+/// $XDG_STATE_HOME/kelvor, or ~/.local/state/kelvor: what is neither setting nor data. Not made here; see
+/// privateDirectory. "" when there is no home.
+std::string stateDirectory();
+
+/// What stands in for the program's, the settings' and the state's directory.
 struct Directories {
     std::string program;
     std::string settings;
+    std::string state;
 };
 
 /// Puts other directories in force until it ends, and then those before it; for tests.
 class ScopedDirectories {
 public:
-    ScopedDirectories(std::string program, std::string settings);
+    ScopedDirectories(std::string program, std::string settings, std::string state = "");
     ~ScopedDirectories();
     ScopedDirectories(const ScopedDirectories&) = delete;
     ScopedDirectories& operator=(const ScopedDirectories&) = delete;

@@ -67,6 +67,12 @@ std::optional<RegularFile> openRegularFile(const std::string& path, int flags) {
     return RegularFile{std::move(file), status};
 }
 
+RegularFile openToRead(const std::string& path) {
+    auto opened = openRegularFile(path, O_RDONLY);
+    if (!opened) throw fileError(ENOENT, path);
+    return std::move(*opened);
+}
+
 std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step) {
     constexpr std::size_t leastRoom = 65536;
     std::string bytes;

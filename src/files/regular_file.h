@@ -25,6 +25,9 @@ bool hasWriteBit(const struct stat& status);
 /// to no file. Throws Error for all other failures, for writing also when the mode has no write bit.
 std::optional<RegularFile> openRegularFile(const std::string& path, int flags);
 
+/// The same for reading. Throws Error 53 when the path leads to no file.
+RegularFile openToRead(const std::string& path);
+
 /// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
 /// writes as they are read have no size. Throws Error.
 std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step = noStep);

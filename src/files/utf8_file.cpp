@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/utf8_file.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -17,12 +15,6 @@ namespace {
 
 /// In bytes, few enough to stay in the processor's own memory from one look at them to the next.
 constexpr std::size_t room = std::size_t{1} << 18;
-
-RegularFile openToRead(const std::string& path) {
-    auto opened = openRegularFile(path, O_RDONLY);
-    if (!opened) throw fileError(ENOENT, path);
-    return std::move(*opened);
-}
 
 }  // namespace
 
@@ -43,6 +35,12 @@ std::optional<std::string_view> Utf8File::next() {
     return part.empty() && !atEnd_ ? next() : part;
 }
 
+FileStamp Utf8File::stamp() const {
+    FileStamp stamp = stampOf(opened_.status, hasher_.hash());
+    stamp.size = static_cast<off_t>(place_);
+    return stamp;
+}
+
 /// As many whole characters as there is room for; at the end what is left. What is torn there belongs to none.
 std::string_view Utf8File::read() {
     length_ -= given_;
@@ -53,6 +51,7 @@ std::string_view Utf8File::read() {
                                        static_cast<off_t>(place_));
         });
         if (count < 0) throw fileError(errno, path_);
+        hasher_.add({memory_.get() + length_, static_cast<std::size_t>(count)});
         place_ += static_cast<std::size_t>(count);
         length_ += static_cast<std::size_t>(count);
         const std::string_view bytes(memory_.get(), length_);

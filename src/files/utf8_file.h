@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "files/content_hash.h"
+#include "files/file_stamp.h"
 #include "files/regular_file.h"
 #include "text/line_ends.h"
 #include "text/text_encoding.h"
@@ -30,6 +32,7 @@ public:
     /// Of what has been read.
     Encoding encoding() const { return encoding_; }
     std::string lineEnd() const { return lineEnds_.mostCommon(); }
+    FileStamp stamp() const;
 
 private:
     std::string_view read();
@@ -43,6 +46,7 @@ private:
     bool atEnd_ = false;
     Encoding encoding_ = Encoding::utf8;
     LineEndCounts lineEnds_;
+    ContentHasher hasher_;
 };
 
 }  // namespace kelvor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,6 +34,9 @@ public:
     virtual std::shared_ptr<const Picture> loadPicture(const std::string& path) = 0;
     /// Lets waiting events run, at once and unconditionally.
     virtual void processEvents() = 0;
+    /// Sets the one procedure that is called whenever no event waits, and again when it says that there is more to do.
+    /// It lets no events run.
+    virtual void setIdleWork(std::function<bool()> work) = 0;
 };
 
 /// The desktop's shell. Nothing here passes through a command interpreter.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/qt_screen.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCursor>
 #include <QFontDatabase>
@@ -47,6 +48,15 @@ std::shared_ptr<const Picture> QtScreen::loadPicture(const std::string& path) {
 
 void QtScreen::processEvents() {
     QApplication::processEvents();
+}
+
+void QtScreen::setIdleWork(std::function<bool()> work) {
+    QObject::disconnect(idle_);
+    if (!work) return;
+    QAbstractEventDispatcher* events = QAbstractEventDispatcher::instance();
+    idle_ = QObject::connect(events, &QAbstractEventDispatcher::aboutToBlock, events, [events, work] {
+        if (work()) events->wakeUp();
+    });
 }
 
 PlainPointer::PlainPointer() : hourglass_(QApplication::overrideCursor() != nullptr) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMetaObject>
+
 #include "platform/services.h"
 
 namespace kelvor::qt {
@@ -13,6 +15,10 @@ public:
     bool showsPictures(std::string_view suffix) override;
     std::shared_ptr<const Picture> loadPicture(const std::string& path) override;
     void processEvents() override;
+    void setIdleWork(std::function<bool()> work) override;
+
+private:
+    QMetaObject::Connection idle_;
 };
 
 /// The ordinary pointer while it lives, also above a command that shows the hourglass: for dialogs.

@@ -131,6 +131,7 @@ void ScintillaEdit::uncoverSelection() {
 
 void ScintillaEdit::noteChange(bool insertion, int start, int length) {
     countInserted();
+    noteReplaced(start, insertion ? 0 : length, insertion ? length : 0);
     if (insertion) {
         inserted_ = {start, length};
     } else {

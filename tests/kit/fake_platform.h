@@ -99,6 +99,11 @@ public:
     /// Nothing expected is outstanding; checked by the destructor too.
     void verifyNothingOutstanding();
 
+    /// No event waits: what is done then is done, to its end.
+    void beIdle() const {
+        while (idleWork_ && idleWork_()) continue;
+    }
+
     std::vector<std::string> started;        ///< programs started, their words joined by "|"
     std::vector<std::string> opened;         ///< targets given to the desktop
     std::vector<std::string> helpPages;      ///< addresses shown by the help window
@@ -149,6 +154,7 @@ private:
     void processEvents() override {
         if (const auto act = std::exchange(whileWaiting, nullptr)) act();
     }
+    void setIdleWork(std::function<bool()> work) override { idleWork_ = std::move(work); }
 
     bool open(const std::string& target) override {
         opened.push_back(target);
@@ -183,6 +189,7 @@ private:
     Platform inForce_{*this, *this, *this, *this, *this, *this, *this, *this};
     std::deque<Step> steps_;
     std::optional<Answer> answerAll_;
+    std::function<bool()> idleWork_;
 };
 
 /// While it lives the first time that waiting events are let run is `act`'s: an act of the user during a long command.
