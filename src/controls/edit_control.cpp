@@ -145,6 +145,10 @@ void EditControl::setBackColor(int color) {
     if (std::exchange(backColor_, color) != color) showColors();
 }
 
+void EditControl::setReadOnly(bool readOnly) {
+    if (std::exchange(readOnly_, readOnly) != readOnly) showReadOnly();
+}
+
 const TextSearch& EditControl::searchFor(std::string_view text, SearchOptions options) {
     if (!search_ || search_->text != text || search_->options != options) {
         search_.emplace(Search{std::string(text), options, TextSearch(text, options)});
@@ -276,7 +280,7 @@ bool EditControl::canBeSaved() const {
 }
 
 void EditControl::cut() {
-    if (selLength() == 0) return;
+    if (selLength() == 0 || readOnly_) return;
     copy();
     setSelText({});
 }
@@ -287,15 +291,15 @@ void EditControl::copy() {
 
 void EditControl::paste() {
     const std::string text = platform().clipboard.text();
-    if (!text.empty()) setSelText(withLineEnd(text, lineEnd_));
+    if (!text.empty() && !readOnly_) setSelText(withLineEnd(text, lineEnd_));
 }
 
 void EditControl::undo() {
-    if (!inBatch()) perform([&] { return undoStep(); });
+    if (!inBatch() && !readOnly_) perform([&] { return undoStep(); });
 }
 
 void EditControl::redo() {
-    if (!inBatch()) perform([&] { return redoStep(); });
+    if (!inBatch() && !readOnly_) perform([&] { return redoStep(); });
 }
 
 void EditControl::selectAll() {

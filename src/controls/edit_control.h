@@ -89,6 +89,10 @@ public:
     /// What has changed since the last call, or since the text was begun anew.
     ChangedRange takeChange() { return std::exchange(change_, {}); }
 
+    /// Whether the user can change nothing: no key, paste, drop or step back does. What the program writes goes in.
+    bool isReadOnly() const { return readOnly_; }
+    void setReadOnly(bool readOnly);
+
     Encoding encoding() const { return encoding_; }
     void setEncoding(Encoding encoding) { encoding_ = encoding; }
     /// Whether the encoding kept has every character of the text.
@@ -151,6 +155,7 @@ protected:
     virtual bool undoStep() = 0;
     virtual bool redoStep() = 0;
     virtual void showColors() = 0;
+    virtual void showReadOnly() {}
     virtual void beginBatch() = 0;
     virtual void endBatch() = 0;
     /// The text from `start` to the end, cheap right behind the last change. Good until the next change.
@@ -190,6 +195,7 @@ private:
     std::optional<Search> search_;
     int selColor_ = -1;
     int backColor_ = -1;
+    bool readOnly_ = false;
     Encoding encoding_ = Encoding::utf8;
     std::string lineEnd_ = "\r\n";
     std::optional<FileStamp> fileStamp_;

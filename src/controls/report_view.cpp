@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 #include "controls/checked_row.h"
 #include "text/text_order.h"
@@ -55,8 +56,12 @@ void ReportView::setSelectedRow(int row) {
     if (row != -1) checked(row);
     for (Row& other : rows_) other.selected = false;
     if (row != -1) rows_[checked(row)].selected = true;
-    selectedRow_ = row;
+    makeCurrent(row);
     tell(Aspect::selection);
+}
+
+void ReportView::makeCurrent(int row) {
+    if (std::exchange(selectedRow_, row) != row) rowChanged.raise();
 }
 
 void ReportView::setSelected(int row, bool selected) {
@@ -105,7 +110,7 @@ void ReportView::doubleClick(int row) {
 void ReportView::choose(int current, const std::vector<int>& selected) {
     for (Row& row : rows_) row.selected = false;
     for (const int row : selected) rows_[checked(row)].selected = true;
-    selectedRow_ = current;
+    makeCurrent(current);
 }
 
 }  // namespace kelvor

@@ -14,15 +14,20 @@ namespace kelvor {
 /// A list in columns under headers. One row is the current one; several can be selected where that is allowed.
 class ReportView : public Control {
 public:
+    /// What a row is marked as, by its colour. Its cells say it too: a colour alone is not seen by all.
+    enum class Tint { none, added, removed, changed };
+
     struct Row {
         std::vector<std::string> cells;  ///< a cell that is missing is empty
         int icon = 0;                    ///< number of one of the pictures, from 1; 0 for none
         bool selected = false;
+        Tint tint = Tint::none;
     };
 
     struct Handlers {
         Handler<> doubleClicked;
         Handler<> returnPressed;
+        Handler<> rowChanged;
         Handler<int> columnClicked;
         Handler<MousePress> mouseDown;
     };
@@ -32,11 +37,16 @@ public:
         : Control(form, std::move(name)), columns_(std::move(columns)) {
         handlers.doubleClicked.connectTo(doubleClicked, form);
         handlers.returnPressed.connectTo(returnPressed, form);
+        handlers.rowChanged.connectTo(rowChanged, form);
         handlers.columnClicked.connectTo(columnClicked, form);
         handlers.mouseDown.connectTo(mouseDown, form);
     }
 
     const std::vector<std::string>& columns() const { return columns_; }
+    /// To be told before the window is made.
+    void setColumnCaption(int column, std::string caption) {
+        columns_.at(static_cast<std::size_t>(column)) = std::move(caption);
+    }
 
     const std::vector<Row>& rows() const { return rows_; }
     std::size_t count() const { return rows_.size(); }
@@ -83,6 +93,8 @@ public:
 
     Event<> doubleClicked;
     Event<> returnPressed;
+    /// Another row is the current one, by the user's choice or by setSelectedRow.
+    Event<> rowChanged;
     Event<int> columnClicked;
     Event<MousePress> mouseDown;
 
@@ -90,6 +102,7 @@ public:
 
 private:
     std::size_t checked(int row) const;
+    void makeCurrent(int row);
     void tellRows(RowChange::Kind kind, int first, int last) const {
         if (rowFollower_) rowFollower_({kind, first, last});
     }

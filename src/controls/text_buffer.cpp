@@ -218,7 +218,7 @@ void TextBuffer::press(int keyCode, int shift) {
 void TextBuffer::act(const KeyPress& key) {
     const bool shifted = key.shift == modifier::shift;
     const int code = key.keyCode;
-    if (key.shift != 0 && !shifted) return;
+    if (isReadOnly() || (key.shift != 0 && !shifted)) return;
     if (code == key_code::backspace) {
         removeAt(selStart_ - 1);
     } else if (code == key_code::deleteKey) {

@@ -27,7 +27,9 @@ public:
 
     /// The user's acts: a text typed at the selection, a key with its events, a press of a mouse button.
     /// Keys that type or delete do so unless a handler swallows them; letters and digits without Ctrl and Alt.
-    void type(std::string_view text) { setSelText(text); }
+    void type(std::string_view text) {
+        if (!isReadOnly()) setSelText(text);
+    }
     void press(int keyCode, int shift = 0);
     void pressMouse(const MousePress& press) { mouseDown.raise(press); }
 

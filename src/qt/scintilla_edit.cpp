@@ -29,6 +29,17 @@ unsigned long toParameter(int number) {
 
 }  // namespace
 
+class ScintillaEdit::Writing {
+public:
+    explicit Writing(ScintillaEdit& edit) : edit_(edit) { edit_.send(Sci::SCI_SETREADONLY, 0); }
+    ~Writing() { edit_.showReadOnly(); }
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+
+private:
+    ScintillaEdit& edit_;
+};
+
 ScintillaEdit::ScintillaEdit(Form& form, std::string name) : EditControl(form, std::move(name)) {
     widget_ = new ScintillaWidget(*this, *this);  // not before the members that its first events read
     TextAccessible::install();                    // behind Scintilla's own, which its first widget installs
@@ -46,6 +57,10 @@ QWidget* ScintillaEdit::widget() const {
 /// Everything is 0 once the widget has gone.
 int ScintillaEdit::send(unsigned int message, unsigned long first, long second) const {
     return widget_ ? static_cast<int>(widget_->send(message, first, second)) : 0;
+}
+
+void ScintillaEdit::setWordWrap(bool wraps) {
+    send(Sci::SCI_SETWRAPMODE, wraps ? Sci::SC_WRAP_WORD : Sci::SC_WRAP_NONE);
 }
 
 bool ScintillaEdit::overtype() const {
@@ -162,6 +177,7 @@ void ScintillaEdit::reportActs() {
 
 void ScintillaEdit::replaceRange(int start, int length, std::string_view text) {
     if (!widget_ || (length == 0 && text.empty())) return;
+    const Writing writing(*this);
     if (text.size() + static_cast<std::size_t>(length) > largeWrite) {
         // The undo step keeps a copy of both, the line index takes at most a word for each byte of what is new.
         const std::size_t whole = roomFor(static_cast<std::size_t>(textLength()) + text.size());
@@ -201,6 +217,7 @@ void ScintillaEdit::scrollToSelection() {
 /// Into a document of its own: when memory runs out, or there is no text, the old one is still there.
 bool ScintillaEdit::loadText(std::size_t bytes, const TextParts& next) {
     if (!widget_) return true;
+    const Writing writing(*this);
     std::optional<TextSpeech::Pause> pause;
     if (!inBatch()) pause.emplace(widget_->speech());
     const long old = widget_->send(Sci::SCI_GETDOCPOINTER);
@@ -261,6 +278,10 @@ bool ScintillaEdit::goStep(unsigned int question, unsigned int step) {
 
 void ScintillaEdit::showColors() {
     if (widget_) widget_->showColors(selColor(), backColor());
+}
+
+void ScintillaEdit::showReadOnly() {
+    send(Sci::SCI_SETREADONLY, isReadOnly() ? 1 : 0);
 }
 
 void ScintillaEdit::beginBatch() {

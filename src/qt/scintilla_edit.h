@@ -20,6 +20,9 @@ public:
     /// The widget, to be placed in a window; nullptr when its parent has ended it.
     QWidget* widget() const;
 
+    /// Whether lines that are longer than the widget go on below; so they do in a dialog.
+    void setWordWrap(bool wraps);
+
     /// Whether typing overwrites, which the Insert key switches.
     bool overtype() const;
     Event<> overtypeChanged;
@@ -44,6 +47,7 @@ protected:
     bool undoStep() override;
     bool redoStep() override;
     void showColors() override;
+    void showReadOnly() override;
     void beginBatch() override;
     void endBatch() override;
     std::string_view textFrom(int start) const override;
@@ -61,6 +65,9 @@ private:
     Range shownSelection() const;
     bool appendAll(const TextParts& next);
     bool goStep(unsigned int question, unsigned int step);
+
+    /// While it lives the program writes, whatever the user may not.
+    class Writing;
 
     void noteChange(bool insertion, int start, int length) override;
     void reportActs() override;

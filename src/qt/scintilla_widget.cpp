@@ -223,8 +223,10 @@ void ScintillaWidget::type(QKeyEvent* event) {
         SendScintilla(SCI_REPLACESEL, "\t");
         return;
     }
-    // Escape is the dialog's.
-    if (isField_ && event->key() == Qt::Key_Escape) return event->ignore();
+    // Escape is the dialog's, and so is Enter where it ends no line.
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isDialogs = event->key() == Qt::Key_Escape || (isEnter && send(SCI_GETREADONLY) != 0);
+    if (isField_ && isDialogs) return event->ignore();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     const bool alternate = event->modifiers().testFlag(Qt::AltModifier);
     if (control == alternate) return QsciScintillaBase::keyPressEvent(event);

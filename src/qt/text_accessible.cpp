@@ -34,7 +34,9 @@ void TextAccessible::install() {
 
 QAccessible::State TextAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
+    const EditControl* control = widget_.control();
+    state.readOnly = control && control->isReadOnly();
+    state.editable = !state.readOnly;
     state.multiLine = true;
     state.selectableText = true;
     return state;
@@ -189,7 +191,7 @@ void TextAccessible::insertText(int offset, const QString& text) {
 }
 
 void TextAccessible::replaceText(int start, int end, const QString& text) {
-    if (!widget_.control() || !widget_.isEnabled()) return;
+    if (!widget_.control() || !widget_.isEnabled() || widget_.control()->isReadOnly()) return;
     guarded([&] {
         const std::string bytes = fromQt(text);
         select(start, end);

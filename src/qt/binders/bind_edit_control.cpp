@@ -42,6 +42,7 @@ void bindEditControl(EditControl& edit, QWidget& place, FormLink& link) {
     layout->setContentsMargins({});
     layout->addWidget(widget);
     showPlaceholder(edit, place, *widget);
+    if (place.property("wordWrap").isValid()) surface->setWordWrap(place.property("wordWrap").toBool());
     // Tab comes to it where it comes to the place, which it would reach last otherwise.
     place.setFocusPolicy(Qt::StrongFocus);
     QWidget::setTabOrder(&place, widget);

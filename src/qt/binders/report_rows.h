@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QColor>
 #include <QIcon>
+#include <QPalette>
 
+#include "controls/report_view.h"
 #include "qt/binders/string_rows.h"
 
-namespace kelvor {
-class ReportView;
-}
-
 namespace kelvor::qt {
+
+/// A row's colour on a background of the palette's, on which its texts can be read as well; an invalid one for none.
+QColor tintColor(ReportView::Tint tint, const QPalette& palette);
 
 /// The rows of a report view in their columns.
 class ReportRows : public FollowedRows {
