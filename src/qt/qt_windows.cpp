@@ -38,6 +38,14 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
+/// A dialog for reading, as its layout says by `fillsScreen`, is larger than what it must hold.
+void makeRoom(QWidget& window) {
+    if (!window.property("fillsScreen").toBool()) return;
+    constexpr double part = 0.85;
+    window.resize(window.size().expandedTo(window.screen()->availableSize() * part));
+    window.setWindowFlag(Qt::WindowMaximizeButtonHint);
+}
+
 /// A window that is shown already takes on another modality only when it is shown anew; its place stays.
 void setModality(QWidget& window, Qt::WindowModality modality) {
     if (window.windowModality() == modality) return;
@@ -84,6 +92,7 @@ void QtWindows::create(Form& form) {
         throw Error(error_number::elementNotFound, joined(problems));
     }
     if (auto* main = qobject_cast<QMainWindow*>(window.get())) setUpFrame(form, *main);
+    makeRoom(*window);
     windows_[&form] = {.widget = window.release(), .above = QApplication::activeModalWidget()};
 }
 

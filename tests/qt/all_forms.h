@@ -23,6 +23,8 @@
 #include "batch/find_replace.h"
 #include "batch/multi.h"
 #include "batch/script_assistant.h"
+#include "core/compare.h"
+#include "core/look.h"
 #include "frame/main_frame.h"
 #include "workbench/about.h"
 #include "workbench/add_browser.h"
@@ -43,9 +45,9 @@ struct FormList {
 
 /// Each form that has a layout.
 using AllForms =
-    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Convert, DateTimeDialog, EditWindow, ExtendedFind,
-             Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox, ImageAssistant,
-             LinkManager, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad, ScriptAssistant,
-             SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
+    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog, EditWindow,
+             ExtendedFind, Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox,
+             ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad,
+             ScriptAssistant, SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt
