@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/report_view.h"
 
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -30,6 +31,10 @@ void setUpView(const ReportView& list, QTreeView& view) {
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setSelectionMode(list.multiSelect() ? QAbstractItemView::ExtendedSelection
                                              : QAbstractItemView::SingleSelection);
+    if (view.property("fixedWidth").toBool()) {
+        view.header()->setFont(view.font());
+        view.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    }
     view.header()->setSectionsClickable(true);
     view.header()->setSectionsMovable(false);
     view.header()->setHighlightSections(false);
@@ -98,8 +103,11 @@ public:
         const int row = list_.selectedRow();
         if (row < 0) return selection.clearCurrentIndex();
         const QModelIndex current = rows_.index(row, 0);
+        // One that is out of sight is shown with what stands round it.
+        const bool isSeen = view_.viewport()->rect().intersects(view_.visualRect(current));
         selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-        if (list_.isSelected(row)) view_.scrollTo(current);
+        if (list_.isSelected(row))
+            view_.scrollTo(current, isSeen ? QAbstractItemView::EnsureVisible : QAbstractItemView::PositionAtCenter);
     }
 
 private:
