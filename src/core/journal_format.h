@@ -95,8 +95,8 @@ constexpr std::size_t journalHeaderRoom = 8192;
 /// @param journal  its first journalHeaderRoom bytes, or all when there are fewer
 JournalContent readJournalHeader(std::string_view journal);
 
-/// The mark of the last save, known to be over or not, as far as the lengths of the records tell: no checksum and
-/// little memory is read. For lists; what counts is what readJournal gives.
+/// Whether a save was begun of whose end nothing is known, as far as the lengths of the records tell: no checksum is
+/// looked at, and of each record no more is read than its head. For lists; what counts is what readJournal gives.
 bool seemsBeingSaved(std::string_view journal);
 
 }  // namespace kelvor
