@@ -29,6 +29,7 @@ namespace panel {
 constexpr int saved = 1;
 constexpr int position = 5;
 constexpr int characters = 6;
+constexpr int notice = 7;  ///< what goes on failing and stops nobody; mostly empty
 }  // namespace panel
 
 /// The main frame: its controls and its state. What the commands do stands in the units of their subjects.

@@ -19,7 +19,7 @@ using Kind = StatusBar::PanelKind;
 /// In characters; longer addresses are elided so that they do not widen the window.
 constexpr int longestSimpleText = 120;
 
-/// A panel that grows with its text and never shrinks, so that the others stay where they are.
+/// A panel that grows with its text and never shrinks, so that the others stay where they are; empty it takes no room.
 class PanelLabel : public QLabel {
 public:
     explicit PanelLabel(QWidget* parent) : QLabel(parent) {
@@ -28,6 +28,7 @@ public:
     }
 
     void show(const QString& text) {
+        setVisible(!text.isEmpty());
         if (text == this->text()) return;
         setText(text);
         setMinimumWidth(std::max(minimumWidth(), sizeHint().width()));
