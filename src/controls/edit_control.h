@@ -35,6 +35,10 @@ public:
     void startText(std::string_view text);
     /// The text without a copy; good until the next change.
     virtual std::string_view textView() const = 0;
+    /// A part of it, which must be there; cheap where the last change was.
+    std::string_view textPart(int start, int length) const {
+        return textFrom(start).substr(0, static_cast<std::size_t>(length));
+    }
     virtual int textLength() const = 0;
 
     /// The selection's start, or the caret. A write sets the selection's length to 0.

@@ -42,6 +42,11 @@ void refuseUnfit(const struct stat& status, int flags, const std::string& path) 
     throw pathError(error_number::permissionDenied, "The file is read-only", path);
 }
 
+/// Whether a flush has failed since the file system has no such order.
+bool lacksOrder(int code) {
+    return code == EINVAL || code == EROFS || code == ENOSYS || code == EOPNOTSUPP;
+}
+
 }  // namespace
 
 bool hasWriteBit(const struct stat& status) {
@@ -111,8 +116,11 @@ bool writeWhole(int descriptor, std::string_view bytes, std::size_t place) {
 }
 
 bool flush(int descriptor) {
-    if (uninterrupted([&] { return systemCalls().fsync(descriptor); }) == 0) return true;
-    return errno == EINVAL || errno == EROFS || errno == ENOSYS || errno == EOPNOTSUPP;
+    return uninterrupted([&] { return systemCalls().fsync(descriptor); }) == 0 || lacksOrder(errno);
+}
+
+bool flushData(int descriptor) {
+    return uninterrupted([&] { return systemCalls().fdatasync(descriptor); }) == 0 || lacksOrder(errno);
 }
 
 }  // namespace kelvor

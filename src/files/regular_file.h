@@ -38,5 +38,7 @@ bool writeWhole(int descriptor, std::string_view bytes, std::size_t place = 0);
 /// Waits until the bytes are on the disk; false, and why in errno, when it reports an error. File systems that have no
 /// such order are taken at their word.
 bool flush(int descriptor);
+/// The same for the bytes and their count alone, which is quicker.
+bool flushData(int descriptor);
 
 }  // namespace kelvor

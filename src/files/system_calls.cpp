@@ -23,6 +23,7 @@ SystemCalls kernelCalls() {
     calls.chmod = ::chmod;
     calls.fsetxattr = ::fsetxattr;
     calls.fsync = ::fsync;
+    calls.fdatasync = ::fdatasync;
     calls.close = ::close;
     calls.unlink = ::unlink;
     calls.rename = ::rename;

@@ -26,6 +26,7 @@ struct SystemCalls {
     std::function<int(const char* path, mode_t mode)> chmod;
     std::function<int(int descriptor, const char* name, const void* value, std::size_t size, int flags)> fsetxattr;
     std::function<int(int descriptor)> fsync;
+    std::function<int(int descriptor)> fdatasync;
     std::function<int(int descriptor)> close;
     std::function<int(const char* path)> unlink;
     std::function<int(const char* from, const char* to)> rename;

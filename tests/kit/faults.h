@@ -58,10 +58,12 @@ struct Saboteur {
         };
         // Thousands of saves need not reach the disk.
         calls.fsync = [](int) { return 0; };
+        calls.fdatasync = [](int) { return 0; };
         sabotage("fsync", calls.fsync);
         sabotage("fallocate", calls.fallocate);
         sabotage("another", calls.open, calls.stat, calls.lstat, calls.fstat, calls.pread, calls.pwrite,
-                 calls.ftruncate, calls.unlink, calls.lchown, calls.chmod, calls.fsetxattr, calls.rename);
+                 calls.ftruncate, calls.fdatasync, calls.unlink, calls.lchown, calls.chmod, calls.fsetxattr,
+                 calls.rename);
         // A close that reports an error has closed.
         calls.close = [this](int descriptor) {
             const int result = ::close(descriptor);
