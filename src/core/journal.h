@@ -3,21 +3,22 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "controls/edit_control.h"
+#include "core/journal_file.h"
 #include "core/journal_format.h"
+#include "files/content_hash.h"
+#include "files/file_stamp.h"
 #include "files/system_calls.h"
+#include "text/changed_range.h"
+#include "text/text_encoding.h"
 
 namespace kelvor {
-
-/// The directory of the journals in the state directory.
-constexpr std::string_view journalDirectoryName = "journals";
-/// How their names end. Their order as texts is the order of time, as far as the clock went forward; what has another
-/// ending is no journal, or none yet.
-constexpr std::string_view journalSuffix = ".journal";
 
 /// Keeps what was typed into one document where a kill cannot reach it: each change is appended to a file of the
 /// document's own, from its first change until the text is saved or given up. Whoever cannot lock the file (flock) has
@@ -62,18 +63,58 @@ public:
     void saveFailed();
 
     /// Does a part of what waits until no event does: copies the file, flushes, tries again what has failed, makes the
-    /// journal shorter. Whether there is more to do at once.
+    /// journal shorter. Whether it did something; there may be more then.
     bool work(Moment now);
 
     /// Where it is kept; "" while it is not.
-    const std::string& path() const { return path_; }
+    std::string path() const { return file_ ? file_->path() : ""; }
+    /// Whether the last attempt to write has failed.
+    bool isFailing() const { return isFailing_; }
 
 private:
+    /// The file that the changes are counted from, while it is being copied into the journal.
+    struct BaseCopy {
+        explicit BaseCopy(OpenFile opened) : file(std::move(opened)) {}
+
+        OpenFile file;
+        off_t place = 0;
+        ContentHasher hasher;
+    };
+
+    bool attempt(const std::function<void()>& act);
+    void takeChange();
+    void keepUp();
+    void begin();
+    std::optional<OpenFile> openBase();
+    void appendChange();
+    void appendMarkOver();
+    void copyPortion();
+    std::optional<std::string> readPortion() const;
+    void writeSnapshot();
+    void flush(Moment now);
+    void rewrite();
+    void forget();
+    void activate();
+
     EditControl& edit_;
-    std::string path_;
+    Subject subject_;
+    bool isStarted_ = false;
+    std::optional<FileStamp> base_;  ///< of the file whose text the control had when the journal was started
+    Encoding baseEncoding_ = Encoding::utf8;
+    JournalHeader header_;
+    std::optional<JournalFile> file_;
+    std::optional<BaseCopy> copy_;
+    bool needsSnapshot_ = false;
+    ChangedRange pending_;          ///< what the journal has not got yet
+    std::optional<SaveMark> mark_;  ///< of a save that is not known to be over
+    bool isMarkOver_ = false;       ///< which the journal has not got yet
+    bool isSpoiled_ = false;        ///< a flush has failed, and nobody knows what the disk has
+    bool isFailing_ = false;
+    Moment tried_;
+    Moment flushed_;
 };
 
-/// Does a part of the work of all journals; whether there is more to do at once.
+/// Does a part of the work of one of the journals; whether there was any, and there may be more then.
 bool workOnJournals(Journal::Moment now);
 /// Has workOnJournals called between events. endJournals takes that away again.
 void startJournals();
