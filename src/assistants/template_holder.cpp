@@ -7,6 +7,7 @@
 #include "base/outcome.h"
 #include "controls/form.h"
 #include "core/file_open.h"
+#include "core/journaled_save.h"
 #include "core/recent_files.h"
 #include "editing/insertion.h"
 #include "files/files.h"
@@ -145,7 +146,7 @@ void TemplateHolder::addTpl(const std::string& name) {
         mnuTools_CreateTemplate_Click();
         return;
     }
-    saveFileInPlace(path, activeText().text() + "\r\n");
+    journaledSave(path, activeText().text() + "\r\n");
     beepAndShow(templateAdded);
 }
 

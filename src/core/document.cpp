@@ -54,6 +54,7 @@ CDocument::CDocument(const DocumentSurroundings& surroundings)
       docTabStrip_(surroundings.tabs),
       vdirManager_(surroundings.vdirManager),
       window_(std::make_unique<EditWindow>()),
+      journal_(window_->Text1),
       untitledCount_(surroundings.untitledCount) {
     window_->onLoad = [this] { editWindow_Load(); };
     window_->load();
@@ -127,6 +128,7 @@ Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
         applyFileName(isUntitled ? longFileName_ : path);
         mainForm().mdi.show(*window_);
         isSaved_ = true;
+        journal_.start(!isUntitled);
         showSavedState();
         return Outcome::done();
     } catch (const std::exception&) {
@@ -154,11 +156,14 @@ Outcome CDocument::writeText(const std::string& path) {
         if (saveDeclined_) return Outcome::failed();
         text.setEncoding(Encoding::utf8);
     }
+    journal_.beginSave({longFileName_, isUntitled_}, path);
     try {
         text.SaveFile(path);
+        journal_.start(true);
         return Outcome::done();
     } catch (const std::exception&) {
         text.setEncoding(before);
+        journal_.saveFailed();
         return loggedFailure(currentError());
     }
 }
@@ -219,6 +224,7 @@ void CDocument::showSavedState() const {
 
 void CDocument::Text1_Change() {
     if (colorsChanging) return;
+    journal_.noteChange({longFileName_, isUntitled_});
     isSaved_ = false;
     showSavedState();
     documentManager_.UpdateChars(*this);
@@ -288,6 +294,7 @@ void CDocument::editWindow_Unload() {
         unloadFixedForms();
     }
     closed().raise();
+    journal_.drop();
     tracker_.reset();
     // A document that failed half way through opening has no tab.
     if (docTabStrip_.contains(strUniqueID_)) docTabStrip_.remove(strUniqueID_);

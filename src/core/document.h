@@ -6,6 +6,7 @@
 
 #include "base/outcome.h"
 #include "controls/tab_strip.h"
+#include "core/journal.h"
 #include "core/virtual_directories.h"
 #include "editing/edit_commands.h"
 #include "editing/htmlkeys.h"
@@ -86,6 +87,8 @@ public:
     EditControl& SourceRTB() const { return window_->Text1; }
     WebBrowser& PreviewWB() const { return window_->WebBrowser1; }
     CRichTextBox& objKVRichTextBox() const { return *tracker_; }
+    /// What keeps the text until it is saved. Whoever brings the text to what its file holds starts it anew.
+    Journal& journal() { return journal_; }
 
     /// Raised for a right press in the text, to show the popup menu.
     static Event<>& rightPressed();
@@ -112,6 +115,7 @@ private:
     TabStrip& docTabStrip_;
     CVirtualDirManager& vdirManager_;
     std::unique_ptr<EditWindow> window_;
+    Journal journal_;
     htmlkeys keys_;
     std::unique_ptr<CRichTextBox> tracker_;
     std::string shortFileName_;

@@ -6,6 +6,7 @@
 #include "base/error.h"
 #include "base/outcome.h"
 #include "base/single.h"
+#include "core/journaled_save.h"
 #include "files/files.h"
 #include "files/paths.h"
 #include "files/places.h"
@@ -120,7 +121,7 @@ Outcome CVirtualDirManager::WriteVDirs() const {
             return Outcome::done();
         }
         const Encoding encoding = exists ? decode(readFile(filePath_)).encoding : Encoding::utf8;
-        saveFileInPlace(filePath_, encode(text, encoding).value_or(text));
+        journaledSave(filePath_, encode(text, encoding).value_or(text));
     } catch (const Error& error) {
         return loggedFailure(error);
     }

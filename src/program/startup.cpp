@@ -8,6 +8,7 @@
 #include "controls/tab_strip.h"
 #include "core/document_manager.h"
 #include "core/file_open.h"
+#include "core/journal.h"
 #include "core/recent_files.h"
 #include "core/virtual_directories.h"
 #include "editing/editor_colors.h"
@@ -77,6 +78,7 @@ void listBrowsers() {
 /// The start in its order. An error ends it there, and what was done stays.
 constexpr void (*steps[])() = {removePlaceholderTab,
                                createDocumentManager,
+                               startJournals,
                                initSpecialChars,
                                loadFontList,
                                resetCounters,
@@ -91,6 +93,7 @@ constexpr void (*steps[])() = {removePlaceholderTab,
 
 /// The frame's end.
 void MDIForm1_Unload() {
+    endJournals();
     resetSharedState();
     instanceLock.reset();
 }

@@ -8,6 +8,7 @@
 #include "controls/common_dialog.h"
 #include "controls/control.h"
 #include "controls/mouse_press.h"
+#include "core/journaled_save.h"
 #include "editing/insertion.h"
 #include "files/paths.h"
 #include "frame/file_dialogs.h"
@@ -87,7 +88,7 @@ void ScratchPad::mnusp_selAll_Click() {
 void ScratchPad::mnusp_save_Click() {
     const std::string path = askForFile();
     if (path.empty()) return;
-    spRTF1.SaveFile(path);
+    journaledSave(path, spRTF1.textView());
     textChanged_ = false;
 }
 
