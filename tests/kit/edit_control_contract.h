@@ -163,6 +163,14 @@ TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
     };
     const std::string pieces[] = {"", "a", "\r", "\n", "\r\n", "ä", "€", "<B>x</B>", std::string("\0", 1)};
     std::string expected;
+    // What has changed since it was last asked for makes the old text the new one.
+    std::string followed;
+    const auto follow = [&] {
+        const ChangedRange change = edit.takeChange();
+        followed.replace(static_cast<std::size_t>(change.start), static_cast<std::size_t>(change.removed),
+                         edit.textPart(change.start, change.inserted));
+        return followed;
+    };
     std::optional<EditControl::Batch> batch;
     constexpr int steps = 600;
     for (int step = 0; step < steps; ++step) {
@@ -178,6 +186,9 @@ TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
         expected.replace(start, length, piece);
         edit.setSelText(piece);
 
+        if (below(2) == 0) {
+            ASSERT_EQ(follow(), expected);
+        }
         const int at = below(edit.textLength());
         const auto before = expected.substr(0, static_cast<std::size_t>(at));
         ASSERT_EQ(edit.text(), expected);
@@ -189,8 +200,14 @@ TEST_P(EditControlContract, AgreesWithAPlainStringThroughAnyEditsAndBack) {
         ASSERT_EQ(edit.lineIndex(linesIn(before) - 1), static_cast<int>(before.find_last_of("\r\n") + 1));
     }
     for (const auto& [go, text] : {std::pair{&EditControl::undo, std::string()}, {&EditControl::redo, expected}}) {
-        for (int step = 0; step < steps; ++step) (edit.*go)();
+        for (int step = 0; step < steps; ++step) {
+            (edit.*go)();
+            if (step % 3 == 0) {
+                ASSERT_EQ(follow(), edit.text());
+            }
+        }
         EXPECT_EQ(edit.text(), text);
+        EXPECT_EQ(follow(), text);
         EXPECT_EQ(edit.characterCount(), charactersIn(text));
     }
 }
@@ -309,6 +326,40 @@ TEST_P(EditControlContract, ALoadIsAChangeAndAFailedLoadOrSaveIsNone) {
     EXPECT_FALSE(edit.canBeSaved());
     EXPECT_THROW(saved(), Error);
     EXPECT_EQ(directory.read("saved"), "\xE4\n");
+}
+
+TEST_P(EditControlContract, AReloadIsOneStepThatLeavesTheCaretWithItsText) {
+    const auto reload = [this](const char* bytes) {
+        return [this, bytes](EditControl& control) { control.ReloadFile(directory.write("reloaded", bytes)); };
+    };
+    check({
+        {"one |two", reload("one two"), "one |two", 1, 0},
+        {"one |two", reload("ONE! two"), "ONE! |two", 1, 1},
+        {"one |two", reload("one TWO\n"), "one |TWO\n", 1, 0},
+        {"one t|wo", reload("1"), "1|", 1, 1},
+        {"ä|b",
+         reload("\xE4"
+                "b"),
+         "ä|b", 1, 0},
+    });
+    EXPECT_EQ(edit.encoding(), Encoding::windows1252);
+    put("one |two");
+    reload("1 2 3")(edit);
+    const auto stamp = edit.fileStamp();
+    EXPECT_EQ(stamp->hash, hashOf("1 2 3"));
+    EXPECT_THROW(edit.ReloadFile(directory.path("missing")), Error);
+    EXPECT_EQ(std::pair(edit.text(), edit.fileStamp()->hash), std::pair(std::string("1 2 3"), stamp->hash));
+    edit.undo();
+    EXPECT_EQ(edit.text(), "one two");
+
+    // A text that is begun anew has not changed yet, and one whose load fails goes on as it was.
+    edit.takeChange();
+    edit.setSelText("x");
+    EXPECT_THROW(edit.LoadFile(directory.path("missing")), Error);
+    EXPECT_EQ(edit.takeChange().inserted, 1);
+    edit.setSelText("y");
+    load("loaded");
+    EXPECT_TRUE(edit.takeChange().isEmpty());
 }
 
 TEST_P(EditControlContract, AnotherTextIsAChangeWithNoWayBack) {
