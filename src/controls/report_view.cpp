@@ -56,12 +56,9 @@ void ReportView::setSelectedRow(int row) {
     if (row != -1) checked(row);
     for (Row& other : rows_) other.selected = false;
     if (row != -1) rows_[checked(row)].selected = true;
-    makeCurrent(row);
+    const bool isOther = std::exchange(selectedRow_, row) != row;
     tell(Aspect::selection);
-}
-
-void ReportView::makeCurrent(int row) {
-    if (std::exchange(selectedRow_, row) != row) rowChanged.raise();
+    if (isOther) chosen.raise();
 }
 
 void ReportView::setSelected(int row, bool selected) {
@@ -110,7 +107,8 @@ void ReportView::doubleClick(int row) {
 void ReportView::choose(int current, const std::vector<int>& selected) {
     for (Row& row : rows_) row.selected = false;
     for (const int row : selected) rows_[checked(row)].selected = true;
-    makeCurrent(current);
+    selectedRow_ = current;
+    chosen.raise();
 }
 
 }  // namespace kelvor

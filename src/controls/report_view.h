@@ -27,7 +27,7 @@ public:
     struct Handlers {
         Handler<> doubleClicked;
         Handler<> returnPressed;
-        Handler<> rowChanged;
+        Handler<> chosen;
         Handler<int> columnClicked;
         Handler<MousePress> mouseDown;
     };
@@ -37,7 +37,7 @@ public:
         : Control(form, std::move(name)), columns_(std::move(columns)) {
         handlers.doubleClicked.connectTo(doubleClicked, form);
         handlers.returnPressed.connectTo(returnPressed, form);
-        handlers.rowChanged.connectTo(rowChanged, form);
+        handlers.chosen.connectTo(chosen, form);
         handlers.columnClicked.connectTo(columnClicked, form);
         handlers.mouseDown.connectTo(mouseDown, form);
     }
@@ -93,8 +93,8 @@ public:
 
     Event<> doubleClicked;
     Event<> returnPressed;
-    /// Another row is the current one, by the user's choice or by setSelectedRow.
-    Event<> rowChanged;
+    /// The user has chosen rows, or setSelectedRow another one than before.
+    Event<> chosen;
     Event<int> columnClicked;
     Event<MousePress> mouseDown;
 
@@ -102,7 +102,6 @@ public:
 
 private:
     std::size_t checked(int row) const;
-    void makeCurrent(int row);
     void tellRows(RowChange::Kind kind, int first, int last) const {
         if (rowFollower_) rowFollower_({kind, first, last});
     }

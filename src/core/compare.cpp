@@ -133,7 +133,7 @@ void Compare::Form_Load() {
     lstLines.SetFocus();
 }
 
-void Compare::lstLines_RowChange() {
+void Compare::lstLines_Chosen() {
     const int row = lstLines.selectedRow();
     showRow(row < 0 ? DifferenceRow() : rows_[static_cast<std::size_t>(row)]);
     cmdNext.setEnabled(!stretches_.empty() && row < stretches_.back());

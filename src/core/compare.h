@@ -20,7 +20,7 @@ public:
 
     Label lblCounts{*this, "lblCounts"};
     ReportView lstLines{
-        *this, "lstLines", {"Line", "", "Difference", "Line", ""}, {.rowChanged = &Compare::lstLines_RowChange}};
+        *this, "lstLines", {"Line", "", "Difference", "Line", ""}, {.chosen = &Compare::lstLines_Chosen}};
     Label lblLeft{*this, "lblLeft"};
     EditControl& rtbLeft{addEditControl("rtbLeft")};
     Label lblRight{*this, "lblRight"};
@@ -35,7 +35,7 @@ public:
 
 private:
     void Form_Load() override;
-    void lstLines_RowChange();
+    void lstLines_Chosen();
     void cmdNext_Click();
     void cmdPrevious_Click();
     void cmdClose_Click() { unload(); }
