@@ -376,4 +376,31 @@ TEST_P(EditControlContract, AnotherTextIsAChangeWithNoWayBack) {
     EXPECT_EQ(edit.text(), "c");
 }
 
+TEST_P(EditControlContract, OnlyTheProgramWritesWhereTheUserMayNot) {
+    put("a[b]c");
+    edit.setSelText("d");
+    edit.setSelText("e");
+    edit.undo();
+    put("a[b]c");
+    edit.setReadOnly(true);
+    platform.clipboardText = "new";
+    for (const auto act : {&EditControl::cut, &EditControl::paste, &EditControl::undo, &EditControl::redo})
+        (edit.*act)();
+    EXPECT_EQ(shown() + platform.clipboardText, "a[b]cnew");
+    EXPECT_EQ(changes, 0);
+    edit.copy();
+    EXPECT_EQ(platform.clipboardText, "b");
+    edit.setSelText("X");
+    EXPECT_EQ(shown(), "aX|c");
+    edit.startText("other");
+    edit.paste();
+    EXPECT_EQ(shown(), "|other");
+    EXPECT_THROW(edit.LoadFile(directory.path("missing")), Error);
+    edit.paste();
+    EXPECT_EQ(shown(), "|other");
+    edit.setReadOnly(false);
+    edit.paste();
+    EXPECT_EQ(shown(), "b|other");
+}
+
 }  // namespace kelvor

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QSignalSpy>
 #include <cstdlib>
+#include <set>
 
 #include "controls/directory_list.h"
 #include "controls/drive_list.h"
 #include "controls/file_list.h"
 #include "controls/report_view.h"
 #include "controls/side_bar.h"
+#include "qt/colors.h"
 #include "qt/popup_place.h"
 #include "qt/themed_icon.h"
 #include "tests/kit/scratch_directory.h"
@@ -103,6 +105,40 @@ TEST_F(Reports, TheChoiceGoesBothWaysAndIsScrolledToAndSorted) {
     QTest::mouseClick(view_.header()->viewport(), Qt::LeftButton, {}, {20, 5});
     EXPECT_EQ(textAt(view_, 0) + textAt(view_, 1), "page1page10");
     EXPECT_TRUE(selected().size() == 2 && view_.verticalScrollBar()->value() == 0);
+}
+
+TEST_F(Reports, ANewCurrentRowIsToldOnceAndOneFromAfarStandsInTheMiddle) {
+    addPages(500);
+    count(list_.rowChanged);
+    for (int times = 0; times < 2; ++times) list_.setSelectedRow(400);
+    EXPECT_EQ(selected(), Rows{400});
+    EXPECT_EQ(told_, 1);
+    const int middle = view_.viewport()->height() / 2;
+    EXPECT_LE(std::abs(placeOf(view_, 400).y() - middle), view_.visualRect(view_.currentIndex()).height());
+    press(view_, placeOf(view_, 402));
+    EXPECT_EQ(told_, 2);
+    EXPECT_EQ(list_.selectedRow(), 402);
+}
+
+TEST_F(Reports, MarkedRowsHaveColoursOnWhichTheirTextsCanBeRead) {
+    using enum ReportView::Tint;
+    for (const auto tint : {none, added, removed, changed}) list_.addRows({{.cells = {"text"}, .tint = tint}});
+    QTest::qWait(100);
+    for (const auto& [text, base] : {std::pair(QColor(Qt::black), QColor(Qt::white)),
+                                     {Qt::white, Qt::black},
+                                     {QColor(0xEFF0F1), QColor(0x232629)}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Text, text);
+        palette.setColor(QPalette::Base, base);
+        view_.setPalette(palette);
+        const QImage shown = view_.viewport()->grab().toImage();
+        std::set<QRgb> colors;
+        for (int row = 0; row < 4; ++row) {
+            const QColor color = shown.pixelColor(view_.viewport()->width() - 3, placeOf(view_, row).y());
+            EXPECT_GE(contrast(text, color), 7) << row;
+            EXPECT_TRUE(colors.insert(color.rgb()).second) << row;
+        }
+    }
 }
 
 TEST_F(Reports, PressesAreToldAndARightOneBesideTheRowsKeepsTheChoice) {

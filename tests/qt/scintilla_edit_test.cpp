@@ -74,6 +74,28 @@ TEST_F(ScintillaEditTest, TypingChangesTheTextAndTellsIt) {
     EXPECT_EQ(edit->text(), "\t\r\rc") << "Tab replaces lines, Enter follows the loaded text";
 }
 
+TEST_F(ScintillaEditTest, NoActOfTheUserChangesATextToLookAt) {
+    edit->setReadOnly(true);
+    edit->startText("one two");
+    edit->setSelLength(3);
+    platform.clipboardText = "pasted";
+    changes = 0;
+    QTest::keyClicks(edit->widget(), "x ");
+    for (const auto each : {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Tab}) key(each);
+    for (const auto each : {Qt::Key_X, Qt::Key_V, Qt::Key_Z, Qt::Key_Y}) key(each, Qt::ControlModifier);
+    QMimeData dropped;
+    dropped.setText("dropped");
+    QDropEvent drop({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport(), &drop);
+    QInputMethodEvent composed;
+    composed.setCommitString("composed");
+    QApplication::sendEvent(edit->widget(), &composed);
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(edit->widget());
+    spoken.editableTextInterface()->insertText(0, "spoken");
+    EXPECT_EQ(edit->text() + std::to_string(changes), "one two0");
+    EXPECT_TRUE(spoken.state().readOnly && !spoken.state().editable);
+}
+
 TEST_F(ScintillaEditTest, DownGoesOnFromWhereACommandHasPutTheCaret) {
     edit->setText("four\nfour");
     key(Qt::Key_End);
