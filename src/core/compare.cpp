@@ -52,15 +52,15 @@ ReportView::Row listRow(const DifferenceRow& row) {
 }
 
 std::string nameOf(std::string_view lineEnd) {
-    if (lineEnd.empty()) return "no line end";
-    if (lineEnd == "\r\n") return "CR LF";
-    return lineEnd == "\n" ? "LF" : "CR";
+    if (lineEnd.empty()) return "with no line end";
+    if (lineEnd == "\r\n") return "ended by CR LF";
+    return lineEnd == "\n" ? "ended by LF" : "ended by CR";
 }
 
 /// @param side  with the mark of the access key
 std::string lineCaption(const std::string& side, const TextLine& line) {
     if (line.number == 0) return side + ": no line here";
-    return side + ": line " + numberOf(line) + ", ended by " + nameOf(line.end);
+    return side + ": line " + numberOf(line) + ", " + nameOf(line.end);
 }
 
 /// Runs of lines that only end differently are stretches of their own: where they fill the text, what else differs is
@@ -128,7 +128,7 @@ void Compare::take(const ShownText& left, const ShownText& right) {
 }
 
 void Compare::Form_Load() {
-    if (rows_.empty()) showRow({});
+    if (rows_.empty()) lstLines_RowChange();
     if (!rows_.empty()) lstLines.setSelectedRow(stretches_.empty() ? 0 : stretches_.front());
     lstLines.SetFocus();
 }
