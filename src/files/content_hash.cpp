@@ -38,4 +38,11 @@ ContentHash ContentHasher::hash() const {
     return hashFrom(XXH3_128bits_digest(state_.get()));
 }
 
+std::string xxhashVersion() {
+    constexpr unsigned step = 100;
+    const unsigned number = XXH_versionNumber();
+    return std::to_string(number / step / step) + '.' + std::to_string(number / step % step) + '.' +
+           std::to_string(number % step);
+}
+
 }  // namespace kelvor

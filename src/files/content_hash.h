@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 struct XXH3_state_s;
@@ -37,5 +38,8 @@ private:
     };
     std::unique_ptr<XXH3_state_s, Free> state_;
 };
+
+/// Of the library that makes the hashes.
+std::string xxhashVersion();
 
 }  // namespace kelvor

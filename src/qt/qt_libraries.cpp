@@ -5,16 +5,19 @@
 
 #include <QtGlobal>
 
+#include "files/content_hash.h"
 #include "qt/browser_loader.h"
 #include "qt/convert.h"
 #include "support/settings_database.h"
+#include "text/line_difference.h"
 #include "text/text_order.h"
 
 namespace kelvor::qt {
 
 std::vector<std::string> QtLibraries::inUse() {
     std::vector<std::string> libraries = {std::string("Qt ") + qVersion(), "QScintilla " QSCINTILLA_VERSION_STR,
-                                          "ICU " + icuVersion(), "SQLite " + sqliteVersion()};
+                                          "ICU " + icuVersion(),           "libgit2 " + libgit2Version(),
+                                          "SQLite " + sqliteVersion(),     "xxHash " + xxhashVersion()};
     if (const QString engine = browserVersion(); !engine.isEmpty())
         libraries.push_back("Qt WebEngine " + fromQt(engine));
     return libraries;

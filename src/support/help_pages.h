@@ -52,6 +52,8 @@ inline constexpr auto helpPages = std::to_array<HelpPage>({
     {"frmFormSelect", "Radio button group", "49.html"},
     {"frmFormSelect", "Select group", "50.html"},
     {"frmDateTime", "", "62.html"},
+    {"frmCompare", "", "72.html"},
+    {"frmLook", "", "73.html"},
     {"preferences", "0", "7.html"},
     {"preferences", "1", "8.html"},
     {"preferences", "2", "9.html"},

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <limits>
 #include <new>
-#include <string>
 #include <unordered_map>
 
 #include "base/error.h"
@@ -163,6 +162,14 @@ LineCounts countDifferences(std::string_view before, std::string_view after) {
         if (row.right.number > 0) ++counts.added;
     }
     return counts;
+}
+
+std::string libgit2Version() {
+    int major = 0;
+    int minor = 0;
+    int patch = 0;
+    git_libgit2_version(&major, &minor, &patch);
+    return std::to_string(major) + '.' + std::to_string(minor) + '.' + std::to_string(patch);
 }
 
 }  // namespace kelvor

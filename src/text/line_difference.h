@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -48,5 +49,8 @@ struct DifferenceRow {
 /// where nearly all differs the same lines may be fewer than there could be. Throws Error 7 when memory does not
 /// suffice.
 std::vector<DifferenceRow> compareLines(std::string_view left, std::string_view right);
+
+/// Of the library that compares.
+std::string libgit2Version();
 
 }  // namespace kelvor
