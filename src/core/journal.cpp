@@ -27,13 +27,13 @@ constexpr off_t portionSize = off_t{1} << 20;
 constexpr int quicklyWritten = 1 << 16;
 
 /// The journals that there may be something to do for.
-std::vector<Journal*>& activeJournals() {
-    static std::vector<Journal*> journals;
+const std::shared_ptr<std::vector<Journal*>>& activeJournals() {
+    static const auto journals = std::make_shared<std::vector<Journal*>>();
     return journals;
 }
 
 void tellFailure(const Error* error) {
-    const auto& journals = activeJournals();
+    const auto& journals = *activeJournals();
     const bool isFailing = std::any_of(journals.begin(), journals.end(), [](Journal* one) { return one->isFailing(); });
     if (isFailing && !error) return;
     const std::string cause = error && !error->cause().empty() ? ": " + error->cause() : "";
@@ -42,11 +42,11 @@ void tellFailure(const Error* error) {
 
 }  // namespace
 
-Journal::Journal(EditControl& edit) : edit_(edit) {
+Journal::Journal(EditControl& edit) : edit_(edit), active_(activeJournals()) {
 }
 
 Journal::~Journal() {
-    std::erase(activeJournals(), this);
+    std::erase(*active_, this);
 }
 
 void Journal::start(bool hasFile) {
@@ -69,7 +69,7 @@ void Journal::forget() {
     edit_.takeChange();
     pending_ = {};
     needsSnapshot_ = isMarkOver_ = isSpoiled_ = false;
-    std::erase(activeJournals(), this);
+    std::erase(*active_, this);
     if (std::exchange(isFailing_, false)) tellFailure(nullptr);
 }
 
@@ -122,8 +122,7 @@ void Journal::takeChange() {
 }
 
 void Journal::activate() {
-    auto& journals = activeJournals();
-    if (std::find(journals.begin(), journals.end(), this) == journals.end()) journals.push_back(this);
+    if (std::find(active_->begin(), active_->end(), this) == active_->end()) active_->push_back(this);
 }
 
 /// Runs `act`; whether it threw nothing. The first failure of a row is told, and the end of the row.
@@ -267,7 +266,7 @@ bool Journal::work(Moment now) {
 }
 
 bool workOnJournals(Journal::Moment now) {
-    const auto& journals = activeJournals();
+    const auto& journals = *activeJournals();
     return std::any_of(journals.begin(), journals.end(), [now](Journal* journal) { return journal->work(now); });
 }
 

@@ -4,10 +4,12 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "controls/edit_control.h"
 #include "core/journal_file.h"
@@ -97,6 +99,8 @@ private:
     void activate();
 
     EditControl& edit_;
+    /// The journals with something to do. At the end of the process documents may end behind everything else.
+    std::shared_ptr<std::vector<Journal*>> active_;
     Subject subject_;
     bool isStarted_ = false;
     std::optional<FileStamp> base_;  ///< of the file whose text the control had when the journal was started
