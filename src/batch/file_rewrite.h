@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "base/step.h"
+#include "batch/bytes_rewrite.h"
 #include "batch/line_rewrite.h"
 #include "files/flusher.h"
 
@@ -20,8 +22,7 @@ public:
     void rewrite(const std::string& path, const std::string& temporary, const Step& step);
 
 private:
-    LineRewrite rewrite_;
-    std::string bytes_;  ///< what the last file has got; the next one's are written into the same memory
+    BytesRewrite rewrite_;
     Flusher flusher_;
 };
 

@@ -2,8 +2,8 @@
 #include "batch/line_rewrite.h"
 
 #include <algorithm>
-#include <iterator>
 #include <unordered_set>
+#include <utility>
 
 #include "text/code_points.h"
 #include "text/letter_case.h"
@@ -63,21 +63,24 @@ bool checkForDupes(const std::vector<FindItem>& findItems, bool matchCase) {
     });
 }
 
-LineRewrite::LineRewrite(const std::vector<FindItem>& findItems, bool matchCase) {
-    std::vector<FindItem> items;
-    std::copy_if(findItems.begin(), findItems.end(), std::back_inserter(items),
-                 [](const FindItem& item) { return item.text.find_first_of("\r\n") == std::string::npos; });
-    for (auto item = items.begin(); item != items.end();) {
-        const auto end = std::find_if_not(item, items.end(), canBeCombined);
+LineRewrite::LineRewrite(std::vector<FindItem> findItems, bool matchCase, Counting counting)
+    : counts_(findItems.size()) {
+    for (FindItem& item : findItems) {
+        // An empty text is found nowhere.
+        if (item.text.find_first_of("\r\n") != std::string::npos) item.text.clear();
+    }
+    const auto placeOf = [&](auto item) { return static_cast<std::size_t>(item - findItems.begin()); };
+    for (auto item = findItems.begin(); item != findItems.end();) {
+        const auto end = counting == Counting::on ? item : std::find_if_not(item, findItems.end(), canBeCombined);
         if (end - item >= fewestCombined) {
             if (auto map = combined({item, end}, matchCase)) {
-                stages_.emplace_back(std::move(*map));
+                stages_.push_back({std::move(*map), placeOf(item)});
                 item = end;
                 continue;
             }
         }
         const auto last = end == item ? end + 1 : end;
-        for (; item != last; ++item) stages_.emplace_back(passOf(*item, matchCase));
+        for (; item != last; ++item) stages_.push_back({passOf(*item, matchCase), placeOf(item)});
     }
 }
 
@@ -96,7 +99,7 @@ std::optional<CharacterMap> LineRewrite::combined(std::span<const FindItem> item
             std::string text = character;
             std::string next;
             for (const Pass& pass : passes) {
-                if (pass.apply(text, next, noStep)) text.swap(next);
+                if (pass.apply(text, next, noStep) > 0) text.swap(next);
                 if (text.size() > longestCombined) return std::nullopt;
             }
             map.set(character, std::move(text));
@@ -125,16 +128,19 @@ void LineRewrite::apply(std::string_view text, const Take& take, const Step& ste
 }
 
 void LineRewrite::rewrite(std::string_view lines, const Take& take, const Step& step) {
-    for (const auto& stage : stages_) {
+    for (const Stage& stage : stages_) {
         step();
-        if (!std::visit([&](const auto& items) { return items.apply(lines, spare_, step); }, stage)) continue;
+        const auto count =
+            std::visit([&](const auto& items) { return std::size_t{items.apply(lines, spare_, step)}; }, stage.items);
+        if (count == 0) continue;
+        counts_[stage.first] += count;
         rewritten_.swap(spare_);
         lines = rewritten_;
     }
     take(lines);
 }
 
-bool LineRewrite::Pass::apply(std::string_view text, std::string& result, const Step& step) const {
+std::size_t LineRewrite::Pass::apply(std::string_view text, std::string& result, const Step& step) const {
     constexpr std::size_t matchesInAStep = 1024;
     std::size_t taken = 0;
     std::size_t matches = 0;
@@ -145,7 +151,12 @@ bool LineRewrite::Pass::apply(std::string_view text, std::string& result, const 
         if (++matches % matchesInAStep == 0) step();
     }
     if (matches > 0) result.append(text, taken);
-    return matches > 0;
+    return matches;
+}
+
+std::vector<std::size_t> LineRewrite::takeCounts() {
+    std::vector<std::size_t> none(counts_.size());
+    return std::exchange(counts_, std::move(none));
 }
 
 }  // namespace kelvor

@@ -33,8 +33,11 @@ bool checkForDupes(const std::vector<FindItem>& findItems, bool matchCase);
 /// A list of replacements made ready for any number of texts.
 class LineRewrite {
 public:
+    /// Whether each item is counted; that takes longer where there are many.
+    enum class Counting { off, on };
+
     /// @param findItems  applied in this order
-    LineRewrite(const std::vector<FindItem>& findItems, bool matchCase);
+    LineRewrite(std::vector<FindItem> findItems, bool matchCase, Counting counting = Counting::off);
 
     using Take = std::function<void(std::string_view lines)>;
 
@@ -44,20 +47,28 @@ public:
     /// otherwise in CR LF. An item with a line end in its text is found nowhere.
     void apply(std::string_view text, const Take& take, const Step& step);
 
+    /// How often each item has been put in since the last call, in their order. Only what was counted is told.
+    std::vector<std::size_t> takeCounts();
+
 private:
     /// One item, as the search for it.
     struct Pass {
-        /// As CharacterMap::apply.
-        bool apply(std::string_view text, std::string& result, const Step& step) const;
+        /// As CharacterMap::apply; how often it was put in.
+        std::size_t apply(std::string_view text, std::string& result, const Step& step) const;
 
         TextSearch search;
         std::string replacement;
+    };
+    struct Stage {
+        std::variant<Pass, CharacterMap> items;
+        std::size_t first = 0;  ///< the place of the first of them
     };
     static Pass passOf(const FindItem& item, bool matchCase);
     static std::optional<CharacterMap> combined(std::span<const FindItem> items, bool matchCase);
     void rewrite(std::string_view lines, const Take& take, const Step& step);
 
-    std::vector<std::variant<Pass, CharacterMap>> stages_;
+    std::vector<Stage> stages_;
+    std::vector<std::size_t> counts_;
     /// Kept from one text to the next, since fresh memory costs more than the work in it.
     std::string rewritten_;
     std::string spare_;

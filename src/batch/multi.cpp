@@ -2,10 +2,17 @@
 #include "batch/multi.h"
 
 #include <exception>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "base/error.h"
 #include "base/event.h"
+#include "batch/bytes_rewrite.h"
+#include "batch/dry_run.h"
 #include "batch/file_rewrite.h"
+#include "batch/line_rewrite.h"
 #include "controls/control.h"
 #include "files/file_replace.h"
 #include "files/temporary_directory.h"
@@ -85,7 +92,7 @@ Multi::Multi()
     : ToolDialog("multi", "Mutlifile find and replace", AtEnd::focusDocument),
       Label5(*this, "Label5", caseExplanation) {
     selectThemselves(txtFind, txtReplace);
-    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart}, false);
+    setAllEnabled({&cmdRemoveItem, &cmdRemoveSummary, &cmdRemove, &cmdClearFiles, &cmdStart, &cmdDryRun}, false);
     Option1.select(toEntityOption);
     Command1_Click();
 }
@@ -194,18 +201,31 @@ void Multi::checkTargets() {
 }
 
 void Multi::checkStartButton() {
-    cmdStart.setEnabled(!run_.isGoingOn() && lstSummary.count() > 0 && lbxTargetFiles.count() > 0);
+    setAllEnabled({&cmdStart, &cmdDryRun}, !run_.isGoingOn() && lstSummary.count() > 0 && lbxTargetFiles.count() > 0);
 }
 
 void Multi::cmdStart_Click() {
+    isDryRun_ = false;
     mfrTab.setTab(summaryTab);
     const ScopedRun run(run_);
+    if (prepareRun()) findReplaceMulti();
+}
+
+/// False when the user does not want the run.
+bool Multi::prepareRun() {
     fillFindAndReplaceCollections();
     initGauges();
     pumpEvents();
     sortFindItems(findItems_);
-    if (checkForDupes(findItems_, chkCase.value()) && confirmsAbort()) return;
-    findReplaceMulti();
+    return !checkForDupes(findItems_, chkCase.value()) || !confirmsAbort();
+}
+
+void Multi::cmdDryRun_Click() {
+    isDryRun_ = true;
+    mfrTab.setTab(summaryTab);
+    const std::vector<std::string> targets = lbxTargetFiles.rows();
+    const auto files = lookAt(targets);
+    if (files && isLoaded()) showDryRun(findItems_, *files, targets.size() - files->size());
 }
 
 void Multi::fillFindAndReplaceCollections() {
@@ -234,6 +254,24 @@ void Multi::findReplaceMulti() {
     }
 }
 
+/// Nothing when the user does not want it.
+std::optional<std::vector<DryRunFile>> Multi::lookAt(const std::vector<std::string>& targets) {
+    const ScopedRun run(run_);
+    if (!prepareRun()) return std::nullopt;
+    BytesRewrite rewrite(LineRewrite(findItems_, chkCase.value(), LineRewrite::Counting::on));
+    std::vector<DryRunFile> files;
+    std::unordered_set<std::string> seen;
+    for (const std::string& target : targets) {
+        pumpEvents();
+        if (run_.isCancelled() || !isLoaded()) break;
+        const bool isNew = seen.insert(target).second;
+        files.push_back(isNew ? lookAtFile(rewrite, target, pumpEvents)
+                              : DryRunFile{.path = target, .isRepeated = true});
+        ProgressBar1.setValue(static_cast<int>(files.size()));
+    }
+    return files;
+}
+
 void Multi::disableControls() {
     cmdClose.setDefault(true);
 }
@@ -241,6 +279,7 @@ void Multi::disableControls() {
 void Multi::enableControls() {
     ProgressBar1.setValue(0);
     cmdClose.setDefault(false);
+    if (isDryRun_) return cmdDryRun.SetFocus();
     chkCase.setEnabled(true);
     chkCase.setValue(false);
     cmdAddSC.setEnabled(true);

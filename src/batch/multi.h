@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "batch/dry_run.h"
 #include "batch/line_rewrite.h"
 #include "controls/check_box.h"
 #include "controls/frame.h"
@@ -55,6 +57,7 @@ public:
     Button cmdStart{*this, "cmdStart", "&Start", &Multi::cmdStart_Click};
     Button cmdClose{*this, "cmdClose", "&Close", &Multi::cmdClose_Click};
     Button cmdHelp{*this, "cmdHelp", "&Help", &Multi::showHelp};
+    Button cmdDryRun{*this, "cmdDryRun", "Dry R&un", &Multi::cmdDryRun_Click};
 
 private:
     void Form_Load() override { txtFind.SetFocus(); }
@@ -71,6 +74,7 @@ private:
     void cmdAddSC_Click();
     void cmdStart_Click();
     void cmdClose_Click() { run_.closePressed(); }
+    void cmdDryRun_Click();
 
     void addPair(const std::string& text, const std::string& replacement);
     void offerFilledSummary();
@@ -80,12 +84,14 @@ private:
     void fillMultiSpecialChars();
     void fillFindAndReplaceCollections();
     void initGauges();
+    bool prepareRun();
     void findReplaceMulti();
+    std::optional<std::vector<DryRunFile>> lookAt(const std::vector<std::string>& targets);
     void disableControls();
     void enableControls();
 
     LongRun run_{{.close = cmdClose,
-                  .controls = {&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart},
+                  .controls = {&cmdAdd, &cmdClear, &cmdRemoveItem, &cmdRemoveSummary, &Command1, &cmdStart, &cmdDryRun},
                   .question = "Are you sure that you want to cancel?",
                   .title = "Cancel multifile find and replace",
                   .also = [this](bool reachable) { reachable ? enableControls() : disableControls(); }}};
@@ -93,6 +99,7 @@ private:
     /// characters do not count.
     int nextRow_ = 1;
     std::vector<FindItem> findItems_;
+    bool isDryRun_ = false;  ///< whether the run in progress writes nothing
 };
 
 /// The first 62 rows of the special character table as replacements.

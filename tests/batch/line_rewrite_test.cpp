@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace kelvor {
@@ -82,12 +83,23 @@ TEST(LineRewrite, GivesWithManyItemsWhatEachInTurnGives) {
         const bool matchCase = round % 2 == 0;
         std::string expected = text;
         constexpr std::size_t most = 100'000;
-        for (const auto& item : items)
-            if (expected.size() < most) expected = rewritten(expected, {item}, matchCase);
+        std::vector<std::size_t> counts;
+        for (const auto& item : items) {
+            if (expected.size() >= most) break;
+            const std::string marked = rewritten(expected, {{item.text, "#"}}, matchCase);
+            counts.push_back(static_cast<std::size_t>(std::count(marked.begin(), marked.end(), '#')));
+            expected = rewritten(expected, {item}, matchCase);
+        }
         if (expected.size() >= most) continue;
         std::string told = "seed " + std::to_string(seed) + ", round " + std::to_string(round) + " in " + text;
         for (const auto& item : items) told += "\n\"" + item.text + "\" to \"" + item.replacement + "\"";
         ASSERT_EQ(rewritten(text, items, matchCase), expected) << told;
+        LineRewrite counting(items, matchCase, LineRewrite::Counting::on);
+        std::string counted;
+        counting.apply(
+            text, [&counted](std::string_view lines) { counted += lines; }, noStep);
+        ASSERT_EQ(std::pair(counted, counting.takeCounts()), std::pair(expected, counts)) << told;
+        ASSERT_EQ(counting.takeCounts(), std::vector<std::size_t>(items.size()));
     }
 }
 

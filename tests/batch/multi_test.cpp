@@ -63,18 +63,18 @@ TEST_F(MultiForm, AddsPairsAndOffersWhatCanBeDone) {
     }
     EXPECT_EQ(summary(1), "c|");
 
-    EXPECT_EQ(disabledIn(form), "cmdRemove cmdClearFiles cmdStart ");
+    EXPECT_EQ(disabledIn(form), "cmdRemove cmdClearFiles cmdStart cmdDryRun ");
     choose({files.path("one.htm"), files.path("two.htm")});
     EXPECT_EQ(disabledIn(form), "");
     form.cmdRemove.click();
     choose({});
     EXPECT_EQ(form.lbxTargetFiles.rows(), (std::vector{files.path("two.htm")}));
     form.cmdRemove.click();
-    EXPECT_EQ(disabledIn(form), "cmdRemove cmdClearFiles cmdStart ");
+    EXPECT_EQ(disabledIn(form), "cmdRemove cmdClearFiles cmdStart cmdDryRun ");
     choose({files.path("one.htm")});
     form.cmdClearFiles.click();
     form.cmdRemoveSummary.click();
-    EXPECT_EQ(disabledIn(form), "cmdRemoveItem cmdRemoveSummary cmdRemove cmdClearFiles cmdStart ");
+    EXPECT_EQ(disabledIn(form), "cmdRemoveItem cmdRemoveSummary cmdRemove cmdClearFiles cmdStart cmdDryRun ");
 }
 
 TEST_F(MultiForm, PrefillsBothWaysAndThenCountsItsRowsFromTheirOwn) {
@@ -162,7 +162,7 @@ TEST_F(MultiForm, CancelTakesEffectBetweenFiles) {
     atStart = [&] {
         EXPECT_TRUE(form.cmdClose.caption() == "&Cancel" && form.cmdClose.isDefault());
         choose(paths);
-        EXPECT_EQ(disabledIn(form), "cmdAdd cmdClear cmdRemoveItem cmdRemoveSummary Command1 cmdStart ");
+        EXPECT_EQ(disabledIn(form), "cmdAdd cmdClear cmdRemoveItem cmdRemoveSummary Command1 cmdStart cmdDryRun ");
         EXPECT_EQ(platform.pointer, MousePointer::hourglass);
         // Closing the window asks as Cancel does, and the form stays.
         platform.expectBox(cancelQuestion, Answer::no);

@@ -18,6 +18,7 @@
 #include "authoring/tags.h"
 #include "authoring/text_format.h"
 #include "batch/case_change.h"
+#include "batch/dry_run.h"
 #include "batch/extended_find.h"
 #include "batch/find.h"
 #include "batch/find_replace.h"
@@ -45,9 +46,9 @@ struct FormList {
 
 /// Each form that has a layout.
 using AllForms =
-    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog, EditWindow,
-             ExtendedFind, Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea, FormTextBox,
-             ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad,
+    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog, DryRun,
+             EditWindow, ExtendedFind, Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea,
+             FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad,
              ScriptAssistant, SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt
