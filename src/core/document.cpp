@@ -11,6 +11,7 @@
 #include "controls/mouse_press.h"
 #include "controls/web_browser.h"
 #include "core/recent_files.h"
+#include "core/versions.h"
 #include "editing/editor_colors.h"
 #include "files/paths.h"
 #include "frame/enablement.h"
@@ -158,6 +159,7 @@ Outcome CDocument::writeText(const std::string& path) {
     }
     journal_.beginSave({longFileName_, isUntitled_}, path);
     try {
+        keepVersion(path);
         text.SaveFile(path);
         journal_.start(true);
         return Outcome::done();
