@@ -33,6 +33,9 @@ constexpr MenuRow rows[] = {
     rowForName("mnuFile", "mnuFile_RecentFiles_2", "recentFile3"),
     rowForName("mnuFile", "mnuFile_RecentFiles_3", "recentFile4"),
     rowForName("mnuFile", "mnuFile_RecentFiles_4", "recentFile5"),
+    separatorIn("mnuFile"),
+    {.parent = "mnuFile", .name = "mnuFile_KeepVersions", .caption = "&Keep Versions"},
+    {.parent = "mnuFile", .name = "mnuFile_Versions", .caption = "&Versions of This File...", .isDisabled = true},
 
     {.name = "mnuEdit", .caption = "&Edit"},
     {.parent = "mnuEdit", .name = "mnuEdit_Undo", .caption = "&Undo", .shortcut = "Ctrl+Z"},

@@ -47,6 +47,7 @@
 #include "support/programs.h"
 #include "workbench/about.h"
 #include "workbench/document_assistant.h"
+#include "workbench/file_versions.h"
 #include "workbench/help_commands.h"
 #include "workbench/preferences.h"
 #include "workbench/quick_file.h"
@@ -65,6 +66,7 @@ struct CommandRow {
 
 /// What each menu row does. Rows of two menus that mean the same share a procedure.
 constexpr CommandRow commands[] = {
+    {"mnuFile", mnuFile_Click},
     {"mnuFile_New", mnuFile_New_Click},
     {"mnuFile_Open", mnuFile_Open_Click},
     {"mnuFile_Close", mnuFile_Close_Click},
@@ -73,6 +75,8 @@ constexpr CommandRow commands[] = {
     {"mnuFile_CloseAll", mnuFile_CloseAll_Click},
     {"mnuFile_SaveAll", mnuFile_SaveAll_Click},
     {"mnuFile_Exit", mnuFile_Exit_Click},
+    {"mnuFile_KeepVersions", mnuFile_KeepVersions_Click},
+    {"mnuFile_Versions", mnuFile_Versions_Click},
 
     {"mnuEdit", mnuEdit_Click},
     {"mnuEdit_Undo", mnuEdit_Undo_Click},

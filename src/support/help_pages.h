@@ -68,6 +68,7 @@ inline constexpr auto helpPages = std::to_array<HelpPage>({
     {"preferences", "11", "18.html"},
     {"preferences", "12", "19.html"},
     {"preferences", "13", "67.html"},
+    {"frmVersions", "", "75.html"},
     {"frmDryRun", "", "76.html"},
 });
 

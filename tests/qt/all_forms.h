@@ -30,6 +30,7 @@
 #include "workbench/about.h"
 #include "workbench/add_browser.h"
 #include "workbench/add_string.h"
+#include "workbench/file_versions.h"
 #include "workbench/preferences.h"
 #include "workbench/scratch_pad.h"
 
@@ -47,8 +48,8 @@ struct FormList {
 /// Each form that has a layout.
 using AllForms =
     FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog, DryRun,
-             EditWindow, ExtendedFind, Find, FindReplace, FormatDocument, FormOpen, FormSelect, FormTextArea,
-             FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks, ScratchPad,
-             ScriptAssistant, SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
+             EditWindow, ExtendedFind, Find, FileVersions, FindReplace, FormatDocument, FormOpen, FormSelect,
+             FormTextArea, FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks,
+             ScratchPad, ScriptAssistant, SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt
