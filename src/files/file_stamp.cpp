@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <exception>
 #include <memory>
-#include <optional>
 
 #include "files/file_error.h"
 #include "files/regular_file.h"
@@ -75,6 +74,16 @@ FileStamp readStamp(const std::string& path) {
     const auto stamp = stampAt(path);
     if (!stamp) throw fileError(ENOENT, path);
     return *stamp;
+}
+
+std::optional<FileStamp> stampNow(const std::string& path) {
+    try {
+        return stampAt(path);
+    } catch (const std::exception&) {
+        struct stat status {};
+        const auto look = [&] { return systemCalls().stat(path.c_str(), &status); };
+        return uninterrupted(look) == 0 ? std::optional(stampOf(status, {})) : std::nullopt;
+    }
 }
 
 }  // namespace kelvor

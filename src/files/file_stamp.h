@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <optional>
 #include <string>
 
 #include "files/content_hash.h"
@@ -35,5 +36,9 @@ DiskState lookAgain(FileStamp& known, const std::string& path);
 
 /// The stamp of what stands at a path now. Throws what readFile throws.
 FileStamp readStamp(const std::string& path);
+
+/// The same of what cannot be read too, with a hash that no bytes have. Nothing when nothing is there, or nobody may
+/// look.
+std::optional<FileStamp> stampNow(const std::string& path);
 
 }  // namespace kelvor
