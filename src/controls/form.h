@@ -56,6 +56,8 @@ public:
     Event<>::Handler onLoad;
     /// Comes to the front after another form; not after a dialog of its own.
     Event<> activated;
+    /// The frame's: the keyboard has come to a window of the program, from another of them or from another program.
+    Event<> keyboardCame;
     Event<> resized;
     /// A handler sets the flag to keep the form open.
     Event<bool&> queryUnload;

@@ -29,6 +29,11 @@ public:
     bool useMnemonic() const { return useMnemonic_; }
     void setUseMnemonic(bool useMnemonic) { change(useMnemonic_, useMnemonic, Aspect::caption); }
 
+    /// Whether a screen reader says the caption when it appears, and each new one, wherever the keyboard is. To be told
+    /// before the window is made.
+    bool isNotice() const { return notice_; }
+    void setNotice(bool isNotice) { notice_ = isNotice; }
+
     /// Red in the low byte; -1 is the desktop's own colour.
     int foreColor() const { return foreColor_; }
     void setForeColor(int color) { change(foreColor_, color, Aspect::color); }
@@ -50,6 +55,7 @@ public:
 private:
     std::string caption_;
     bool useMnemonic_ = false;
+    bool notice_ = false;
     int foreColor_ = -1;
     int backColor_ = -1;
 };

@@ -10,7 +10,9 @@
 #include "controls/key_press.h"
 #include "controls/mouse_press.h"
 #include "controls/web_browser.h"
+#include "core/disk_changes.h"
 #include "core/recent_files.h"
+#include "core/save_over.h"
 #include "core/versions.h"
 #include "editing/editor_colors.h"
 #include "files/paths.h"
@@ -149,7 +151,8 @@ void CDocument::applyFileName(const std::string& name) {
     window_->setCaption(longFileName_);
 }
 
-Outcome CDocument::writeText(const std::string& path) {
+/// @return nothing when the file holds something else than expected; then nothing was written
+std::optional<Outcome> CDocument::writeText(const std::string& path, const std::optional<ContentHash>& expected) {
     EditControl& text = SourceRTB();
     const Encoding before = text.encoding();
     if (!text.canBeSaved()) {
@@ -160,9 +163,13 @@ Outcome CDocument::writeText(const std::string& path) {
     journal_.beginSave({longFileName_, isUntitled_}, path);
     try {
         keepVersion(path);
-        text.SaveFile(path);
-        journal_.start(true);
-        return Outcome::done();
+        if (text.SaveFile(path, expected)) {
+            journal_.start(true);
+            return Outcome::done();
+        }
+        text.setEncoding(before);
+        journal_.saveFailed();
+        return std::nullopt;
     } catch (const std::exception&) {
         text.setEncoding(before);
         journal_.saveFailed();
@@ -172,12 +179,63 @@ Outcome CDocument::writeText(const std::string& path) {
 
 Outcome CDocument::SaveDoc(const std::string& path) {
     const std::string target = path.empty() ? longFileName_ : path;
+    const bool isOwn = !isUntitled_ && target == longFileName_;
     saveDeclined_ = false;
-    Outcome written = writeText(target);
+    Outcome written = isOwn ? writeOwnFile() : *writeText(target);
     if (!written) return written;
-    applyFileName(target);
-    isSaved_ = true;
+    // The user may have given the document another name meanwhile.
+    applyFileName(isOwn ? std::string(longFileName_) : target);
+    documentIsAsOnDisk();
+    showDiskState();
     return written;
+}
+
+/// Asks before what the document has not seen is written over, and again when the file has changed since.
+Outcome CDocument::writeOwnFile() {
+    DiskContents found = contentsOnDisk(*this);
+    while (true) {
+        const SaveOverChoice choice = found.isNews ? askSaveOver(*this) : SaveOverChoice{.act = SaveOverAct::overwrite};
+        if (choice.act == SaveOverAct::saveAs) return saveElsewhere(choice.path);
+        saveDeclined_ = choice.act == SaveOverAct::cancel;
+        if (saveDeclined_) return Outcome::failed();
+        if (auto written = writeText(longFileName_, found.hash)) return *written;
+        found = newsOnDisk(*this);
+    }
+}
+
+/// A failure is told here: the one who saves knows of no other path than the document's.
+Outcome CDocument::saveElsewhere(const std::string& path) {
+    Outcome saved = SaveDocAs(path);
+    if (saved) {
+        addOpenFile(path);
+        recentFileMenu();
+    } else if (!saveDeclined_) {
+        reportSaveError(path, saved.cause());
+        saveDeclined_ = true;
+    }
+    return saved;
+}
+
+Outcome CDocument::ReloadDoc() {
+    try {
+        SourceRTB().ReloadFile(longFileName_);
+    } catch (const std::exception&) {
+        return loggedFailure(currentError());
+    }
+    documentIsAsOnDisk();
+    showSavedState();
+    // The page is the file's too.
+    if (viewMode_ == view_mode::preview) ChangeMode(viewMode_);
+    return Outcome::done();
+}
+
+void CDocument::documentIsAsOnDisk() {
+    isSaved_ = true;
+}
+
+void CDocument::documentIsNotAsOnDisk() {
+    isSaved_ = false;
+    showSavedState();
 }
 
 Outcome CDocument::SaveDocAs(const std::string& path) {
@@ -218,6 +276,7 @@ void CDocument::editWindow_Activate() {
     ControlFunctionForMode(viewMode_);
     Text1_SelChange();
     SetDocFocus();
+    showDiskState();
 }
 
 void CDocument::showSavedState() const {
@@ -302,6 +361,7 @@ void CDocument::editWindow_Unload() {
     if (docTabStrip_.contains(strUniqueID_)) docTabStrip_.remove(strUniqueID_);
     documentManager_.remove(strUniqueID_);
     frame.mdi.remove(*window_);
+    showDiskState();
 }
 
 }  // namespace kelvor

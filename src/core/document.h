@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/outcome.h"
@@ -11,6 +12,7 @@
 #include "editing/edit_commands.h"
 #include "editing/htmlkeys.h"
 #include "editing/rich_text_box.h"
+#include "files/content_hash.h"
 #include "frame/edit_window.h"
 
 namespace kelvor {
@@ -53,16 +55,24 @@ public:
     /// @return failed when the file cannot be read; the document is then to be closed
     Outcome OpenDoc(const std::string& path, bool isUntitled);
     /// Writes the text over the file, in the encoding that it came in. A character that the encoding lacks brings up
-    /// the question whether to save as UTF-8.
+    /// the question whether to save as UTF-8; the document's own file that holds what the document has not seen,
+    /// whether to overwrite it.
     /// @param path  "" for the document's own
     /// @return failed when it was not; text and saved state are as before
     Outcome SaveDoc(const std::string& path);
     /// SaveDoc, after which the document has a file of its own.
     Outcome SaveDocAs(const std::string& path);
-    /// Whether the last SaveDoc failed by the user's own No: there is nothing more to tell then.
+    /// Whether the last SaveDoc failed by the user's own No, or has told its failure: there is nothing more to tell.
     bool saveDeclined() const { return saveDeclined_; }
     /// Tells in the frame's status bar whether the document is saved.
     void showSavedState() const;
+    /// Takes in what the file holds by now, as one step that can be undone.
+    /// @return failed when it cannot be read; then nothing has changed
+    Outcome ReloadDoc();
+    /// The text is what the file on the disk holds, and counts as saved.
+    void documentIsAsOnDisk();
+    /// The text is another than the file's, though nobody has typed.
+    void documentIsNotAsOnDisk();
     /// Unloads the window, which asks first when the text is not saved.
     bool CloseDoc();
     /// Brings source or preview to the top, with the keyboard; preview only of a saved file.
@@ -109,7 +119,9 @@ private:
     void Text1_KeyDown(KeyPress& key);
     void applyFileName(const std::string& name);
     bool saveBeforeClosing();
-    Outcome writeText(const std::string& path);
+    std::optional<Outcome> writeText(const std::string& path, const std::optional<ContentHash>& expected = {});
+    Outcome writeOwnFile();
+    Outcome saveElsewhere(const std::string& path);
 
     DocumentOwner& documentManager_;
     TabStrip& docTabStrip_;

@@ -41,6 +41,8 @@ MDIForm1::MDIForm1() : Form("MDIForm1", "Kelvor", Kind::frame), StatusBar1(*this
     }
     Combo2.setSorted(true);
     Toolbar3.setVisible(false);
+    picDisk.setVisible(false);
+    lblDisk.setNotice(true);
     Toolbar4.setValue("Source", true);
     // The design's one tab, which the start takes away.
     TabStrip1.add("placeholder", "");

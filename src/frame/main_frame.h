@@ -6,12 +6,14 @@
 #include <unordered_map>
 #include <vector>
 
+#include "controls/button.h"
 #include "controls/combo_box.h"
 #include "controls/common_dialog.h"
 #include "controls/directory_list.h"
 #include "controls/drive_list.h"
 #include "controls/file_list.h"
 #include "controls/form.h"
+#include "controls/label.h"
 #include "controls/mdi_area.h"
 #include "controls/menu_item.h"
 #include "controls/picture_box.h"
@@ -55,6 +57,11 @@ public:
     DirectoryList Dir1{*this, "Dir1"};
     FileList File1{*this, "File1"};
     ComboBox Combo5{*this, "Combo5", ComboBox::Style::editable};  ///< the pattern of File1
+    PictureBox picDisk{*this, "picDisk"};                         ///< the bar that tells what has become of a file
+    Label lblDisk{*this, "lblDisk"};
+    Button cmdDiskReload{*this, "cmdDiskReload", "&Reload"};
+    Button cmdDiskCompare{*this, "cmdDiskCompare", "&Compare"};
+    Button cmdDiskKeep{*this, "cmdDiskKeep", "&Keep Mine"};
     CommonDialog CommonD1;
     MdiArea mdi;
 

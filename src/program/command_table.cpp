@@ -30,6 +30,7 @@
 #include "controls/key_press.h"
 #include "controls/menu_item.h"
 #include "controls/mouse_press.h"
+#include "core/disk_changes.h"
 #include "core/document.h"
 #include "core/file_close.h"
 #include "core/file_open.h"
@@ -251,6 +252,13 @@ void connectQuickFile(MDIForm1& frame) {
     });
 }
 
+void connectDiskBar(MDIForm1& frame) {
+    frame.keyboardCame.connect(showDiskState);
+    frame.cmdDiskReload.clicked.connect(cmdDiskReload_Click);
+    frame.cmdDiskCompare.clicked.connect(cmdDiskCompare_Click);
+    frame.cmdDiskKeep.clicked.connect(cmdDiskKeep_Click);
+}
+
 void connectLists(MDIForm1& frame) {
     frame.Combo1.clicked.connect(Combo1_Click);
     frame.Combo2.clicked.connect(Combo2_Click);
@@ -288,6 +296,7 @@ void connectCommands() {
     connectToolbars();
     connectQuickFile(frame);
     frame.CoolBar2.closeClicked.connect(mnuView_DocumentAssistant_Click);
+    connectDiskBar(frame);
     connectLists(frame);
     connectFileChords();
     connectDocuments();

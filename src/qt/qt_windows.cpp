@@ -8,6 +8,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 
 #include "base/error.h"
@@ -17,6 +18,7 @@
 #include "qt/binding.h"
 #include "qt/convert.h"
 #include "qt/empty_frame_hint.h"
+#include "qt/form_link.h"
 #include "qt/layouts.h"
 #include "qt/modal.h"
 #include "qt/popup_place.h"
@@ -103,6 +105,9 @@ void QtWindows::setUpFrame(Form& form, QMainWindow& window) {
     auto* area = window.findChild<QMdiArea*>(QStringLiteral("MdiArea1"));
     if (!frame || !area) return;
     new EmptyFrameHint(*area);
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, FormLink::of(window), [&form](QWindow* now) {
+        if (now) form.keyboardCame.raise();
+    });
     mdi_ = std::make_unique<MdiView>(frame->mdi, form, *area, [this](Form& child) { return widgetOf(child); });
     if (auto* menu = window.findChild<QMenu*>(QStringLiteral("mnuWindow"))) listWindows(frame->mdi, *menu);
 }

@@ -54,6 +54,7 @@ inline constexpr auto helpPages = std::to_array<HelpPage>({
     {"frmDateTime", "", "62.html"},
     {"frmCompare", "", "72.html"},
     {"frmLook", "", "73.html"},
+    {"frmSaveOver", "", "71.html"},
     {"preferences", "0", "7.html"},
     {"preferences", "1", "8.html"},
     {"preferences", "2", "9.html"},

@@ -26,6 +26,7 @@
 #include "batch/script_assistant.h"
 #include "core/compare.h"
 #include "core/look.h"
+#include "core/save_over.h"
 #include "frame/main_frame.h"
 #include "workbench/about.h"
 #include "workbench/add_browser.h"
@@ -46,10 +47,10 @@ struct FormList {
 };
 
 /// Each form that has a layout.
-using AllForms =
-    FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog, DryRun,
-             EditWindow, ExtendedFind, Find, FileVersions, FindReplace, FormatDocument, FormOpen, FormSelect,
-             FormTextArea, FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi, NameAnchorFile, NamedLinks,
-             ScratchPad, ScriptAssistant, SpecialCharacterInsertion, TableWizard, Tags, TemplateHolder, TextFormat>;
+using AllForms = FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog,
+                          DryRun, EditWindow, ExtendedFind, Find, FileVersions, FindReplace, FormatDocument, FormOpen,
+                          FormSelect, FormTextArea, FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi,
+                          NameAnchorFile, NamedLinks, SaveOver, ScratchPad, ScriptAssistant, SpecialCharacterInsertion,
+                          TableWizard, Tags, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt

@@ -168,5 +168,29 @@ TEST_F(Program, TheTextHasTheKeyboardAfterASaveOverAFileAndAfterAnInsertFromTheT
     EXPECT_EQ(files.read("there.htm"), "<B></B>xone two");
 }
 
+TEST_F(Program, TheBarOfAChangedFileTakesItsRoomFromTheDocumentsAndIsReachedByItsKeys) {
+    openByDialog({files.write("a.htm", "one"), files.write("b.htm", "two")});
+    auto& area = *window().findChild<QMdiArea*>("MdiArea1");
+    auto& bar = *window().findChild<QWidget*>("picDisk");
+    QApplication::processEvents();
+    const QSize whole = area.size();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    files.write("b.htm", "another");
+    window().activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.isVisible(); }));
+    QApplication::processEvents();
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(bar.findChild<QLabel*>("lblDisk"));
+    EXPECT_EQ(spoken.role(), QAccessible::Notification);
+    EXPECT_EQ(spoken.text(QAccessible::Name), "b.htm has changed on the disk.");
+    EXPECT_EQ(area.height() + bar.height(), whole.height());
+    EXPECT_EQ(area.geometry().top(), bar.geometry().bottom() + 1);
+    QTest::keyClick(window().windowHandle(), Qt::Key_R, Qt::AltModifier);
+    EXPECT_EQ(mainForm().activeForm().Text1.text(), "another");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return area.size() == whole; }));
+}
+
 }  // namespace
 }  // namespace kelvor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/label.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -40,6 +41,33 @@ void showColors(const Label& label, QLabel& widget) {
     widget.setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
     widget.setAutoFillBackground(focused || label.backColor() >= 0);
     widget.setPalette(palette);
+}
+
+constexpr const char* noticeProperty = "notice";
+
+/// What a screen reader says of itself when it appears.
+class Notice : public QAccessibleWidget {
+public:
+    explicit Notice(QLabel& label) : QAccessibleWidget(&label, QAccessible::Notification), label_(label) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
+    }
+
+private:
+    const QLabel& label_;
+};
+
+QAccessibleInterface* noticeOf(const QString&, QObject* object) {
+    auto* label = qobject_cast<QLabel*>(object);
+    return label && label->property(noticeProperty).toBool() ? new Notice(*label) : nullptr;
+}
+
+/// The widget says by itself that it is shown, and nothing of a new text while it is.
+void sayAtOnce(QLabel& widget) {
+    if (!widget.isVisible()) return;
+    QAccessibleEvent shown(&widget, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
 }
 
 /// Clicks and double clicks, and the keys that do the same on a label that takes the keyboard.
@@ -100,14 +128,19 @@ private:
 
 void bindLabel(Label& label, QLabel& widget, FormLink& link) {
     widget.setTextFormat(Qt::PlainText);
+    if (label.isNotice()) {
+        QAccessible::installFactory(noticeOf);
+        widget.setProperty(noticeProperty, true);
+    }
     if (label.clicked.isConnected()) {
         widget.setFocusPolicy(Qt::StrongFocus);
         widget.setCursor(Qt::PointingHandCursor);
     }
     widget.installEventFilter(new LabelActs(label, widget, link));
-    link.follow(label, widget, [&label, &widget](Aspect) {
+    link.follow(label, widget, [&label, &widget](Aspect aspect) {
         widget.setText(shownText(label, widget.buddy() != nullptr));
         showColors(label, widget);
+        if (label.isNotice() && aspect == Aspect::caption) sayAtOnce(widget);
     });
 }
 
