@@ -163,10 +163,7 @@ std::optional<Outcome> CDocument::writeText(const std::string& path, const std::
     journal_.beginSave({longFileName_, isUntitled_}, path);
     try {
         keepVersion(path);
-        if (text.SaveFile(path, expected)) {
-            journal_.start(true);
-            return Outcome::done();
-        }
+        if (text.SaveFile(path, expected)) return Outcome::done();
         text.setEncoding(before);
         journal_.saveFailed();
         return std::nullopt;
@@ -231,10 +228,12 @@ Outcome CDocument::ReloadDoc() {
 
 void CDocument::documentIsAsOnDisk() {
     isSaved_ = true;
+    journal_.start(true);
 }
 
 void CDocument::documentIsNotAsOnDisk() {
     isSaved_ = false;
+    journal_.keepText({longFileName_, isUntitled_});
     showSavedState();
 }
 

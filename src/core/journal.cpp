@@ -86,6 +86,13 @@ void Journal::adopt(OpenFile file, const std::string& path, const JournalContent
     attempt([this] { keepUp(); });
 }
 
+void Journal::keepText(const Subject& subject) {
+    if (!isStarted_) return;
+    subject_ = subject;
+    takeChange();
+    attempt([this] { keepUp(); });
+}
+
 void Journal::noteChange(const Subject& subject) {
     if (!isStarted_) return;
     subject_ = subject;

@@ -55,6 +55,8 @@ public:
     /// @param content  what it holds; the control has its text by now
     void adopt(OpenFile file, const std::string& path, const JournalContent& content);
 
+    /// Keeps the text though nothing has changed in it: its file holds another one by now.
+    void keepText(const Subject& subject);
     /// After each change of the text: appends what has changed.
     void noteChange(const Subject& subject);
 
