@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "files/private_directory.h"
+
 namespace kelvor {
 
 namespace {
@@ -208,7 +210,8 @@ void TreeWalk::visit(const Directory& directory, const dirent64& entry, std::vec
     if (type == DT_UNKNOWN && fstatat(directory.descriptor(), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
         type = static_cast<unsigned char>(IFTODT(status.st_mode));
     if (type == DT_DIR) {
-        if (!topOnly_ && name_ != "." && name_ != "..") subdirectories.push_back(name_);
+        const bool isWalked = name_ != "." && name_ != ".." && !name_.starts_with(keptDirectoryPrefix);
+        if (!topOnly_ && isWalked) subdirectories.push_back(name_);
         return;
     }
     if ((type != DT_REG && type != DT_LNK) || !pattern_.matches(name_)) return;

@@ -18,7 +18,8 @@ public:
     /// Raises ItemFound for each regular file whose name matches, and returns when the walk is over. A directory's
     /// files come in the file system's order and before those of its subdirectories. A link to a file is a file, as it
     /// is for whoever opens it; links to directories are not followed. A directory that is not there or cannot be read
-    /// is passed over. However deep the tree, few directories are open at a time.
+    /// is passed over, and so is one in which the program keeps old files. However deep the tree, few directories are
+    /// open at a time.
     /// @param filter   a pattern of characters and "*", case of ASCII letters ignored; "*.*" is every name. An
     ///                 extension of exactly three letters stands for longer ones too that begin with them.
     /// @param topOnly  1 for `searchDir` alone, 0 for all below it as well

@@ -5,17 +5,22 @@
 #include "batch/walk_filters.h"
 #include "controls/control.h"
 #include "editing/insertion.h"
+#include "files/file_error.h"
+#include "files/file_replace.h"
 #include "files/paths.h"
+#include "files/temporary_directory.h"
 #include "frame/file_dialogs.h"
 #include "frame/main_frame.h"
 #include "frame/tool_forms.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "text/text_encoding.h"
 
 namespace kelvor {
 
 namespace {
 
+constexpr const char* temporaryName = "case.$$$";
 const std::string noDirectory = "(double click to select folder)";
 
 /// Choices of optWhere.
@@ -29,6 +34,7 @@ constexpr int optionsPage = 1;
 constexpr int resultsPage = 2;
 
 /// Pictures of a row.
+constexpr int nothingChanged = 0;
 constexpr int allChanged = 1;
 constexpr int someRefused = 2;
 
@@ -46,6 +52,16 @@ const std::vector<WalkFilter>& filters() {
 Error notInEncoding(const std::string& file) {
     return {error_number::invalidProcedureCall,
             "The file's encoding lacks a letter in its other case; the file stays as it is: " + file};
+}
+
+Error changedMeanwhile(const std::string& file) {
+    return pathError(error_number::pathAccess, "Another program has changed the file meanwhile", file);
+}
+
+BatchRun runOf(const std::vector<std::string>& attributes, const std::string& caseMode) {
+    BatchRun run{"File/URL Reference Case Changer", platform().clock.now(), {}};
+    for (const std::string& attribute : attributes) run.changes.push_back({attribute, caseMode});
+    return run;
 }
 
 }  // namespace
@@ -83,6 +99,7 @@ void CaseChange::optWhere_Click() {
     if (where == activeDocument) enableFrame1();
     if (where == listOfFiles) enableFrame2();
     if (where == directoryTree) enableFrame3();
+    showKept();
     checkApplyButton();
 }
 
@@ -96,12 +113,14 @@ void CaseChange::browseForFiles() {
     const auto files = pickFiles("Select files (multiple selections allowed)");
     if (files.empty()) return;
     lstFiles.addRows(files);
+    keptSize_.add(files);
     lstFiles.setSelectedRow(0);
     checkButtons();
     checkApplyButton();
 }
 
 void CaseChange::cmdRemoveOne_Click() {
+    keptSize_.remove(lstFiles.selectedRow());
     if (lstFiles.selectedRow() >= 0) lstFiles.removeRow(lstFiles.selectedRow());
     checkButtons();
     checkApplyButton();
@@ -109,6 +128,7 @@ void CaseChange::cmdRemoveOne_Click() {
 
 void CaseChange::cmdClear_Click() {
     lstFiles.clear();
+    keptSize_.clear();
     checkButtons();
     checkApplyButton();
 }
@@ -121,6 +141,7 @@ void CaseChange::checkApplyButton() {
 }
 
 void CaseChange::checkButtons() {
+    showKept();
     setAllEnabled({&cmdRemoveOne, &cmdClear}, lstFiles.count() > 0);
 }
 
@@ -167,6 +188,9 @@ bool CaseChange::fillFileWad() {
     // The end of the program ends the run too, before the first file.
     if (!isLoaded()) return false;
     if (currentFileWad_.empty()) tellNoFiles(directory, "filter(s)");
+    KeptSize size;
+    size.add(currentFileWad_);
+    lblKept.setCaption(size.caption());
     return !currentFileWad_.empty();
 }
 
@@ -177,10 +201,12 @@ void CaseChange::objDirWalk_ItemFound(const std::string& sPath, const std::strin
 }
 
 void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode) {
+    KeptFiles kept(runOf(attributes, optCase[optCase.selected()].caption()), currentFileWad_);
     for (const std::string& file : currentFileWad_) {
         for (const std::string& attribute : attributes) {
-            const bool allAreChanged = changeLinks(file, attribute, caseMode);
-            ListView1.addRow({file, attribute}, allAreChanged ? allChanged : someRefused);
+            const int picture = changeLinks(file, attribute, caseMode, kept);
+            if (picture == nothingChanged) return;
+            ListView1.addRow({file, attribute}, picture);
         }
         pumpEvents();
         if (run_.isCancelled() || !isLoaded()) break;
@@ -188,18 +214,36 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
 }
 
 /// Works on the active document, whatever the file, when that is the scope of the run.
-/// @return false when a reference was refused or left
-bool CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode) {
+/// @return the picture of its row; nothingChanged when the old file cannot be kept and the user ends the run
+int CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept) {
+    bool allAreChanged = true;
     if (scope_ == activeDocument) {
         // The user's typing would part the references from their places.
         const DisabledFrame disabled;
-        return changeLinkCase(activeText(), what, caseMode);
+        allAreChanged = changeLinkCase(activeText(), what, caseMode);
+    } else if (!replacedOrAsked(kept, caption(),
+                                [&] { return changeLinksOfFile(fileName, what, caseMode, kept, allAreChanged); })) {
+        return nothingChanged;
     }
+    return allAreChanged ? allChanged : someRefused;
+}
+
+Outcome CaseChange::changeLinksOfFile(const std::string& fileName, const std::string& what, LinkCase caseMode,
+                                      KeptFiles& kept, bool& allAreChanged) {
     rtbHidden_.LoadFile(fileName);
-    const bool allAreChanged = changeLinkCase(rtbHidden_, what, caseMode);
-    if (!rtbHidden_.canBeSaved()) throw notInEncoding(fileName);
-    rtbHidden_.SaveFile(fileName);
-    return allAreChanged;
+    allAreChanged = changeLinkCase(rtbHidden_, what, caseMode);
+    const auto bytes = encode(rtbHidden_.textView(), rtbHidden_.encoding());
+    if (!bytes) throw notInEncoding(fileName);
+    const auto file = readForReplacement(fileName);
+    if (rtbHidden_.fileStamp() && file.hash != rtbHidden_.fileStamp()->hash) throw changedMeanwhile(fileName);
+    const std::string temporary = getTempDir() + temporaryName;
+    clearTemporary(temporary);
+    return kept.replace(file, *bytes, temporary, flusher_, pumpEvents);
+}
+
+/// What the next run will keep, as far as that is known before it.
+void CaseChange::showKept() {
+    lblKept.setCaption(optWhere.selected() == listOfFiles ? keptSize_.caption() : "");
 }
 
 void CaseChange::enableFrame1() {

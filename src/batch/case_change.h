@@ -5,6 +5,9 @@
 #include <vector>
 
 #include "KVFileSystem/dir_walker.h"
+#include "base/outcome.h"
+#include "batch/kept_files.h"
+#include "batch/kept_size.h"
 #include "batch/link_case.h"
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
@@ -15,13 +18,14 @@
 #include "controls/report_view.h"
 #include "controls/tab_control.h"
 #include "controls/text_buffer.h"
+#include "files/flusher.h"
 #include "frame/long_run.h"
 #include "frame/tool_dialog.h"
 
 namespace kelvor {
 
 /// The File/URL Reference Case Changer: brings the quoted values of chosen attributes to one case, in the active
-/// document, in listed files or in the files of a directory.
+/// document, in listed files or in the files of a directory. The old files are kept, so that a run can be taken back.
 class CaseChange : public ToolDialog {
 public:
     CaseChange();
@@ -62,6 +66,7 @@ public:
     Button cmdApply{*this, "cmdApply", "&Apply", &CaseChange::cmdApply_Click};
     Button cmdClose{*this, "cmdClose", "&Close", &CaseChange::cmdClose_Click};
     Button cmdHelp{*this, "cmdHelp", "&Help", &CaseChange::showHelp};
+    Label lblKept{*this, "lblKept"};
 
 private:
     void Form_Load() override;
@@ -82,7 +87,10 @@ private:
     void setTabsEnabled(bool enabled);
     bool fillFileWad();
     void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);
-    bool changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode);
+    int changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept);
+    Outcome changeLinksOfFile(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept,
+                              bool& allAreChanged);
+    void showKept();
     // The numbers are the scopes' and not those of the frames around them.
     void enableFrame1();
     void disableFrame1();
@@ -96,7 +104,9 @@ private:
     /// The working copy of a file; its form is never shown.
     Form hidden_{"rtbHidden", ""};
     TextBuffer rtbHidden_{hidden_, "rtbHidden"};
-    int scope_ = 0;  ///< of the run in progress
+    Flusher flusher_;
+    KeptSize keptSize_;  ///< of lstFiles
+    int scope_ = 0;      ///< of the run in progress
     LongRun run_{{.close = cmdClose,
                   .controls = {&cmdApply},
                   .question = "Are you sure that you wish to cancel?",

@@ -7,10 +7,10 @@
 
 namespace kelvor {
 
-void FileRewriter::rewrite(const std::string& path, const std::string& temporary, const Step& step) {
+Outcome FileRewriter::rewrite(const std::string& path, const std::string& temporary, const Step& step) {
     auto file = readForReplacement(path, step);
     const std::string_view bytes = rewrite_.apply(std::move(file.bytes), path, step);
-    replaceFile(file, bytes, temporary, flusher_, step);
+    return kept_.replace(file, bytes, temporary, flusher_, step);
 }
 
 }  // namespace kelvor

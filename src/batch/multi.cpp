@@ -12,6 +12,7 @@
 #include "batch/bytes_rewrite.h"
 #include "batch/dry_run.h"
 #include "batch/file_rewrite.h"
+#include "batch/kept_files.h"
 #include "batch/line_rewrite.h"
 #include "controls/control.h"
 #include "files/file_replace.h"
@@ -73,9 +74,10 @@ void offerToDeleteAbandoned() {
 const Message noFindText = {
     .text = "You must enter some text to be found.", .title = "Empty field", .icon = MessageIcon::exclamation};
 
-void rewriteOrReport(FileRewriter& rewriter, const std::string& path, const std::string& temporary) {
+/// False when the old file cannot be kept and the user ends the run.
+bool rewriteOrReport(FileRewriter& rewriter, KeptFiles& kept, const std::string& path, const std::string& temporary) {
     try {
-        rewriter.rewrite(path, temporary, pumpEvents);
+        return replacedOrAsked(kept, messageTitle, [&] { return rewriter.rewrite(path, temporary, pumpEvents); });
     } catch (const std::exception&) {
         const Error error = currentError();
         beepAndShow({.text = "Could not write to " + path + " skipping file.",
@@ -83,6 +85,7 @@ void rewriteOrReport(FileRewriter& rewriter, const std::string& path, const std:
                      .title = messageTitle,
                      .icon = MessageIcon::critical});
         logError(error);
+        return true;
     }
 }
 
@@ -179,17 +182,20 @@ void Multi::cmdBrowse_Click() {
     const auto targets = pickFiles("Select the target files (multiple selections allowed)");
     if (targets.empty()) return;
     lbxTargetFiles.addRows(targets);
+    keptSize_.add(targets);
     lbxTargetFiles.setSelectedRow(0);
     checkTargets();
 }
 
 void Multi::cmdRemove_Click() {
+    keptSize_.remove(lbxTargetFiles.selectedRow());
     lbxTargetFiles.removeRow(lbxTargetFiles.selectedRow());
     checkTargets();
 }
 
 void Multi::cmdClearFiles_Click() {
     lbxTargetFiles.clear();
+    keptSize_.clear();
     checkTargets();
 }
 
@@ -197,6 +203,7 @@ void Multi::checkTargets() {
     const bool any = lbxTargetFiles.count() > 0;
     cmdRemove.setEnabled(any);
     cmdClearFiles.setEnabled(any);
+    lblKept.setCaption(keptSize_.caption());
     checkStartButton();
 }
 
@@ -239,16 +246,17 @@ void Multi::initGauges() {
 }
 
 void Multi::findReplaceMulti() {
-    FileRewriter rewriter(LineRewrite(findItems_, chkCase.value()));
     // The list can still be changed by the events that are let run.
     const std::vector<std::string> targets = lbxTargetFiles.rows();
+    KeptFiles kept({messageTitle, platform().clock.now(), findItems_}, targets);
+    FileRewriter rewriter(LineRewrite(findItems_, chkCase.value()), kept);
     int number = 0;
     for (const std::string& target : targets) {
         pumpEvents();
         if (run_.isCancelled()) break;
         const std::string temporary = getTempDir() + temporaryName;
         clearTemporary(temporary);
-        rewriteOrReport(rewriter, target, temporary);
+        if (!rewriteOrReport(rewriter, kept, target, temporary)) break;
         pumpEvents();
         ProgressBar1.setValue(++number);
     }

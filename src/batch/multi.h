@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "batch/dry_run.h"
+#include "batch/kept_size.h"
 #include "batch/line_rewrite.h"
 #include "controls/check_box.h"
 #include "controls/frame.h"
@@ -21,8 +22,8 @@
 
 namespace kelvor {
 
-/// Applies a list of replacements to the lines of files on the disk. Open documents are not looked at, and nothing
-/// is undone.
+/// Applies a list of replacements to the lines of files on the disk. Open documents are not looked at. The old files
+/// are kept, so that the run can be taken back.
 class Multi : public ToolDialog {
 public:
     Multi();
@@ -58,6 +59,7 @@ public:
     Button cmdClose{*this, "cmdClose", "&Close", &Multi::cmdClose_Click};
     Button cmdHelp{*this, "cmdHelp", "&Help", &Multi::showHelp};
     Button cmdDryRun{*this, "cmdDryRun", "Dry R&un", &Multi::cmdDryRun_Click};
+    Label lblKept{*this, "lblKept"};
 
 private:
     void Form_Load() override { txtFind.SetFocus(); }
@@ -100,6 +102,7 @@ private:
     int nextRow_ = 1;
     std::vector<FindItem> findItems_;
     bool isDryRun_ = false;  ///< whether the run in progress writes nothing
+    KeptSize keptSize_;      ///< of lbxTargetFiles
 };
 
 /// The first 62 rows of the special character table as replacements.

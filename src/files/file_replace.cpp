@@ -2,6 +2,8 @@
 #include "files/file_replace.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -82,12 +84,16 @@ bool writeToDisk(int descriptor, std::string_view bytes, Flusher& flusher, const
     return flusher.flush(descriptor, step);
 }
 
+OpenFile createForOwner(const std::string& path) {
+    constexpr mode_t ownerOnly = 0600;
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    return OpenFile(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
+}
+
 /// Writes the bytes into a new file. Whether it also has the target's extended attributes.
 bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
                     Flusher& flusher, const Step& step) {
-    constexpr mode_t ownerOnly = 0600;
-    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    OpenFile file(uninterrupted([&] { return systemCalls().open(temporary.c_str(), flags, ownerOnly); }));
+    OpenFile file = createForOwner(temporary);
     if (file.descriptor() < 0) throw temporaryError(errno, temporary, target.path);
     const bool hasAttributes = copyAttributes(target.opened.file.descriptor(), file.descriptor());
     if (!writeToDisk(file.descriptor(), bytes, flusher, step) || !file.close())
@@ -115,6 +121,56 @@ bool takePlace(const char* temporary, const ReplaceableFile& target) {
     return false;
 }
 
+/// The old file of a replacement, kept at a path of its own, if it is to be.
+class OldFile {
+public:
+    OldFile(const ReplaceableFile& file, const std::string& keepAs) : file_(file), keepAs_(keepAs) {}
+    /// A file that nothing has taken the place of goes back to its one name.
+    ~OldFile() {
+        if (linked_) remove();
+    }
+    OldFile(const OldFile&) = delete;
+    OldFile& operator=(const OldFile&) = delete;
+
+    bool isWanted() const { return !keepAs_.empty(); }
+    /// Keeps the file itself, for when another one takes its place; false where it can have no second name.
+    bool keep() {
+        linked_ = uninterrupted([&] { return systemCalls().link(file_.path.c_str(), keepAs_.c_str()); }) == 0;
+        return linked_;
+    }
+    /// Keeps a copy instead, with its bytes on the disk; false, and why in errno, when it cannot be made.
+    bool copy(Flusher& flusher, const Step& step);
+    bool isLinked() const { return linked_; }
+    /// Another file has taken its place.
+    void hasGone() { linked_ = false; }
+
+private:
+    void remove() {
+        uninterrupted([&] { return systemCalls().unlink(keepAs_.c_str()); });
+        linked_ = false;
+    }
+
+    const ReplaceableFile& file_;
+    const std::string& keepAs_;
+    bool linked_ = false;
+};
+
+bool OldFile::copy(Flusher& flusher, const Step& step) {
+    if (linked_) remove();
+    OpenFile made = createForOwner(keepAs_);
+    if (made.descriptor() < 0) return false;
+    const int from = file_.opened.file.descriptor();
+    std::string bytes;
+    // Where the file system can let two files share their bytes, none are written.
+    if (ioctl(made.descriptor(), FICLONE, from) != 0)
+        bytes = readToEnd(from, file_.opened.status.st_size, file_.path, step);
+    if (writeToDisk(made.descriptor(), bytes, flusher, step) && made.close()) return true;
+    const int code = errno;
+    remove();
+    errno = code;
+    return false;
+}
+
 bool isOwnFile(const struct stat& status) {
     return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1;
 }
@@ -125,16 +181,35 @@ ReplaceableFile readForReplacement(const std::string& path, const Step& step) {
     auto opened = openRegularFile(path, O_RDWR);
     if (!opened) throw fileError(ENOENT, path);
     auto bytes = readToEnd(opened->file.descriptor(), opened->status.st_size, path, step);
-    return {path, std::move(*opened), std::move(bytes)};
+    const ContentHash hash = hashOf(bytes);
+    return {path, std::move(*opened), std::move(bytes), hash};
 }
 
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary, Flusher& flusher,
-                 const Step& step) {
+Outcome replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                    Flusher& flusher, const Step& step, const std::string& keepAs) {
+    OldFile old(target, keepAs);
+    const auto notKept = [&] {
+        const auto failure = Outcome::failed(fileError(errno, keepAs).cause());
+        uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
+        return failure;
+    };
     const bool hasAttributes = writeTemporary(target, bytes, temporary, flusher, step);
-    if (isUntouchedOnlyName(target) && hasAttributes && takePlace(temporary.c_str(), target)) return;
+    const bool mayTakePlace = isUntouchedOnlyName(target) && hasAttributes;
+    if (old.isWanted() && !(mayTakePlace && old.keep())) {
+        if (!old.copy(flusher, step)) return notKept();
+        // A busy disk takes its time.
+        isUntouchedOnlyName(target);
+    }
+    if (mayTakePlace && takePlace(temporary.c_str(), target)) {
+        old.hasGone();
+        return Outcome::done();
+    }
+    // What is written in place is written into the file that was to be kept.
+    if (old.isLinked() && !old.copy(flusher, step)) return notKept();
     saveFileInPlace(target.path, bytes);
     // One that does not go is met by clearTemporary; the target is written all the same.
     uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
+    return Outcome::done();
 }
 
 void clearTemporary(const std::string& temporary) {

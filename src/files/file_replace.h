@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/outcome.h"
+#include "files/content_hash.h"
 #include "files/flusher.h"
 #include "files/regular_file.h"
 
@@ -15,6 +17,7 @@ struct ReplaceableFile {
     std::string path;
     RegularFile opened;
     std::string bytes;
+    ContentHash hash;  ///< of the bytes, which may be moved away
 };
 
 /// Reads a regular file that may be written; links are followed. Throws Error as readFile does, 70 also when the file
@@ -31,8 +34,12 @@ ReplaceableFile readForReplacement(const std::string& path, const Step& step = n
 /// then has its old bytes, and the temporary file may be left.
 /// @param temporary  a path at which nothing stands, in a directory of this program's own
 /// @param step       called while the temporary file is written
-void replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary, Flusher& flusher,
-                 const Step& step = noStep);
+/// @param keepAs     the path in a directory of this program's own at which the old bytes are to be found afterwards:
+///                   the old file itself, when another takes its place, or else a copy; "" when they go
+/// @return that the file has its new bytes; failed: they were not to be lost and could not be kept, so the file has
+///         its old ones
+Outcome replaceFile(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
+                    Flusher& flusher, const Step& step = noStep, const std::string& keepAs = {});
 
 /// Removes what an earlier replacement has left at that path. Throws Error 58 when something stands there that is not
 /// such a file.

@@ -31,6 +31,7 @@ SystemCalls kernelCalls() {
         return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
     };
     calls.link = ::link;
+    calls.statvfs = ::statvfs;
     return calls;
 }
 

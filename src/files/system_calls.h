@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/types.h>
 
 #include <cerrno>
@@ -33,6 +34,7 @@ struct SystemCalls {
     /// Refuses a name that is taken (EEXIST); a file system without this order answers EINVAL.
     std::function<int(const char* from, const char* to)> renameToNew;
     std::function<int(const char* from, const char* to)> link;
+    std::function<int(const char* path, struct statvfs* room)> statvfs;
 };
 
 /// The kernel's own.

@@ -94,6 +94,8 @@ constexpr MenuRow rows[] = {
     separatorIn("mnuTools"),
     {.parent = "mnuTools", .name = "mnuTools_Tavlok", .caption = "&Tavlok"},
     {.parent = "mnuTools", .name = "mnuTools_Mirrel", .caption = "&Mirrel"},
+    separatorIn("mnuTools"),
+    {.parent = "mnuTools", .name = "mnuTools_TakeBack", .caption = "Take &Back the Last Batch..."},
 
     {.name = "mnuTools_FormatText", .caption = "For&mat Text"},
     {.parent = "mnuTools_FormatText", .name = "mnuFormat_QuickColor", .caption = "&Quick Color"},

@@ -27,6 +27,7 @@
 #include "batch/find_replace.h"
 #include "batch/multi.h"
 #include "batch/script_assistant.h"
+#include "batch/take_back.h"
 #include "controls/key_press.h"
 #include "controls/menu_item.h"
 #include "controls/mouse_press.h"
@@ -119,6 +120,7 @@ constexpr CommandRow commands[] = {
     {"mnuInsert_TableWiz", mnuInsert_TableWiz_Click},
     {"mnuTools_Tavlok", runTavlok},
     {"mnuTools_Mirrel", runMirrel},
+    {"mnuTools_TakeBack", mnuTools_TakeBack_Click},
 
     {"mnuTools_FormatText", mnuTools_FormatText_Click},
     {"mnuFormat_QuickColor_color", mnu_RClick_QuickColor_Click},

@@ -18,6 +18,8 @@ using Rows = std::vector<std::string>;
 
 class CaseChangeForm : public FrameTest {
 protected:
+    const ScopedDirectories withState{files.program(), files.path("settings"), files.path("state")};
+
     CaseChangeForm() { std::filesystem::create_directories(files.path("site/sub")); }
 
     CaseChange& form() { return toolForm<CaseChange>(); }

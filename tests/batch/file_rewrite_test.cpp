@@ -23,6 +23,11 @@ const std::string oldText = "an old line\r\n";
 const std::string newText = "a new, longer line\r\n";
 const FindItem renewal = {"an old", "a new, longer"};
 
+/// Keeps nothing: where and how old files are kept is another matter.
+struct Unkept : KeptFiles {
+    Unkept() : KeptFiles({}, {}) { stop(); }
+} unkept;
+
 struct stat statusOf(const std::string& path) {
     struct stat status {};
     EXPECT_EQ(lstat(path.c_str(), &status), 0) << path;
@@ -35,7 +40,7 @@ std::string outcomeOf(
     const std::function<void()>& step = [] {}) {
     try {
         clearTemporary(temporary);
-        FileRewriter(LineRewrite({item}, true)).rewrite(path, temporary, step);
+        FileRewriter(LineRewrite({item}, true), unkept).rewrite(path, temporary, step);
         return "";
     } catch (const Error& error) {
         return error.description();
@@ -71,7 +76,7 @@ struct FileRewrite : testing::Test {
 };
 
 TEST_F(FileRewrite, FindsCafeInEveryEncodingAndKeepsIt) {
-    FileRewriter rewriter(LineRewrite({{"é", "e"}}, true));
+    FileRewriter rewriter(LineRewrite({{"é", "e"}}, true), unkept);
     for (const auto encoding : {Encoding::utf8, Encoding::utf8WithMark, Encoding::utf16LittleEndian,
                                 Encoding::utf16BigEndian, Encoding::windows1252}) {
         const std::string before = encode("à café\r\n", encoding).value();
@@ -183,7 +188,7 @@ TEST_F(FileRewrite, HearsTheUserWhileTheDiskIsBusyAndLeavesOnlyBehindTheFlush) {
         return 0;
     };
     const ScopedSystemCalls scope(std::move(calls));
-    FileRewriter rewriter(LineRewrite({renewal}, true));
+    FileRewriter rewriter(LineRewrite({renewal}, true), unkept);
     const auto stop = [&] {
         if (busy && ++heard == 5) throw Error(error_number::pathAccess, "stopped");
     };
@@ -208,7 +213,7 @@ TEST_F(FileRewrite, TouchesNothingThatStandsInTheTemporaryFilesPlace) {
         if (plant() != 0) GTEST_SKIP() << "only root gives a file away";
         const auto before = statusOf(temporary);
         EXPECT_EQ(outcomeOf(page, temporary), "Something else stands in the temporary file's place: " + temporary);
-        EXPECT_THROW(FileRewriter(LineRewrite({}, true)).rewrite(page, temporary, [] {}), Error);
+        EXPECT_THROW(FileRewriter(LineRewrite({}, true), unkept).rewrite(page, temporary, [] {}), Error);
         EXPECT_EQ(statusOf(temporary).st_ino, before.st_ino);
         EXPECT_EQ(directory.read("victim") + text(), "the victim's" + oldText);
     }

@@ -46,6 +46,7 @@ protected:
     }
     std::string summary(int row) { return form.lstSummary.cell(row, 0) + "|" + form.lstSummary.cell(row, 1); }
 
+    const ScopedDirectories withState{files.program(), files.path("settings"), files.path("state")};
     Multi& form = toolForm<Multi>();
 };
 
@@ -128,7 +129,12 @@ TEST_F(MultiForm, NamesTheTemporaryDirectoryWhenThatIsFull) {
     const auto one = files.write("one.htm", "a\r\n");
     add("a", "b");
     choose({one});
-    const auto full = failing(&SystemCalls::pwrite, ENOSPC);
+    auto calls = kernelCalls();
+    calls.pwrite = [](int descriptor, const void* bytes, std::size_t size, off_t offset) {
+        const auto name = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).filename();
+        return name == "temp.$$$" ? (errno = ENOSPC, -1) : ::pwrite(descriptor, bytes, size, offset);
+    };
+    const ScopedSystemCalls full(std::move(calls));
     expectSkipped(one, "The disk is full.\r\nTemporary directory: " + temporaryDirectory());
     form.cmdStart.click();
     EXPECT_EQ(files.read("one.htm"), "a\r\n");

@@ -63,7 +63,7 @@ struct Saboteur {
         sabotage("fallocate", calls.fallocate);
         sabotage("another", calls.open, calls.stat, calls.lstat, calls.fstat, calls.pread, calls.pwrite,
                  calls.ftruncate, calls.fdatasync, calls.unlink, calls.lchown, calls.chmod, calls.fsetxattr,
-                 calls.rename);
+                 calls.rename, calls.link);
         // A close that reports an error has closed.
         calls.close = [this](int descriptor) {
             const int result = ::close(descriptor);

@@ -24,6 +24,7 @@
 #include "batch/find_replace.h"
 #include "batch/multi.h"
 #include "batch/script_assistant.h"
+#include "batch/take_back.h"
 #include "core/compare.h"
 #include "core/look.h"
 #include "core/save_over.h"
@@ -51,6 +52,6 @@ using AllForms = FormList<About, AddBrowser, AddString, Preferences, CaseChange,
                           DryRun, EditWindow, ExtendedFind, Find, FileVersions, FindReplace, FormatDocument, FormOpen,
                           FormSelect, FormTextArea, FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi,
                           NameAnchorFile, NamedLinks, SaveOver, ScratchPad, ScriptAssistant, SpecialCharacterInsertion,
-                          TableWizard, Tags, TemplateHolder, TextFormat>;
+                          TableWizard, Tags, TakeBack, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt

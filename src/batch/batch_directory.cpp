@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "batch/batch_directory.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <exception>
+#include <vector>
+
+#include "base/error.h"
+#include "files/file_error.h"
+#include "files/files.h"
+#include "files/listing.h"
+#include "files/paths.h"
+#include "files/private_directory.h"
+
+namespace kelvor {
+
+namespace {
+
+constexpr const char* recordName = "record";
+
+OpenFile lockedFile(const std::string& path) {
+    constexpr mode_t ownerOnly = 0600;
+    OpenFile lock(open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, ownerOnly));
+    if (lock.descriptor() < 0) throw fileError(errno, path);
+    // A disk that knows no locks is taken as it is.
+    if (flock(lock.descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        throw pathError(error_number::permissionDenied,
+                        "Another run or another copy of the program is using the kept files", path);
+    }
+    return lock;
+}
+
+std::vector<std::uint64_t> numbersIn(const std::string& directory) {
+    std::vector<std::uint64_t> numbers;
+    visitEntries(directory, [&](const ListedEntry& entry) {
+        const std::string_view name = entry.name();
+        std::uint64_t number = 0;
+        const auto [end, failure] = std::from_chars(name.data(), name.data() + name.size(), number);
+        if (failure == std::errc() && end == name.data() + name.size() && number > 0) numbers.push_back(number);
+        return true;
+    });
+    return numbers;
+}
+
+/// Removes the files of a directory of the user's own, and then that; links to directories are left alone.
+void removeFlat(const std::string& path, const Step& step) {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid()) return;
+    std::vector<std::string> names;
+    visitEntries(path, [&](const ListedEntry& entry) {
+        names.emplace_back(entry.name());
+        return true;
+    });
+    // The record goes last: it knows of the others.
+    std::partition(names.begin(), names.end(), [](const std::string& name) { return name != recordName; });
+    for (const std::string& name : names) {
+        systemCalls().unlink(joinPath(path, name).c_str());
+        step();
+    }
+    rmdir(path.c_str());
+}
+
+}  // namespace
+
+BatchDirectory::BatchDirectory() : path_(privateDirectory("batch")), lock_(lockedFile(joinPath(path_, "lock"))) {
+}
+
+std::uint64_t BatchDirectory::latest() const {
+    const auto numbers = numbersIn(path_);
+    return numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
+}
+
+std::string BatchDirectory::pathOf(std::uint64_t number) const {
+    return joinPath(path_, std::to_string(number));
+}
+
+std::string BatchDirectory::recordPathOf(std::uint64_t number) const {
+    return joinPath(pathOf(number), recordName);
+}
+
+std::optional<BatchRecord> BatchDirectory::record(std::uint64_t number) const {
+    try {
+        return readRecord(readFile(recordPathOf(number)));
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+void BatchDirectory::remove(std::uint64_t number, const Step& step) const {
+    if (const auto known = record(number))
+        for (const std::string& directory : known->directories) removeFlat(directory, step);
+    removeFlat(pathOf(number), step);
+}
+
+void BatchDirectory::removeAllBut(std::uint64_t number, const Step& step) const {
+    for (const std::uint64_t other : numbersIn(path_))
+        if (other != number) remove(other, step);
+}
+
+}  // namespace kelvor

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/step.h"
+#include "batch/batch_record.h"
+#include "files/system_calls.h"
+
+namespace kelvor {
+
+/// The directory of the runs whose old files are kept, each in a directory of its own, named by a number that grows.
+/// Whoever holds it is the only one, in all copies of the program.
+class BatchDirectory {
+public:
+    /// Throws Error when it cannot be made, 70 when another holds it.
+    BatchDirectory();
+
+    /// The number of the latest run, 0 for none.
+    std::uint64_t latest() const;
+    /// The directory of a run.
+    std::string pathOf(std::uint64_t number) const;
+    /// Where its record stands.
+    std::string recordPathOf(std::uint64_t number) const;
+    /// Its record; nothing when there is none, or none that can be read.
+    std::optional<BatchRecord> record(std::uint64_t number) const;
+
+    /// Throws away what is kept of the run. What does not go stays until the next time.
+    void remove(std::uint64_t number, const Step& step) const;
+    /// The same for all runs but one.
+    void removeAllBut(std::uint64_t number, const Step& step) const;
+
+private:
+    std::string path_;
+    OpenFile lock_;
+};
+
+}  // namespace kelvor
