@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <optional>
+
 #include "batch/take_back.h"
 #include "bench/driver_task.h"
+#include "bench/unflushed.h"
 
 namespace kelvor::bench {
 
 namespace {
 
 /// From the first look at the files to the last one put back; the result is what the form then says of them.
-TaskResult takeBackTask(const std::vector<std::string>& /*arguments*/) {
+TaskResult takeBackTask(const std::vector<std::string>& arguments) {
     BatchDirectory batches;
     const auto number = batches.latest();
     const auto record = batches.record(number);
@@ -15,6 +18,8 @@ TaskResult takeBackTask(const std::vector<std::string>& /*arguments*/) {
     TakeBack& form = toolForm<TakeBack>();
     form.setRun(std::move(batches), number, *record);
     form.load();
+    std::optional<Unflushed> unflushed;
+    if (arguments.at(0) == "unflushed") unflushed.emplace();
     TaskResult done = measured([&] {
         form.activated.raise();
         if (form.cmdTakeBack.enabled()) form.cmdTakeBack.click();
@@ -24,7 +29,7 @@ TaskResult takeBackTask(const std::vector<std::string>& /*arguments*/) {
     return done;
 }
 
-const RegisteredTask task("take_back", "", takeBackTask);
+const RegisteredTask task("take_back", "flushed|unflushed", takeBackTask);
 
 }  // namespace
 
