@@ -12,7 +12,7 @@
 namespace kelvor::bench {
 namespace {
 
-/// 60 bytes a line; every `step`th is another, all for 1.
+/// 60 bytes a line; every so many lines, counted by `step`, one has the word.
 std::string page(int lines, int step, std::string_view word) {
     std::string text;
     for (int line = 0; line < lines; ++line) {
@@ -69,7 +69,7 @@ BENCHMARK(OpenCompare)
     ->Iterations(3)
     ->Unit(benchmark::kMillisecond);
 
-/// Only the lines, with no window: a line of a megabyte, and no two lines the same.
+/// The lines alone, with no window.
 void CompareLines(benchmark::State& state, const std::string& left, const std::string& right) {
     for (auto iteration : state) benchmark::DoNotOptimize(compareLines(left, right));
 }
@@ -90,6 +90,22 @@ BENCHMARK_CAPTURE(
         return text;
     }())
     ->Unit(benchmark::kMillisecond);
+
+/// Both texts are one line of so many bytes, which the fields below the list show whole.
+void OpenLongLine(benchmark::State& state) {
+    program();
+    ShownText left{"here", std::string(static_cast<std::size_t>(state.range(0)), 'x')};
+    ShownText right = left;
+    right.text[right.text.size() / 2] = ' ';
+    for (auto iteration : state) {
+        state.SetIterationTime(secondsOf([&] {
+            toolForm<Compare>().take(left, right);
+            openToolForm(toolForm<Compare>(), ShowMode::floating);
+        }));
+        toolForm<Compare>().unload();
+    }
+}
+BENCHMARK(OpenLongLine)->Arg(10'000)->Arg(1 << 20)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void OpenLook(benchmark::State& state) {
     program();

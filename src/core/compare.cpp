@@ -114,6 +114,7 @@ Compare::Compare() : ToolDialog("frmCompare", "Compare") {
 }
 
 void Compare::take(const ShownText& left, const ShownText& right) {
+    lstLines.clear();
     left_ = left.text;
     right_ = right.text;
     rows_ = compareLines(left_, right_);

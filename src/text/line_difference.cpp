@@ -4,12 +4,10 @@
 #include <git2.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
-#include <cstdint>
+#include <functional>
 #include <limits>
 #include <new>
-#include <unordered_map>
 
 #include "base/error.h"
 
@@ -31,25 +29,21 @@ Lines linesOf(std::string_view text) {
     return lines;
 }
 
-/// Writes a number for each line, the same one for lines with the same text. The library ends lines at LF alone, and
-/// takes a text with a NUL byte or of a gigabyte for none; of the numbers it takes any.
-class LineNumbers {
-public:
-    std::string write(const Lines& lines) {
-        std::string numbers;
-        for (const TextLine& line : lines) {
-            const auto number = numbers_.try_emplace(line.text, numbers_.size()).first->second;
-            char digits[std::numeric_limits<std::size_t>::digits10 + 2];
-            char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-            *end = '\n';
-            numbers.append(digits, end + 1);
-        }
-        return numbers;
+/// A mark for each line, the same one for lines with the same text. The library ends lines at LF alone, and takes a
+/// text with a NUL byte or of a gigabyte for none; of the marks it takes any. Lines that share one by chance are still
+/// told apart when they stand side by side.
+std::string marksOf(const Lines& lines) {
+    constexpr int bits = 7;  // with the eighth set, no byte of a mark is an LF
+    constexpr int length = (std::numeric_limits<std::size_t>::digits + bits - 1) / bits;
+    std::string marks;
+    marks.reserve(lines.size() * (length + 1));
+    for (const TextLine& line : lines) {
+        auto hash = std::hash<std::string_view>()(line.text);
+        for (int byte = 0; byte < length; ++byte, hash >>= bits) marks += static_cast<char>(hash | 1U << bits);
+        marks += '\n';
     }
-
-private:
-    std::unordered_map<std::string_view, std::size_t> numbers_;
-};
+    return marks;
+}
 
 /// A run of lines of the left text that gave way to one of the right text. Either may be empty, not both.
 struct Stretch {
@@ -95,16 +89,15 @@ public:
 
 std::vector<Stretch> stretchesBetween(const Lines& left, const Lines& right) {
     static const Library library;
-    LineNumbers lineNumbers;
-    const std::string leftNumbers = lineNumbers.write(left);
-    const std::string rightNumbers = lineNumbers.write(right);
+    const std::string leftMarks = marksOf(left);
+    const std::string rightMarks = marksOf(right);
     git_diff_options options = GIT_DIFF_OPTIONS_INIT;
     options.flags = GIT_DIFF_FORCE_TEXT;
     options.context_lines = 0;
     options.max_size = -1;
     std::vector<Stretch> stretches;
-    check(git_diff_buffers(leftNumbers.data(), leftNumbers.size(), nullptr, rightNumbers.data(), rightNumbers.size(),
-                           nullptr, &options, nullptr, nullptr, takeHunk, nullptr, &stretches));
+    check(git_diff_buffers(leftMarks.data(), leftMarks.size(), nullptr, rightMarks.data(), rightMarks.size(), nullptr,
+                           &options, nullptr, nullptr, takeHunk, nullptr, &stretches));
     return stretches;
 }
 
