@@ -129,7 +129,7 @@ void Compare::take(const ShownText& left, const ShownText& right) {
 }
 
 void Compare::Form_Load() {
-    if (rows_.empty()) lstLines_RowChange();
+    if (rows_.empty()) lstLines_Chosen();
     if (!rows_.empty()) lstLines.setSelectedRow(stretches_.empty() ? 0 : stretches_.front());
     lstLines.SetFocus();
 }
