@@ -73,7 +73,7 @@ void FileVersions::Form_Load() {
     lstVersions.SetFocus();
 }
 
-void FileVersions::lstVersions_RowChange() {
+void FileVersions::lstVersions_Chosen() {
     readChosen();
     setAllEnabled({&cmdLook, &cmdCompare, &cmdBring}, chosen_.has_value());
     lblDifference.setCaption(difference());

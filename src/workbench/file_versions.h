@@ -27,7 +27,7 @@ public:
                            {"When", "Size"},
                            {.doubleClicked = &FileVersions::cmdLook_Click,
                             .returnPressed = &FileVersions::cmdLook_Click,
-                            .rowChanged = &FileVersions::lstVersions_RowChange}};
+                            .chosen = &FileVersions::lstVersions_Chosen}};
     Label lblDifference{*this, "lblDifference"};
     Button cmdLook{*this, "cmdLook", "&Look", &FileVersions::cmdLook_Click};
     Button cmdCompare{*this, "cmdCompare", "Co&mpare", &FileVersions::cmdCompare_Click};
@@ -40,7 +40,7 @@ public:
 
 private:
     void Form_Load() override;
-    void lstVersions_RowChange();
+    void lstVersions_Chosen();
     void cmdLook_Click();
     void cmdCompare_Click();
     void cmdBring_Click();
