@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::time_t dayLength = 24 * 60 * 60;
+constexpr std::time_t dayLength = std::time_t{24} * 60 * 60;
 constexpr std::time_t today = 20'000 * dayLength;
 
 /// What is kept of a file, the newest first, a blank behind each.
