@@ -211,7 +211,8 @@ void EditControl::loadDecoded(const std::string& path) {
     const FileText file = readText(path);
     std::string_view text = file.decoded.text;
     loadAnew(text.size(), [&] { return std::exchange(text, {}); });
-    take(file);
+    takeKind(file.decoded);
+    fileStamp_ = file.stamp;
 }
 
 /// What has changed does not matter to a text that is begun anew; where there is none the old one goes on.
@@ -241,7 +242,8 @@ void EditControl::ReloadFile(const std::string& path) {
         const bool isBehind = caret >= position + removed;
         select(characterStart(isBehind ? caret - removed + inserted : std::min(caret, position + inserted)), 0);
         scrollToSelection();
-        take(file);
+        takeKind(file.decoded);
+        fileStamp_ = file.stamp;
         return true;
     });
 }
@@ -253,12 +255,17 @@ EditControl::FileText EditControl::readText(const std::string& path) {
     return read;
 }
 
-void EditControl::take(const FileText& file) {
+void EditControl::startFileText(const DecodedText& text, const std::optional<FileStamp>& stamp) {
+    startText(text.text);
+    takeKind(text);
+    fileStamp_ = stamp;
+}
+
+void EditControl::takeKind(const DecodedText& text) {
     LineEndCounts lineEnds;
-    lineEnds.add(file.decoded.text);
+    lineEnds.add(text.text);
     lineEnd_ = lineEnds.mostCommon();
-    encoding_ = file.decoded.encoding;
-    fileStamp_ = file.stamp;
+    encoding_ = text.encoding;
 }
 
 bool EditControl::SaveFile(const std::string& path, const std::optional<ContentHash>& expected) {

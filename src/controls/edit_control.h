@@ -86,6 +86,8 @@ public:
     /// text round it does. Keeps the file's encoding and line end. Throws what readFile throws, and then nothing has
     /// changed.
     void ReloadFile(const std::string& path);
+    /// Begins with the text of a file that held it, or is to hold it: keeps its encoding and line end, and the stamp.
+    void startFileText(const DecodedText& text, const std::optional<FileStamp>& stamp);
     /// The file as it was when it was loaded or saved last; nothing before that.
     const std::optional<FileStamp>& fileStamp() const { return fileStamp_; }
     void setFileStamp(const std::optional<FileStamp>& stamp) { fileStamp_ = stamp; }
@@ -185,7 +187,7 @@ private:
         FileStamp stamp;
     };
     static FileText readText(const std::string& path);
-    void take(const FileText& file);
+    void takeKind(const DecodedText& text);
     const TextSearch& searchFor(std::string_view text, SearchOptions options);
     void enterBatch();
     void leaveBatch();

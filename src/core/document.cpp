@@ -11,6 +11,7 @@
 #include "controls/mouse_press.h"
 #include "controls/web_browser.h"
 #include "core/disk_changes.h"
+#include "core/journal_list.h"
 #include "core/recent_files.h"
 #include "core/save_over.h"
 #include "core/versions.h"
@@ -116,22 +117,20 @@ void CDocument::editWindow_Load() {
     }
 }
 
-Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
+/// @param path  of its file; "" for one that gets the next untitled name
+template <typename Load>
+Outcome CDocument::begin(const std::string& path, const Load& load) {
     try {
-        SourceRTB().LoadFile(path);
+        load();
         window_->showSource();
         docTabStrip_.add(strUniqueID_, longFileName_ + strUniqueID_);
         docTabStrip_.setTag(strUniqueID_, strUniqueID_);
         documentManager_.add(shared_from_this());
-        isUntitled_ = isUntitled;
-        if (isUntitled) {
-            longFileName_ = shortFileName_ = "Untitled " + std::to_string(untitledCount_);
-            SourceRTB().setEncoding(Encoding::utf8);
-        }
-        applyFileName(isUntitled ? longFileName_ : path);
+        isUntitled_ = path.empty();
+        applyFileName(isUntitled_ ? "Untitled " + std::to_string(untitledCount_) : path);
         mainForm().mdi.show(*window_);
         isSaved_ = true;
-        journal_.start(!isUntitled);
+        journal_.start(!isUntitled_);
         showSavedState();
         return Outcome::done();
     } catch (const std::exception&) {
@@ -139,6 +138,30 @@ Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
         isSaved_ = true;
         return loggedFailure(currentError());
     }
+}
+
+Outcome CDocument::OpenDoc(const std::string& path, bool isUntitled) {
+    return begin(isUntitled ? "" : path, [&] {
+        SourceRTB().LoadFile(path);
+        if (isUntitled) SourceRTB().setEncoding(Encoding::utf8);
+    });
+}
+
+Outcome CDocument::OpenLeft(LeftJournal& journal) {
+    JournalContent content;
+    Outcome opened = begin(journal.header.isUntitled ? "" : journal.header.name, [&] {
+        content = readLeftJournal(journal);
+        if (content.fault != JournalFault::none)
+            throw Error(error_number::inputPastEnd, "A journal without a text", causeOf(content.fault));
+        const Encoding encoding = content.save ? content.save->encoding : content.header.encoding;
+        const auto stamp = fileSeen(content);
+        SourceRTB().startFileText({std::move(content.text), encoding}, stamp);
+    });
+    if (!opened) return opened;
+    journal_.adopt(std::move(journal.file), journal.path, content);
+    isSaved_ = false;
+    showSavedState();
+    return opened;
 }
 
 void CDocument::applyFileName(const std::string& name) {

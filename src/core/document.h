@@ -18,6 +18,7 @@
 namespace kelvor {
 
 class CDocument;
+struct LeftJournal;
 
 /// What a document asks of the collection that owns it.
 class DocumentOwner {
@@ -54,6 +55,9 @@ public:
     /// @param isUntitled  the text only: the document gets the next untitled name
     /// @return failed when the file cannot be read; the document is then to be closed
     Outcome OpenDoc(const std::string& path, bool isUntitled);
+    /// The same with the text that was left in a journal: changed, not saved, and kept on in that journal.
+    /// @param journal  taken over when it succeeds
+    Outcome OpenLeft(LeftJournal& journal);
     /// Writes the text over the file, in the encoding that it came in. A character that the encoding lacks brings up
     /// the question whether to save as UTF-8; the document's own file that holds what the document has not seen,
     /// whether to overwrite it.
@@ -117,6 +121,8 @@ private:
     void Text1_Change();
     void Text1_SelChange();
     void Text1_KeyDown(KeyPress& key);
+    template <typename Load>
+    Outcome begin(const std::string& path, const Load& load);
     void applyFileName(const std::string& name);
     bool saveBeforeClosing();
     std::optional<Outcome> writeText(const std::string& path, const std::optional<ContentHash>& expected = {});

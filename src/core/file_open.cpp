@@ -4,6 +4,7 @@
 #include "base/event.h"
 #include "core/document.h"
 #include "core/document_manager.h"
+#include "core/journal_list.h"
 #include "core/recent_files.h"
 #include "core/virtual_directories.h"
 #include "files/paths.h"
@@ -40,6 +41,19 @@ void giveUp(CDocument& document) {
     if (!hasManyMdiChildren()) disableMenuItems();
 }
 
+/// @param open  gives the document its text
+template <typename Open>
+Outcome openNew(const Open& open) {
+    const EventScope scope;
+    const auto document = newDocument();
+    Outcome opened = open(*document);
+    if (!opened) {
+        giveUp(*document);
+        retire(document);
+    }
+    return opened;
+}
+
 void openOne(const std::string& path) {
     if (const Outcome opened = fileOpen(path, false)) {
         updateOpenFileCollection();
@@ -56,12 +70,17 @@ Outcome fileOpen(const std::string& path, bool isUntitled) {
         tellNoSuchFile(path);
         return Outcome::failed();
     }
-    const EventScope scope;
-    const auto document = newDocument();
-    Outcome opened = document->OpenDoc(path, isUntitled);
-    if (!opened) {
-        giveUp(*document);
-        retire(document);
+    return openNew([&](CDocument& document) { return document.OpenDoc(path, isUntitled); });
+}
+
+Outcome openLeftText(LeftJournal& journal) {
+    const DisabledFrame disabled;
+    Outcome opened = openNew([&](CDocument& document) { return document.OpenLeft(journal); });
+    if (!opened) return opened;
+    if (journal.header.isUntitled) {
+        mainForm().increaseUntitledCount();
+    } else {
+        updateOpenFileCollection();
     }
     return opened;
 }

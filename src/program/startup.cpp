@@ -29,6 +29,7 @@
 #include "support/user_settings.h"
 #include "workbench/document_assistant.h"
 #include "workbench/quick_file.h"
+#include "workbench/recovered_texts.h"
 
 namespace kelvor {
 
@@ -136,6 +137,7 @@ bool startKelvor() {
         for (const auto step : steps) step();
     });
     platform().windows.showModeless(frame, false);
+    guarded(offerLeftTexts);
     return true;
 }
 

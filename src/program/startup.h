@@ -3,7 +3,8 @@
 
 namespace kelvor {
 
-/// Loads the frame, runs the steps of the start in their order and shows it.
+/// Loads the frame, runs the steps of the start in their order and shows it;
+/// then offers what earlier copies have left unsaved.
 /// @return false when another copy is running already; the user has been told
 bool startKelvor();
 

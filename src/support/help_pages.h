@@ -56,6 +56,7 @@ inline constexpr auto helpPages = std::to_array<HelpPage>({
     {"frmLook", "", "73.html"},
     {"frmSaveOver", "", "71.html"},
     {"frmTakeBack", "", "74.html"},
+    {"frmRecovered", "", "70.html"},
     {"preferences", "0", "7.html"},
     {"preferences", "1", "8.html"},
     {"preferences", "2", "9.html"},

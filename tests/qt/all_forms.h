@@ -34,6 +34,7 @@
 #include "workbench/add_string.h"
 #include "workbench/file_versions.h"
 #include "workbench/preferences.h"
+#include "workbench/recovered_texts.h"
 #include "workbench/scratch_pad.h"
 
 namespace kelvor::qt {
@@ -51,7 +52,7 @@ struct FormList {
 using AllForms = FormList<About, AddBrowser, AddString, Preferences, CaseChange, Compare, Convert, DateTimeDialog,
                           DryRun, EditWindow, ExtendedFind, Find, FileVersions, FindReplace, FormatDocument, FormOpen,
                           FormSelect, FormTextArea, FormTextBox, ImageAssistant, LinkManager, Look, MDIForm1, Multi,
-                          NameAnchorFile, NamedLinks, SaveOver, ScratchPad, ScriptAssistant, SpecialCharacterInsertion,
-                          TableWizard, Tags, TakeBack, TemplateHolder, TextFormat>;
+                          NameAnchorFile, NamedLinks, RecoveredTexts, SaveOver, ScratchPad, ScriptAssistant,
+                          SpecialCharacterInsertion, TableWizard, Tags, TakeBack, TemplateHolder, TextFormat>;
 
 }  // namespace kelvor::qt
