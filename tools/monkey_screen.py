@@ -107,13 +107,13 @@ class Screen:
         self.processes.append(process)
         return process
 
-    def start_display(self):
+    def start_display(self, *options):
         reader, writer = os.pipe()
         self.environment = {"PATH": os.environ["PATH"]}
         # Without -noreset the server begins anew, and throws out who is just coming, whenever the last program leaves it.
         # With -r no key repeats itself, however late it is let go.
         self.display = self.start(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp", "-noreset", "-r",
-                                   "-screen", "0", "{}x{}x24".format(*DISPLAY_SIZE)], pass_fds=(writer,))
+                                   "-screen", "0", "{}x{}x24".format(*DISPLAY_SIZE), *options], pass_fds=(writer,))
         os.close(writer)
         with open(reader, encoding="ascii") as answer:
             number = answer.readline().strip()
@@ -121,7 +121,7 @@ class Screen:
         self.environment = {
             "PATH": work + "/bin", "HOME": work + "/home", "TMPDIR": work + "/tmp", "XDG_RUNTIME_DIR": work + "/runtime",
             "XDG_CONFIG_HOME": work + "/config", "XDG_DATA_HOME": work + "/data", "XDG_CACHE_HOME": work + "/cache",
-            "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "DISPLAY": ":" + number}
+            "XDG_STATE_HOME": work + "/state", "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "DISPLAY": ":" + number}
         self.start([shutil.which("openbox")])
         self.wait("the window manager did not start", lambda: self.press("get_num_desktops"))
 
@@ -154,14 +154,14 @@ class Screen:
     def is_shown(self, title):
         return bool(self.press("search", "--onlyvisible", "--name", f"^{title}$"))
 
-    def wait(self, otherwise, holds, seconds=PATIENCE_SECONDS):
+    def wait(self, otherwise, holds, seconds=PATIENCE_SECONDS, pause=0.05):
         """Waits until `holds()`; a Failure otherwise, or as soon as the program has crashed."""
         end = time.monotonic() + seconds
         while not holds():
             self.check_alive()
             if time.monotonic() > end:
                 raise Failure(otherwise)
-            time.sleep(0.05)
+            time.sleep(pause)
 
     def check_alive(self):
         if self.editor and self.editor.poll() not in (None, 0):

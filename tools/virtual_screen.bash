@@ -64,8 +64,8 @@ start_screen() {
     # into bin.
     mkdir -m 700 "$work/home" "$work/runtime" "$work/bin"
     private=(env -i PATH="$work/bin:$PATH" HOME="$work/home" XDG_RUNTIME_DIR="$work/runtime"
-        XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME="$work/cache" LANG=C.UTF-8
-        DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb)
+        XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME="$work/cache"
+        XDG_STATE_HOME="$work/state" LANG=C.UTF-8 DISPLAY="$DISPLAY" QT_QPA_PLATFORM=xcb)
     "${private[@]}" openbox > /dev/null 2>&1 &
     started+=($!)
     await "the window manager did not start" xdotool get_num_desktops
