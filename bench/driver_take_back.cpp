@@ -12,11 +12,10 @@ namespace {
 /// From the first look at the files to the last one put back; the result is what the form then says of them.
 TaskResult takeBackTask(const std::vector<std::string>& arguments) {
     BatchDirectory batches;
-    const auto number = batches.latest();
-    const auto record = batches.record(number);
-    if (!record) return {.result = "none"};
+    const auto run = batches.latest();
+    if (!run) return {.result = "none"};
     TakeBack& form = toolForm<TakeBack>();
-    form.setRun(std::move(batches), number, *record);
+    form.setRun(std::move(batches), *run);
     form.load();
     std::optional<Unflushed> unflushed;
     if (arguments.at(0) == "unflushed") unflushed.emplace();

@@ -37,6 +37,7 @@ OpenFile lockedFile(const std::string& path) {
     return lock;
 }
 
+/// The numbers that are names of directories in it, the highest first.
 std::vector<std::uint64_t> numbersIn(const std::string& directory) {
     std::vector<std::uint64_t> numbers;
     visitEntries(directory, [&](const ListedEntry& entry) {
@@ -46,6 +47,7 @@ std::vector<std::uint64_t> numbersIn(const std::string& directory) {
         if (failure == std::errc() && end == name.data() + name.size() && number > 0) numbers.push_back(number);
         return true;
     });
+    std::sort(numbers.rbegin(), numbers.rend());
     return numbers;
 }
 
@@ -72,9 +74,15 @@ void removeFlat(const std::string& path, const Step& step) {
 BatchDirectory::BatchDirectory() : path_(privateDirectory("batch")), lock_(lockedFile(joinPath(path_, "lock"))) {
 }
 
-std::uint64_t BatchDirectory::latest() const {
+std::uint64_t BatchDirectory::highest() const {
     const auto numbers = numbersIn(path_);
-    return numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
+    return numbers.empty() ? 0 : numbers.front();
+}
+
+std::optional<RecordedRun> BatchDirectory::latest() const {
+    for (const std::uint64_t number : numbersIn(path_))
+        if (auto known = record(number)) return RecordedRun{number, std::move(*known)};
+    return std::nullopt;
 }
 
 std::string BatchDirectory::pathOf(std::uint64_t number) const {
@@ -85,6 +93,7 @@ std::string BatchDirectory::recordPathOf(std::uint64_t number) const {
     return joinPath(pathOf(number), recordName);
 }
 
+/// Nothing when there is none, or none that can be read.
 std::optional<BatchRecord> BatchDirectory::record(std::uint64_t number) const {
     try {
         return readRecord(readFile(recordPathOf(number)));

@@ -12,6 +12,11 @@
 
 namespace kelvor {
 
+struct RecordedRun {
+    std::uint64_t number = 0;
+    BatchRecord record;
+};
+
 /// The directory of the runs whose old files are kept, each in a directory of its own, named by a number that grows.
 /// Whoever holds it is the only one, in all copies of the program.
 class BatchDirectory {
@@ -19,21 +24,22 @@ public:
     /// Throws Error when it cannot be made, 70 when another holds it.
     BatchDirectory();
 
-    /// The number of the latest run, 0 for none.
-    std::uint64_t latest() const;
+    /// The highest number in use, 0 for none.
+    std::uint64_t highest() const;
+    /// The latest run that has a record; one that was killed before it began has none.
+    std::optional<RecordedRun> latest() const;
     /// The directory of a run.
     std::string pathOf(std::uint64_t number) const;
     /// Where its record stands.
     std::string recordPathOf(std::uint64_t number) const;
-    /// Its record; nothing when there is none, or none that can be read.
-    std::optional<BatchRecord> record(std::uint64_t number) const;
-
     /// Throws away what is kept of the run. What does not go stays until the next time.
     void remove(std::uint64_t number, const Step& step) const;
     /// The same for all runs but one.
     void removeAllBut(std::uint64_t number, const Step& step) const;
 
 private:
+    std::optional<BatchRecord> record(std::uint64_t number) const;
+
     std::string path_;
     OpenFile lock_;
 };

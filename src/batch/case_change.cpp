@@ -20,7 +20,6 @@ namespace kelvor {
 
 namespace {
 
-constexpr const char* temporaryName = "case.$$$";
 const std::string noDirectory = "(double click to select folder)";
 
 /// Choices of optWhere.
@@ -236,7 +235,7 @@ Outcome CaseChange::changeLinksOfFile(const std::string& fileName, const std::st
     if (!bytes) throw notInEncoding(fileName);
     const auto file = readForReplacement(fileName);
     if (rtbHidden_.fileStamp() && file.hash != rtbHidden_.fileStamp()->hash) throw changedMeanwhile(fileName);
-    const std::string temporary = getTempDir() + temporaryName;
+    const std::string temporary = getTempDir() + caseChangeTemporary;
     clearTemporary(temporary);
     return kept.replace(file, *bytes, temporary, flusher_, pumpEvents);
 }

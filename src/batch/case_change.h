@@ -24,6 +24,9 @@
 
 namespace kelvor {
 
+/// The name of its temporary file.
+inline constexpr const char* caseChangeTemporary = "case.$$$";
+
 /// The File/URL Reference Case Changer: brings the quoted values of chosen attributes to one case, in the active
 /// document, in listed files or in the files of a directory. The old files are kept, so that a run can be taken back.
 class CaseChange : public ToolDialog {

@@ -128,7 +128,7 @@ KeptFiles::Disks KeptFiles::survey(const Step& step) const {
 void KeptFiles::begin(const Step& step) {
     batches_.emplace();
     disks_ = survey(step);
-    number_ = batches_->latest() + 1;
+    number_ = batches_->highest() + 1;
     privateDirectory("batch/" + std::to_string(number_));
     record_.emplace(createPrivateFile(batches_->recordPathOf(number_)));
     append(recordOf(run_));

@@ -4,6 +4,9 @@
 #include <utility>
 
 #include "base/error.h"
+#include "base/event.h"
+#include "batch/case_change.h"
+#include "files/file_replace.h"
 #include "files/temporary_directory.h"
 #include "frame/tool_forms.h"
 #include "platform/platform.h"
@@ -34,6 +37,12 @@ std::string describe(const BatchRun& run, std::size_t files) {
            ", files changed: " + std::to_string(files) + " of " + std::to_string(run.planned);
 }
 
+/// What killed processes have left; it is of no use once all files are old.
+void removeLeftBehind() {
+    for (const char* name : {temporaryName, caseChangeTemporary})
+        for (const std::string& path : abandonedTemporaries(name)) removeAbandonedTemporary(path);
+}
+
 void tell(const std::string& text, const std::string& cause = {}) {
     platform().dialogs.message({.text = text, .cause = cause, .title = formTitle, .icon = MessageIcon::information});
 }
@@ -41,9 +50,11 @@ void tell(const std::string& text, const std::string& cause = {}) {
 }  // namespace
 
 TakeBack::TakeBack() : ToolDialog("frmTakeBack", formTitle, AtEnd::focusDocument) {
+    cmdClose.setDefault(true);
 }
 
-void TakeBack::setRun(BatchDirectory batches, std::uint64_t number, const BatchRecord& record) {
+void TakeBack::setRun(BatchDirectory batches, const RecordedRun& run) {
+    const auto& [number, record] = run;
     batches_.emplace(std::move(batches));
     number_ = number;
     files_ = changedFiles(record);
@@ -98,7 +109,9 @@ void TakeBack::putFilesBack() {
         show(row, putBack(files_[row], getTempDir() + temporaryName, flusher, pumpEvents));
         ProgressBar1.setValue(static_cast<int>(done + 1));
     }
-    if (count(FileState::isOld) == files_.size()) batches_->remove(number_, pumpEvents);
+    if (count(FileState::isOld) != files_.size()) return;
+    batches_->remove(number_, pumpEvents);
+    guarded(removeLeftBehind);
 }
 
 void TakeBack::show(std::size_t row, const FileLook& look) {
@@ -120,17 +133,16 @@ void TakeBack::showCounts() {
 
 void mnuTools_TakeBack_Click() {
     std::optional<BatchDirectory> batches;
-    std::optional<BatchRecord> record;
+    std::optional<RecordedRun> run;
     try {
         batches.emplace();
-        record = batches->record(batches->latest());
+        run = batches->latest();
     } catch (const Error& error) {
         return tell("The old files of the last batch cannot be reached.", error.cause());
     }
-    if (!record) return tell("There is no batch that could be taken back.");
+    if (!run) return tell("There is no batch that could be taken back.");
     TakeBack& form = toolForm<TakeBack>();
-    const std::uint64_t number = batches->latest();
-    form.setRun(std::move(*batches), number, *record);
+    form.setRun(std::move(*batches), *run);
     openToolForm(form, ShowMode::modal);
 }
 

@@ -35,7 +35,7 @@ public:
     Button cmdHelp{*this, "cmdHelp", "&Help", &TakeBack::showHelp};
 
     /// What is to be shown; to be told before the form is loaded.
-    void setRun(BatchDirectory batches, std::uint64_t number, const BatchRecord& record);
+    void setRun(BatchDirectory batches, const RecordedRun& run);
 
 private:
     void Form_Activate() override;

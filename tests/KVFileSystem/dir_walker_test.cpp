@@ -68,6 +68,8 @@ TEST_F(Walk, DeliversEveryRegularFileAndNothingElse) {
             all.push_back(directory + name);
         }
     std::sort(all.begin(), all.end());
+    makeDirectory(".kelvor-kept-0123");
+    tree.write(".kelvor-kept-0123/old.txt", "");
     EXPECT_EQ(found("*.txt", 1).size(), odd.size());
     EXPECT_EQ(found("*.txt"), all);
 
