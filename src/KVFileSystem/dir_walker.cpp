@@ -12,8 +12,6 @@
 #include <utility>
 #include <vector>
 
-#include "files/private_directory.h"
-
 namespace kelvor {
 
 namespace {

@@ -3,8 +3,13 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace kelvor {
+
+/// What the names of hidden directories begin with that the program makes for a time beside the user's own files. They
+/// are no part of any tree that a tool works on.
+inline constexpr std::string_view keptDirectoryPrefix = ".kelvor-kept-";
 
 /// Finds files in a directory tree by their names. Names and paths are bytes as the disk holds them.
 class DirWalker {

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "KVFileSystem/dir_walker.h"
 #include "base/error.h"
 #include "base/event.h"
 #include "batch/kept_size.h"

@@ -44,7 +44,8 @@ void makePrivate(const std::string& path) {
 
 std::string privateDirectory(std::string_view name) {
     const std::string top = stateDirectory();
-    if (top.empty()) throw Error(error_number::pathNotFound, "There is no home directory", "There is no home directory.");
+    if (top.empty())
+        throw Error(error_number::pathNotFound, "There is no home directory", "There is no home directory.");
     // Where it cannot be made, making the directory in it tells why.
     std::error_code failure;
     std::filesystem::create_directories(std::filesystem::path(top).parent_path(), failure);

@@ -8,10 +8,6 @@
 
 namespace kelvor {
 
-/// What the names of hidden directories begin with that the program makes for a time beside the user's own files. They
-/// are no part of any tree that a tool works on.
-inline constexpr std::string_view keptDirectoryPrefix = ".kelvor-kept-";
-
 /// A directory of the user's own in stateDirectory(), made when it is missing, that nobody else may enter (mode 0700).
 /// A link of the user's own to such a directory is followed. Throws Error when there is no home, when it cannot be
 /// made, and when what stands there is no directory or belongs to another user.
