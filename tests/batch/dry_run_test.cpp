@@ -54,6 +54,7 @@ protected:
         return text;
     }
 
+    const ScopedDirectories withState{files.program(), files.path("settings"), files.path("state")};
     Multi& form = toolForm<Multi>();
     std::string caption;
 };
