@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "core/save_over.h"
 #include "files/compressed.h"
 #include "files/places.h"
 #include "tests/kit/faults.h"
@@ -52,6 +53,7 @@ TEST_F(Versions, AreKeptOfWhatEachSaveWritesOverOnceTheyAreSwitchedOn) {
     EXPECT_EQ(keptOf(path), "four three\xC3\xA9 two ") << "the same bytes once";
     // Another program's write is a version too, and so is what stood at another name.
     files.write("page.htm", "\xFF\xFE");
+    platform.expectModal([](Form& form) { dynamic_cast<SaveOver&>(form).cmdOverwrite.click(); });
     save(document, "six");
     EXPECT_EQ(keptOf(path), "\xFF\xFE four three\xC3\xA9 two ");
     const auto other = files.write("other.htm", "old");
