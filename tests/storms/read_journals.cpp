@@ -3,6 +3,7 @@
 // a line what the text is or why there is none, the file, and the name of its document.
 
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -11,7 +12,7 @@
 int main(int argumentCount, char** arguments) {
     using namespace kelvor;
     if (argumentCount != 2) return 2;
-    const std::string directory = arguments[1];
+    const std::filesystem::path directory = arguments[1];
     try {
         int number = 0;
         for (const auto& journal : findLeftJournals().newest) {
@@ -21,7 +22,7 @@ int main(int argumentCount, char** arguments) {
                                      : content.save                      ? "being saved"
                                                                          : "text";
             const std::string file = std::to_string(++number);
-            std::ofstream(directory + "/" + file, std::ios::binary) << content.text;
+            std::ofstream(directory / file, std::ios::binary) << content.text;
             std::cout << kind << '\t' << file << '\t' << journal->header.name << '\t' << causeOf(content.fault) << '\n';
         }
     } catch (const std::exception& error) {
