@@ -188,7 +188,8 @@ TEST_F(JournalOf, WhatCouldNotBeWrittenIsWrittenLaterThoughNothingIsTyped) {
 
 TEST_F(JournalOf, AStateDirectoryThatIsNoneStopsNobody) {
     files.write("state", "");
-    for (const auto& [place, told] : {std::pair{files.path("state"), ": The folder does not exist."}, {"", ""}}) {
+    for (const auto& [place, told] :
+         {std::pair{files.path("state"), ": The folder does not exist."}, {"", ": There is no home directory."}}) {
         const ScopedDirectories inForce(files.program(), files.path("settings"), place);
         open("a.htm", "old");
         type("new");

@@ -27,7 +27,8 @@ protected:
         EXPECT_EQ(bar, source     ? "&File &Edit &Link &Tools For&mat Text Tool&bars &View &Window &Help "
                        : document ? "&File &Tools Tool&bars &View &Window &Help "
                                   : "&File &Tools Tool&bars &View &Help ");
-        std::set<std::string> wanted = {"mnuFile_Print"};
+        // The row of versions is for the opening menu to say.
+        std::set<std::string> wanted = {"mnuFile_Print", "mnuFile_Versions"};
         if (!source)
             wanted.insert({"mnuEdit", "mnuFile_Close", "mnuFile_CloseAll", "mnuFile_Save", "mnuFile_SaveAll",
                            "mnuFile_SaveAs", "mnuInsert_Image", "mnuInsert_Link", "mnuInsert_Scripts",
