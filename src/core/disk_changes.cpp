@@ -1,29 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/disk_changes.h"
 
-#include <exception>
-#include <optional>
 #include <string>
 
-#include "base/event.h"
-#include "core/compare.h"
 #include "core/document.h"
 #include "core/document_manager.h"
-#include "files/files.h"
+#include "core/file_on_disk.h"
+#include "files/file_stamp.h"
 #include "frame/main_frame.h"
 #include "support/messages.h"
-#include "support/report_error.h"
 #include "text/shown_name.h"
-#include "text/text_encoding.h"
 
 namespace kelvor {
 
 namespace {
-
-const ContentHash& hashOfNothing() {
-    static const ContentHash hash = hashOf({});
-    return hash;
-}
 
 std::string wordsFor(DiskState state) {
     switch (state) {
@@ -60,50 +50,10 @@ void goOn(CDocument& document) {
 
 }  // namespace
 
-DiskState lookAtDisk(const CDocument& document) {
-    if (document.IsUntitled()) return DiskState::same;
-    auto known = document.SourceRTB().fileStamp();
-    if (!known) return stampNow(document.LongFileName()) ? DiskState::replaced : DiskState::same;
-    const DiskState state = lookAgain(*known, document.LongFileName());
-    if (state == DiskState::same) document.SourceRTB().setFileStamp(known);
-    return state;
-}
-
-DiskContents contentsOnDisk(const CDocument& document) {
-    switch (lookAtDisk(document)) {
-        case DiskState::same: {
-            const auto& known = document.SourceRTB().fileStamp();
-            return {.hash = known ? known->hash : hashOfNothing()};
-        }
-        case DiskState::gone:
-            return {.hash = hashOfNothing()};
-        default:
-            return newsOnDisk(document);
-    }
-}
-
-DiskContents newsOnDisk(const CDocument& document) {
-    try {
-        return {.hash = readStamp(document.LongFileName()).hash, .isNews = true};
-    } catch (const std::exception&) {
-        return {};
-    }
-}
-
-void compareWithDisk(const CDocument& document) {
-    const std::string name = shownName(document.ShortFileName());
-    try {
-        const std::string onDisk = decode(readFile(document.LongFileName())).text;
-        compareTexts({name + " on the disk", onDisk}, {name + " in the editor", document.SourceRTB().text()});
-    } catch (const std::exception&) {
-        reportOpenError(document.LongFileName(), loggedFailure(currentError()).cause());
-    }
-}
-
 void showDiskState() {
     if (!mainForm().mdi.activeForm()) return hideBar();
-    const CDocument& document = documentManager().currentDocument();
-    const DiskState state = lookAtDisk(document);
+    CDocument& document = documentManager().currentDocument();
+    const DiskState state = document.lookAtDisk();
     if (state == DiskState::same) return hideBar();
     showBar(document, state);
 }
@@ -117,7 +67,7 @@ void cmdDiskReload_Click() {
 
 void cmdDiskCompare_Click() {
     CDocument& document = documentManager().currentDocument();
-    compareWithDisk(document);
+    compareWithDisk(document.SourceRTB(), document.LongFileName());
     goOn(document);
 }
 

@@ -10,7 +10,7 @@
 #include "controls/key_press.h"
 #include "controls/mouse_press.h"
 #include "controls/web_browser.h"
-#include "core/disk_changes.h"
+#include "core/file_on_disk.h"
 #include "core/journal_list.h"
 #include "core/recent_files.h"
 #include "core/save_over.h"
@@ -90,6 +90,11 @@ Event<>& CDocument::rightPressed() {
 }
 
 Event<>& CDocument::closed() {
+    static Event<> event;
+    return event;
+}
+
+Event<>& CDocument::frontChanged() {
     static Event<> event;
     return event;
 }
@@ -206,20 +211,21 @@ Outcome CDocument::SaveDoc(const std::string& path) {
     // The user may have given the document another name meanwhile.
     applyFileName(isOwn ? std::string(longFileName_) : target);
     documentIsAsOnDisk();
-    showDiskState();
+    frontChanged().raise();
     return written;
 }
 
 /// Asks before what the document has not seen is written over, and again when the file has changed since.
 Outcome CDocument::writeOwnFile() {
-    DiskContents found = contentsOnDisk(*this);
+    DiskContents found = contentsOnDisk(SourceRTB(), longFileName_);
     while (true) {
-        const SaveOverChoice choice = found.isNews ? askSaveOver(*this) : SaveOverChoice{.act = SaveOverAct::overwrite};
+        const SaveOverChoice choice =
+            found.isNews ? askSaveOver(SourceRTB(), longFileName_) : SaveOverChoice{.act = SaveOverAct::overwrite};
         if (choice.act == SaveOverAct::saveAs) return saveElsewhere(choice.path);
         saveDeclined_ = choice.act == SaveOverAct::cancel;
         if (saveDeclined_) return Outcome::failed();
         if (auto written = writeText(longFileName_, found.hash)) return *written;
-        found = newsOnDisk(*this);
+        found = newsOnDisk(longFileName_);
     }
 }
 
@@ -247,6 +253,10 @@ Outcome CDocument::ReloadDoc() {
     // The page is the file's too.
     if (viewMode_ == view_mode::preview) ChangeMode(viewMode_);
     return Outcome::done();
+}
+
+DiskState CDocument::lookAtDisk() {
+    return isUntitled_ ? DiskState::same : lookAtFile(SourceRTB(), longFileName_);
 }
 
 void CDocument::documentIsAsOnDisk() {
@@ -298,7 +308,7 @@ void CDocument::editWindow_Activate() {
     ControlFunctionForMode(viewMode_);
     Text1_SelChange();
     SetDocFocus();
-    showDiskState();
+    frontChanged().raise();
 }
 
 void CDocument::showSavedState() const {
@@ -383,7 +393,7 @@ void CDocument::editWindow_Unload() {
     if (docTabStrip_.contains(strUniqueID_)) docTabStrip_.remove(strUniqueID_);
     documentManager_.remove(strUniqueID_);
     frame.mdi.remove(*window_);
-    showDiskState();
+    frontChanged().raise();
 }
 
 }  // namespace kelvor

@@ -13,6 +13,7 @@
 #include "editing/htmlkeys.h"
 #include "editing/rich_text_box.h"
 #include "files/content_hash.h"
+#include "files/file_stamp.h"
 #include "frame/edit_window.h"
 
 namespace kelvor {
@@ -70,6 +71,8 @@ public:
     bool saveDeclined() const { return saveDeclined_; }
     /// Tells in the frame's status bar whether the document is saved.
     void showSavedState() const;
+    /// What has become of the file since it was read, saved or accepted last; the same without a file.
+    DiskState lookAtDisk();
     /// Takes in what the file holds by now, as one step that can be undone.
     /// @return failed when it cannot be read; then nothing has changed
     Outcome ReloadDoc();
@@ -108,6 +111,8 @@ public:
     static Event<>& rightPressed();
     /// Raised when a document closes, whichever it is.
     static Event<>& closed();
+    /// Raised when another document may be in front, or another state of its file known.
+    static Event<>& frontChanged();
     /// Raised for the clipboard and undo chords: what Edit_Action is to do.
     static Event<EditAction>& editChord();
 

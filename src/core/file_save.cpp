@@ -26,7 +26,7 @@ namespace kelvor {
 
 namespace {
 
-/// The same with the flags of the dialog.
+/// Shows the save dialog, which offers a titled document's own name, and takes its directory; the chosen path.
 std::string askForName(const CDocument& document, int flags) {
     std::string path = pickSavePath(document.IsUntitled() ? "" : document.ShortFileName(), flags);
     lastDir = directoryPart(path);
@@ -61,11 +61,6 @@ void reportSomeNotSaved(const std::vector<std::string>& causes) {
 
 }  // namespace
 
-std::string askForName(const CDocument& document) {
-    using namespace dialog_flag;
-    return askForName(document, overwritePrompt | hideReadOnly | noReadOnlyReturn);
-}
-
 void saveFile(CDocument& document) {
     if (const Outcome saved = document.SaveDoc(document.LongFileName())) {
         mainForm().StatusBar1.setPanelText(panel::saved, "File Saved: Yes:");
@@ -91,9 +86,10 @@ void fileSaveAs(CDocument& document, const std::string& path) {
 }
 
 void cmdSaveAs() {
+    using namespace dialog_flag;
     try {
         CDocument& document = documentManager().currentDocument();
-        fileSaveAs(document, askForName(document));
+        fileSaveAs(document, askForName(document, overwritePrompt | hideReadOnly | noReadOnlyReturn));
     } catch (const Error& error) {
         if (error.number() == error_number::dialogCancelled) return;
         logError(error);

@@ -11,9 +11,6 @@ class CDocument;
 void fileSave(CDocument& document);
 /// Saves a document over its own file and tells a failure.
 void saveFile(CDocument& document);
-/// Asks for the name of a save; a titled document's own is offered, and the chosen path's directory becomes `lastDir`.
-/// Throws Error 32755 when the user cancels.
-std::string askForName(const CDocument& document);
 /// Asks for a name and saves the current document under it. Cancel changes nothing.
 void cmdSaveAs();
 /// Saves under a name, enters it in the recent list, or tells the failure.

@@ -8,7 +8,7 @@
 
 namespace kelvor {
 
-class CDocument;
+class EditControl;
 
 /// What the user wants of a save over a file that another program has written meanwhile.
 enum class SaveOverAct { cancel, overwrite, saveAs };
@@ -31,19 +31,20 @@ public:
     Button cmdCompare{*this, "cmdCompare", "&Compare", &SaveOver::cmdCompare_Click};
     Button cmdCancel{*this, "cmdCancel", "Cancel", &SaveOver::unload};
 
-    /// Asks about a document's file, and returns when that is answered.
-    SaveOverChoice ask(const CDocument& document);
+    /// Asks about a text's file, and returns when that is answered.
+    SaveOverChoice ask(const EditControl& text, const std::string& path);
 
 private:
     void cmdOverwrite_Click();
     void cmdSaveAs_Click();
     void cmdCompare_Click();
 
-    const CDocument* document_ = nullptr;
+    const EditControl* text_ = nullptr;
+    std::string path_;
     SaveOverChoice choice_;
 };
 
-/// Asks what is to become of a save over a document's file.
-SaveOverChoice askSaveOver(const CDocument& document);
+/// Asks what is to become of a save of a text over its file.
+SaveOverChoice askSaveOver(const EditControl& text, const std::string& path);
 
 }  // namespace kelvor

@@ -282,6 +282,7 @@ void connectDocuments() {
         checkSelText();
         popUp("mnuRClick");
     });
+    static const Connection front = CDocument::frontChanged().connectScoped(showDiskState);
     static const Connection chords = CDocument::editChord().connectScoped(Edit_Action);
 }
 
