@@ -14,6 +14,7 @@
 
 #include "base/error.h"
 #include "files/file_error.h"
+#include "files/file_stamp.h"
 #include "files/files.h"
 #include "files/listing.h"
 #include "files/paths.h"
@@ -51,6 +52,17 @@ std::vector<std::uint64_t> numbersIn(const std::string& directory) {
     return numbers;
 }
 
+/// One that was killed or refused before that has thrown no earlier run away.
+bool hasChangedAFile(const BatchRecord& record) {
+    return std::any_of(record.files.begin(), record.files.end(), [](const KeptFile& file) {
+        try {
+            return readStamp(file.path).hash != file.before;
+        } catch (const Error&) {
+            return true;
+        }
+    });
+}
+
 /// Removes the files of a directory of the user's own, and then that; links to directories are left alone.
 void removeFlat(const std::string& path, const Step& step) {
     struct stat status {};
@@ -80,9 +92,14 @@ std::uint64_t BatchDirectory::highest() const {
 }
 
 std::optional<RecordedRun> BatchDirectory::latest() const {
-    for (const std::uint64_t number : numbersIn(path_))
-        if (auto known = record(number)) return RecordedRun{number, std::move(*known)};
-    return std::nullopt;
+    std::optional<RecordedRun> newest;
+    for (const std::uint64_t number : numbersIn(path_)) {
+        auto known = record(number);
+        if (!known) continue;
+        if (hasChangedAFile(*known)) return RecordedRun{number, std::move(*known)};
+        if (!newest) newest = RecordedRun{number, std::move(*known)};
+    }
+    return newest;
 }
 
 std::string BatchDirectory::pathOf(std::uint64_t number) const {

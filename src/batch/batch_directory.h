@@ -26,7 +26,8 @@ public:
 
     /// The highest number in use, 0 for none.
     std::uint64_t highest() const;
-    /// The latest run that has a record; one that was killed before it began has none.
+    /// The latest run that has a record and of whose files any is not as it was before; when there is none of that
+    /// kind, the latest that has a record.
     std::optional<RecordedRun> latest() const;
     /// The directory of a run.
     std::string pathOf(std::uint64_t number) const;

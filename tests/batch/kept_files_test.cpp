@@ -209,6 +209,12 @@ TEST_F(Keeping, ThrowsTheEarlierRunAwayWithTheFirstFileWritten) {
     const std::string earlier = lastRecord()->files.at(0).keptAs;
     EXPECT_EQ(change({page}, "2"), "") << "the bytes that it has";
     EXPECT_TRUE(fs::exists(earlier));
+    {
+        const auto noRename = failing(&SystemCalls::rename, EIO);
+        EXPECT_NE(errorOf([&] { change({page}, "3"); }), "");
+    }
+    EXPECT_EQ(lastRecord()->files.at(0).keptAs, earlier) << "none was written";
+    fs::remove(temporaries / "temp.$$$");
     EXPECT_EQ(change({page, other, page}, "3"), "");
     EXPECT_FALSE(fs::exists(earlier));
     // One that was killed before it began is none.
