@@ -27,7 +27,7 @@ public:
     EditControl& rtbRight{addEditControl("rtbRight")};
     Button cmdNext{*this, "cmdNext", "&Next Difference", &Compare::cmdNext_Click};
     Button cmdPrevious{*this, "cmdPrevious", "&Previous Difference", &Compare::cmdPrevious_Click};
-    Button cmdClose{*this, "cmdClose", "&Close", &Compare::cmdClose_Click};
+    Button cmdClose{*this, "cmdClose", "&Close", &Compare::unload};
     Button cmdHelp{*this, "cmdHelp", "&Help", &Compare::showHelp};
 
     /// To be told before the window is made.
@@ -38,7 +38,6 @@ private:
     void lstLines_Chosen();
     void cmdNext_Click();
     void cmdPrevious_Click();
-    void cmdClose_Click() { unload(); }
 
     void showRow(const DifferenceRow& row);
 

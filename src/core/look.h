@@ -13,7 +13,7 @@ public:
     Look();
 
     EditControl& rtbText{addEditControl("rtbText")};
-    Button cmdClose{*this, "cmdClose", "&Close", &Look::cmdClose_Click};
+    Button cmdClose{*this, "cmdClose", "&Close", &Look::unload};
     Button cmdHelp{*this, "cmdHelp", "&Help", &Look::showHelp};
 
     /// To be told before the window is made.
@@ -21,7 +21,6 @@ public:
 
 private:
     void Form_Load() override { rtbText.SetFocus(); }
-    void cmdClose_Click() { unload(); }
 };
 
 /// Shows a text until the window is closed, above whatever window has the input.

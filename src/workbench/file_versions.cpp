@@ -7,6 +7,7 @@
 #include "base/error.h"
 #include "base/event.h"
 #include "controls/control.h"
+#include "controls/edit_control.h"
 #include "controls/menu_item.h"
 #include "core/compare.h"
 #include "core/document_manager.h"
@@ -42,6 +43,21 @@ std::string linesText(int count) {
 /// Whether the source of a document that has a file is in front.
 bool hasFileInFront() {
     return mainForm().menu("mnuFile_Save").enabled() && !documentManager().currentDocument().IsUntitled();
+}
+
+/// Makes a text of another one by one step that can be undone; the caret goes to where it has changed. Nothing when the
+/// two are the same.
+void changeInto(EditControl& control, const std::string& text) {
+    const TextChange change = changeBetween(control.textView(), text);
+    if (change.removed.empty() && change.inserted.empty()) return;
+    const int position = static_cast<int>(change.position);
+    {
+        const EditControl::Batch step(control);
+        control.setSelStart(position);
+        control.setSelLength(static_cast<int>(change.removed.size()));
+        control.setSelText(change.inserted);
+    }
+    control.setSelStart(position);
 }
 
 }  // namespace
@@ -115,20 +131,6 @@ void FileVersions::cmdBring_Click() {
     const CDocument* front = document();
     if (front != nullptr && chosen_) changeInto(front->SourceRTB(), chosen_->text);
     unload();
-}
-
-void changeInto(EditControl& control, const std::string& text) {
-    const TextChange change = changeBetween(control.textView(), text);
-    if (change.removed.empty() && change.inserted.empty()) return;
-    const int position = static_cast<int>(change.position);
-    const int removed = static_cast<int>(change.removed.size());
-    {
-        const EditControl::Batch step(control);
-        control.setSelStart(position);
-        control.setSelLength(removed);
-        control.setSelText(change.inserted);
-    }
-    control.setSelStart(position);
 }
 
 void mnuFile_Click() {

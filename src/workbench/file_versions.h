@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "controls/edit_control.h"
 #include "controls/label.h"
 #include "controls/report_view.h"
 #include "core/document.h"
@@ -55,10 +54,6 @@ private:
     std::optional<ShownText> chosen_;    ///< the chosen version; nothing when there is none or it cannot be read
     std::string failure_;                ///< why it cannot
 };
-
-/// Makes a text of another one by one step that can be undone; the caret goes to where it has changed. Nothing when the
-/// two are the same.
-void changeInto(EditControl& control, const std::string& text);
 
 /// The File menu is about to open.
 void mnuFile_Click();
