@@ -3,6 +3,8 @@
 
 #include <initializer_list>
 
+#include "files/record_fields.h"
+
 namespace kelvor {
 
 namespace {
@@ -12,68 +14,32 @@ constexpr std::string_view mark = "KELVORB1";
 
 enum Kind : std::uint64_t { runKind = 1, directoryKind, fileKind };
 
-/// In bytes. Numbers are written with their lowest byte first.
-constexpr std::size_t numberSize = 8;
+using kelvor::append;
 
-void put(std::string& bytes, std::uint64_t number) {
-    for (std::size_t i = 0; i < numberSize; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
-}
-
-void put(std::string& bytes, std::string_view text) {
-    put(bytes, text.size());
+void append(std::string& bytes, std::string_view text) {
+    append(bytes, text.size());
     bytes += text;
-}
-
-void put(std::string& bytes, const ContentHash& hash) {
-    put(bytes, hash.low);
-    put(bytes, hash.high);
 }
 
 /// A piece as it is written: its length, its hash, and itself.
 std::string piece(std::string_view content) {
     std::string bytes;
-    put(bytes, content.size());
-    put(bytes, hashOf(content));
+    append(bytes, content.size());
+    append(bytes, hashOf(content));
     return bytes.append(content);
 }
 
-/// Takes values off the front of bytes; once these do not suffice it gives empty ones and has failed.
-class Reader {
-public:
-    explicit Reader(std::string_view bytes) : rest_(bytes) {}
-
-    bool failed() const { return failed_; }
-    std::string_view bytes(std::uint64_t size) {
-        failed_ = failed_ || size > rest_.size();
-        if (failed_) return {};
-        const auto taken = rest_.substr(0, size);
-        rest_.remove_prefix(size);
-        return taken;
-    }
-    std::uint64_t number() {
-        std::uint64_t value = 0;
-        const auto taken = bytes(numberSize);
-        for (std::size_t i = taken.size(); i > 0; --i) value = value << 8 | static_cast<unsigned char>(taken[i - 1]);
-        return value;
-    }
-    std::string text() { return std::string(bytes(number())); }
-    ContentHash hash() {
-        const auto low = number();
-        return {low, number()};
-    }
-
-private:
-    std::string_view rest_;
-    bool failed_ = false;
-};
-
-void put(std::string& bytes, const DateTime& moment) {
-    for (const int part :
-         {moment.date.year, moment.date.month, moment.date.day, moment.hour, moment.minute, moment.second})
-        put(bytes, static_cast<std::uint64_t>(part));
+std::string readText(FieldReader& reader) {
+    return std::string(reader.bytes(reader.number()));
 }
 
-DateTime readMoment(Reader& reader) {
+void append(std::string& bytes, const DateTime& moment) {
+    for (const int part :
+         {moment.date.year, moment.date.month, moment.date.day, moment.hour, moment.minute, moment.second})
+        append(bytes, static_cast<std::uint64_t>(part));
+}
+
+DateTime readMoment(FieldReader& reader) {
     DateTime moment;
     for (int* part :
          {&moment.date.year, &moment.date.month, &moment.date.day, &moment.hour, &moment.minute, &moment.second})
@@ -81,32 +47,32 @@ DateTime readMoment(Reader& reader) {
     return moment;
 }
 
-BatchRun readRun(Reader& reader) {
+BatchRun readRun(FieldReader& reader) {
     BatchRun run;
-    run.tool = reader.text();
+    run.tool = readText(reader);
     run.when = readMoment(reader);
     run.planned = reader.number();
-    for (auto count = reader.number(); count > 0 && !reader.failed(); --count) {
-        std::string text = reader.text();
-        run.changes.push_back({std::move(text), reader.text()});
+    for (auto count = reader.number(); count > 0 && reader.isGood(); --count) {
+        std::string text = readText(reader);
+        run.changes.push_back({std::move(text), readText(reader)});
     }
     return run;
 }
 
-KeptFile readKeptFile(Reader& reader) {
+KeptFile readKeptFile(FieldReader& reader) {
     KeptFile file;
-    for (std::string* text : {&file.path, &file.keptAs, &file.temporary}) *text = reader.text();
+    for (std::string* text : {&file.path, &file.keptAs, &file.temporary}) *text = readText(reader);
     file.before = reader.hash();
     file.after = reader.hash();
     return file;
 }
 
 /// The next piece's content; nothing when it is not there as it was written.
-std::optional<std::string_view> nextPiece(Reader& reader) {
+std::optional<std::string_view> nextPiece(FieldReader& reader) {
     const auto size = reader.number();
     const auto hash = reader.hash();
     const auto content = reader.bytes(size);
-    if (reader.failed() || hashOf(content) != hash) return std::nullopt;
+    if (!reader.isGood() || hashOf(content) != hash) return std::nullopt;
     return content;
 }
 
@@ -114,45 +80,45 @@ std::optional<std::string_view> nextPiece(Reader& reader) {
 
 std::string recordOf(const BatchRun& run) {
     std::string content;
-    put(content, runKind);
-    put(content, run.tool);
-    put(content, run.when);
-    put(content, run.planned);
-    put(content, run.changes.size());
+    append(content, runKind);
+    append(content, run.tool);
+    append(content, run.when);
+    append(content, run.planned);
+    append(content, run.changes.size());
     for (const auto& [text, replacement] : run.changes) {
-        put(content, text);
-        put(content, replacement);
+        append(content, text);
+        append(content, replacement);
     }
     return std::string(mark) + piece(content);
 }
 
 std::string recordOfDirectory(std::string_view path) {
     std::string content;
-    put(content, directoryKind);
-    put(content, path);
+    append(content, directoryKind);
+    append(content, path);
     return piece(content);
 }
 
 std::string recordOf(const KeptFile& file) {
     std::string content;
-    put(content, fileKind);
-    for (const std::string* text : {&file.path, &file.keptAs, &file.temporary}) put(content, *text);
-    put(content, file.before);
-    put(content, file.after);
+    append(content, fileKind);
+    for (const std::string* text : {&file.path, &file.keptAs, &file.temporary}) append(content, *text);
+    append(content, file.before);
+    append(content, file.after);
     return piece(content);
 }
 
 std::optional<BatchRecord> readRecord(std::string_view bytes) {
     if (!bytes.starts_with(mark)) return std::nullopt;
-    Reader pieces(bytes.substr(mark.size()));
+    FieldReader pieces(bytes.substr(mark.size()));
     std::optional<BatchRecord> record;
     while (const auto content = nextPiece(pieces)) {
-        Reader reader(*content);
+        FieldReader reader(*content);
         const auto kind = reader.number();
         if (!record && kind == runKind) {
             record = BatchRecord{readRun(reader), {}, {}};
         } else if (record && kind == directoryKind) {
-            record->directories.push_back(reader.text());
+            record->directories.push_back(readText(reader));
         } else if (record && kind == fileKind) {
             record->files.push_back(readKeptFile(reader));
         }

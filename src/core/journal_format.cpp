@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "files/record_fields.h"
 #include "text/block_text.h"
 
 namespace kelvor {
@@ -37,58 +38,29 @@ std::uint64_t numberOf(Encoding encoding) {
     return static_cast<std::uint64_t>(std::find(std::begin(encodings), std::end(encodings), encoding) - encodings);
 }
 
-/// Numbers are written in eight bytes, the lowest first.
-constexpr std::size_t numberSize = 8;
 /// The kind, the length of what follows behind it, and the checksum.
 constexpr std::size_t headSize = 1 + 3 * numberSize;
 
-void append(std::string& bytes, std::uint64_t number) {
-    for (std::size_t i = 0; i < numberSize; ++i) bytes += static_cast<char>(number >> (8 * i));
-}
-
-void append(std::string& bytes, const ContentHash& hash) {
-    append(bytes, hash.low);
-    append(bytes, hash.high);
-}
+using kelvor::append;
 
 void append(std::string& bytes, const timespec& moment) {
     append(bytes, static_cast<std::uint64_t>(moment.tv_sec));
     append(bytes, static_cast<std::uint64_t>(moment.tv_nsec));
 }
 
-/// Takes the fields of a record one by one; `isGood` is false once there was none left.
-class Fields {
+class Fields : public FieldReader {
 public:
-    explicit Fields(std::string_view bytes) : rest_(bytes) {}
+    using FieldReader::FieldReader;
 
-    bool isGood() const { return isGood_; }
-    std::string_view rest() const { return rest_; }
-
-    std::uint64_t number() {
-        isGood_ = isGood_ && rest_.size() >= numberSize;
-        if (!isGood_) return 0;
-        std::uint64_t value = 0;
-        for (std::size_t i = numberSize; i-- > 0;) value = value << 8 | static_cast<unsigned char>(rest_[i]);
-        rest_.remove_prefix(numberSize);
-        return value;
-    }
-    ContentHash hash() {
-        const auto low = number();
-        return {low, number()};
-    }
     timespec moment() {
         const auto seconds = static_cast<time_t>(number());
         return {seconds, static_cast<decltype(timespec::tv_nsec)>(number())};
     }
     Encoding encoding() {
         const auto index = number();
-        isGood_ = isGood_ && index < std::size(encodings);
-        return isGood_ ? encodings[index] : Encoding::utf8;
+        if (index >= std::size(encodings)) fail();
+        return isGood() ? encodings[index] : Encoding::utf8;
     }
-
-private:
-    std::string_view rest_;
-    bool isGood_ = true;
 };
 
 /// The checksum of a record; `fields` and `body` are its two parts.
