@@ -12,7 +12,7 @@
 #include "base/error.h"
 #include "base/event.h"
 #include "files/regular_file.h"
-#include "frame/main_frame.h"
+#include "frame/notice.h"
 #include "platform/platform.h"
 
 namespace kelvor {
@@ -32,12 +32,13 @@ const std::shared_ptr<std::vector<Journal*>>& activeJournals() {
     return journals;
 }
 
-void tellFailure(const Error* error) {
+constexpr std::string_view failureNotice = "Unsaved text is not being kept";
+
+/// The notice goes with the last journal that fails.
+void tellSuccess() {
     const auto& journals = *activeJournals();
-    const bool isFailing = std::any_of(journals.begin(), journals.end(), [](Journal* one) { return one->isFailing(); });
-    if (isFailing && !error) return;
-    const std::string cause = error && !error->cause().empty() ? ": " + error->cause() : "";
-    mainForm().StatusBar1.setPanelText(panel::notice, isFailing ? "Unsaved text is not being kept" + cause : "");
+    if (std::none_of(journals.begin(), journals.end(), [](Journal* one) { return one->isFailing(); }))
+        clearNotice(failureNotice);
 }
 
 }  // namespace
@@ -70,7 +71,7 @@ void Journal::forget() {
     pending_ = {};
     needsSnapshot_ = isMarkOver_ = isSpoiled_ = false;
     std::erase(*active_, this);
-    if (std::exchange(isFailing_, false)) tellFailure(nullptr);
+    if (std::exchange(isFailing_, false)) tellSuccess();
 }
 
 void Journal::adopt(OpenFile file, const std::string& path, const JournalContent& content) {
@@ -136,13 +137,12 @@ void Journal::activate() {
 bool Journal::attempt(const std::function<void()>& act) {
     try {
         act();
-        if (std::exchange(isFailing_, false)) tellFailure(nullptr);
+        if (std::exchange(isFailing_, false)) tellSuccess();
         return true;
     } catch (const std::exception&) {
         tried_ = std::chrono::steady_clock::now();
         activate();
-        const Error error = currentError();
-        if (!std::exchange(isFailing_, true)) tellFailure(&error);
+        if (!std::exchange(isFailing_, true)) showNotice(failureNotice, currentError().cause());
         return false;
     }
 }

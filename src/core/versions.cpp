@@ -21,7 +21,7 @@
 #include "files/private_directory.h"
 #include "files/regular_file.h"
 #include "files/system_calls.h"
-#include "frame/main_frame.h"
+#include "frame/notice.h"
 #include "support/report_error.h"
 
 namespace kelvor {
@@ -173,18 +173,7 @@ std::optional<std::string> bytesToKeep(const std::string& path) {
     }
 }
 
-/// What the status bar's notice begins with while versions cannot be kept.
 constexpr std::string_view failureNotice = "No version was kept";
-
-void tellKeepingFailed(const Error& error) {
-    logError(error);
-    mainForm().StatusBar1.setPanelText(panel::notice, std::string(failureNotice) + ": " + error.cause());
-}
-
-void tellKeepingWorks() {
-    StatusBar& statusBar = mainForm().StatusBar1;
-    if (statusBar.panelText(panel::notice).starts_with(failureNotice)) statusBar.setPanelText(panel::notice, "");
-}
 
 }  // namespace
 
@@ -213,9 +202,9 @@ void keepVersion(const std::string& path) {
         const auto bytes = bytesToKeep(path);
         if (!bytes) return;
         keepVersion(path, *bytes, {}, std::time(nullptr));
-        tellKeepingWorks();
+        clearNotice(failureNotice);
     } catch (const std::exception&) {
-        tellKeepingFailed(currentError());
+        showNotice(failureNotice, loggedFailure(currentError()).cause());
     }
 }
 
