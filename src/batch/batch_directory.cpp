@@ -112,11 +112,8 @@ std::string BatchDirectory::recordPathOf(std::uint64_t number) const {
 
 /// Nothing when there is none, or none that can be read.
 std::optional<BatchRecord> BatchDirectory::record(std::uint64_t number) const {
-    try {
-        return readRecord(readFile(recordPathOf(number)));
-    } catch (const Error&) {
-        return std::nullopt;
-    }
+    const auto bytes = readFileIfPossible(recordPathOf(number));
+    return bytes ? readRecord(*bytes) : std::nullopt;
 }
 
 void BatchDirectory::remove(std::uint64_t number, const Step& step) const {

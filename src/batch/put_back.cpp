@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <optional>
 #include <unordered_map>
 
 #include "base/error.h"
@@ -31,21 +30,13 @@ bool isMadeByRun(const ChangedFile& file, const ContentHash& hash) {
                        [&](const KeptFile& change) { return change.after == hash; });
 }
 
-std::optional<std::string> bytesAt(const std::string& path) {
-    try {
-        return readFile(path);
-    } catch (const Error&) {
-        return std::nullopt;
-    }
-}
-
 /// Whether a kill has stopped the run, or what puts the file back, in the middle of a write in place.
 bool wasCaughtWriting(const ChangedFile& file, std::string_view now) {
     const auto isBetween = [&](const KeptFile& change, const std::string& newer) {
         if (!lookAt(newer).mayBeThere()) return false;
-        const auto after = bytesAt(newer);
+        const auto after = readFileIfPossible(newer);
         if (!after || !isMadeByRun(file, hashOf(*after))) return false;
-        const auto before = bytesAt(change.keptAs);
+        const auto before = readFileIfPossible(change.keptAs);
         return before && hashOf(*before) == change.before && isHalfWritten(now, *before, *after);
     };
     return isBetween(file.changes.back(), file.changes.back().temporary) ||
@@ -66,7 +57,7 @@ FileLook stateOf(const ChangedFile& file, const ContentHash& hash, const std::fu
 /// The bytes that the file had before the run.
 std::string oldBytes(const ChangedFile& file) {
     const KeptFile& first = file.changes.front();
-    auto bytes = bytesAt(first.keptAs);
+    auto bytes = readFileIfPossible(first.keptAs);
     if (!bytes) throw Error(error_number::fileNotFound, "The old file is not there any more.");
     if (hashOf(*bytes) != first.before) throw Error(error_number::fileNotFound, "The old file is damaged.");
     return std::move(*bytes);

@@ -96,16 +96,6 @@ std::unique_ptr<LeftJournal> takeJournal(const std::string& path) {
                                                      opened->status.st_size});
 }
 
-/// The bytes of a document's file, as far as they can be read.
-std::optional<std::string> bytesOf(const std::string& path) {
-    try {
-        return readFile(path);
-    } catch (const Error& error) {
-        if (error.number() == error_number::outOfMemory) throw;
-        return std::nullopt;
-    }
-}
-
 }  // namespace
 
 LeftJournals findLeftJournals(std::size_t most) {
@@ -144,7 +134,8 @@ std::string causeOf(JournalFault fault) {
 }
 
 JournalContent readLeftJournal(const LeftJournal& journal) {
-    return readJournal(readToEnd(journal.file.descriptor(), static_cast<off_t>(journal.size), journal.path), bytesOf);
+    return readJournal(readToEnd(journal.file.descriptor(), static_cast<off_t>(journal.size), journal.path),
+                       readFileIfPossible);
 }
 
 std::optional<FileStamp> fileSeen(const JournalContent& content) {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "base/error.h"
 #include "files/file_error.h"
 #include "files/listing.h"
 #include "files/path_look.h"
@@ -51,6 +52,15 @@ bool renameByLink(const char* from, const char* to) {
 std::string readFile(const std::string& path) {
     const auto regular = openToRead(path);
     return readToEnd(regular.file.descriptor(), regular.status.st_size, path);
+}
+
+std::optional<std::string> readFileIfPossible(const std::string& path) {
+    try {
+        return readFile(path);
+    } catch (const Error& error) {
+        if (error.number() == error_number::outOfMemory) throw;
+        return std::nullopt;
+    }
 }
 
 StampedBytes readStamped(const std::string& path) {

@@ -15,6 +15,9 @@ namespace kelvor {
 /// Never waits on a pipe.
 std::string readFile(const std::string& path);
 
+/// The same; nothing when the file cannot be read. Throws Error 7 and std::bad_alloc when memory does not suffice.
+std::optional<std::string> readFileIfPossible(const std::string& path);
+
 /// The same with the file's stamp.
 struct StampedBytes {
     std::string bytes;

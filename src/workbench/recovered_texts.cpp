@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/error.h"
 #include "base/event.h"
 #include "base/outcome.h"
 #include "core/file_open.h"
@@ -28,12 +27,8 @@ constexpr int sizeColumn = 2;
 /// The text of a document's file as it is on the disk; nothing for one that is not there or cannot be read.
 std::optional<std::string> textOnDisk(const JournalHeader& header) {
     if (header.isUntitled) return std::nullopt;
-    try {
-        return decode(readFile(header.name)).text;
-    } catch (const Error& error) {
-        if (error.number() == error_number::outOfMemory) throw;
-        return std::nullopt;
-    }
+    auto bytes = readFileIfPossible(header.name);
+    return bytes ? std::optional(decode(std::move(*bytes)).text) : std::nullopt;
 }
 
 }  // namespace
