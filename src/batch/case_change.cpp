@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/case_change.h"
 
+#include <optional>
+#include <utility>
+
 #include "base/error.h"
 #include "batch/walk_filters.h"
 #include "controls/control.h"
 #include "editing/insertion.h"
-#include "files/file_error.h"
 #include "files/file_replace.h"
 #include "files/paths.h"
 #include "files/temporary_directory.h"
@@ -51,10 +53,6 @@ const std::vector<WalkFilter>& filters() {
 Error notInEncoding(const std::string& file) {
     return {error_number::invalidProcedureCall,
             "The file's encoding lacks a letter in its other case; the file stays as it is: " + file};
-}
-
-Error changedMeanwhile(const std::string& file) {
-    return pathError(error_number::pathAccess, "Another program has changed the file meanwhile", file);
 }
 
 BatchRun runOf(const std::vector<std::string>& attributes, const std::string& caseMode) {
@@ -229,12 +227,11 @@ int CaseChange::changeLinks(const std::string& fileName, const std::string& what
 
 Outcome CaseChange::changeLinksOfFile(const std::string& fileName, const std::string& what, LinkCase caseMode,
                                       KeptFiles& kept, bool& allAreChanged) {
-    rtbHidden_.LoadFile(fileName);
+    auto file = readForReplacement(fileName);
+    rtbHidden_.startFileText(decode(std::move(file.bytes)), std::nullopt);
     allAreChanged = changeLinkCase(rtbHidden_, what, caseMode);
     const auto bytes = encode(rtbHidden_.textView(), rtbHidden_.encoding());
     if (!bytes) throw notInEncoding(fileName);
-    const auto file = readForReplacement(fileName);
-    if (rtbHidden_.fileStamp() && file.hash != rtbHidden_.fileStamp()->hash) throw changedMeanwhile(fileName);
     const std::string temporary = getTempDir() + caseChangeTemporary;
     clearTemporary(temporary);
     return kept.replace(file, *bytes, temporary, flusher_, pumpEvents);
