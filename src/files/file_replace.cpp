@@ -84,12 +84,6 @@ bool writeToDisk(int descriptor, std::string_view bytes, Flusher& flusher, const
     return flusher.flush(descriptor, step);
 }
 
-OpenFile createForOwner(const std::string& path) {
-    constexpr mode_t ownerOnly = 0600;
-    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    return OpenFile(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
-}
-
 /// Writes the bytes into a new file. Whether it also has the target's extended attributes.
 bool writeTemporary(const ReplaceableFile& target, std::string_view bytes, const std::string& temporary,
                     Flusher& flusher, const Step& step) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/private_directory.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +11,7 @@
 #include "base/error.h"
 #include "files/file_error.h"
 #include "files/places.h"
+#include "files/regular_file.h"
 
 namespace kelvor {
 
@@ -61,9 +61,7 @@ std::string privateDirectory(std::string_view name) {
 }
 
 OpenFile createPrivateFile(const std::string& path) {
-    constexpr mode_t ownerOnly = 0600;
-    const int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    OpenFile file(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
+    OpenFile file = createForOwner(path);
     if (file.descriptor() < 0) throw fileError(errno, path);
     return file;
 }

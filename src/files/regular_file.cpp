@@ -72,6 +72,12 @@ std::optional<RegularFile> openRegularFile(const std::string& path, int flags) {
     return RegularFile{std::move(file), status};
 }
 
+OpenFile createForOwner(const std::string& path) {
+    constexpr mode_t ownerOnly = 0600;
+    const int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    return OpenFile(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
+}
+
 RegularFile openToRead(const std::string& path) {
     auto opened = openRegularFile(path, O_RDONLY);
     if (!opened) throw fileError(ENOENT, path);

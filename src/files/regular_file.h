@@ -25,7 +25,11 @@ bool hasWriteBit(const struct stat& status);
 /// to no file. Throws Error for all other failures, for writing also when the mode has no write bit.
 std::optional<RegularFile> openRegularFile(const std::string& path, int flags);
 
-/// The same for reading. Throws Error 53 when the path leads to no file.
+/// Makes a file for its owner alone (mode 0600), open for reading and writing. Its descriptor is -1, and why stands in
+/// errno, when it cannot be made or something stands there.
+OpenFile createForOwner(const std::string& path);
+
+/// openRegularFile for reading. Throws Error 53 when the path leads to no file.
 RegularFile openToRead(const std::string& path);
 
 /// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
