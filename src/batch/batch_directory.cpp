@@ -2,7 +2,6 @@
 #include "batch/batch_directory.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +18,7 @@
 #include "files/listing.h"
 #include "files/paths.h"
 #include "files/private_directory.h"
+#include "files/regular_file.h"
 
 namespace kelvor {
 
@@ -30,8 +30,7 @@ OpenFile lockedFile(const std::string& path) {
     constexpr mode_t ownerOnly = 0600;
     OpenFile lock(open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, ownerOnly));
     if (lock.descriptor() < 0) throw fileError(errno, path);
-    // A disk that knows no locks is taken as it is.
-    if (flock(lock.descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    if (!lockFile(lock.descriptor())) {
         throw pathError(error_number::permissionDenied,
                         "Another run or another copy of the program is using the kept files", path);
     }

@@ -2,7 +2,6 @@
 #include "core/journal_file.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,10 +35,6 @@ std::string freshName(std::string_view suffix) {
     return name.append(suffix);
 }
 
-bool lock(const OpenFile& file) {
-    return flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0;
-}
-
 struct NewFile {
     OpenFile file;
     std::string path;
@@ -53,7 +48,7 @@ NewFile createLocked(std::string_view suffix) {
         try {
             // Another copy that looks for journals may have locked it already: then this one is its own.
             OpenFile file = createPrivateFile(path);
-            if (lock(file) || errno == EOPNOTSUPP || errno == ENOSYS) return {std::move(file), path};
+            if (lockFile(file.descriptor())) return {std::move(file), path};
             if (i == attempts) throw fileError(errno, path);
         } catch (const Error& error) {
             if (error.number() != error_number::fileAlreadyExists || i == attempts) throw;

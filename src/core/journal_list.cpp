@@ -2,11 +2,9 @@
 #include "core/journal_list.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <functional>
 #include <optional>
 #include <queue>
@@ -54,12 +52,11 @@ JournalNames namesIn(const std::string& directory, std::size_t most) {
 }
 
 /// Locks an open file, and looks whether it is the user's own and still what stands at the path: whoever held it may
-/// have taken it away, or have put another one in its place. On a disk that knows no locks nobody holds anything.
+/// have taken it away, or have put another one in its place.
 bool lock(RegularFile& opened, const std::string& path) {
     const int descriptor = opened.file.descriptor();
     struct stat atPath {};
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno != EOPNOTSUPP && errno != ENOSYS) return false;
-    return fstat(descriptor, &opened.status) == 0 && opened.status.st_uid == geteuid() &&
+    return lockFile(descriptor) && fstat(descriptor, &opened.status) == 0 && opened.status.st_uid == geteuid() &&
            lstat(path.c_str(), &atPath) == 0 && atPath.st_dev == opened.status.st_dev &&
            atPath.st_ino == opened.status.st_ino;
 }

@@ -2,6 +2,7 @@
 #include "files/regular_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -76,6 +77,10 @@ OpenFile createForOwner(const std::string& path) {
     constexpr mode_t ownerOnly = 0600;
     const int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     return OpenFile(uninterrupted([&] { return systemCalls().open(path.c_str(), flags, ownerOnly); }));
+}
+
+bool lockFile(int descriptor) {
+    return uninterrupted([&] { return flock(descriptor, LOCK_EX | LOCK_NB); }) == 0 || errno != EWOULDBLOCK;
 }
 
 RegularFile openToRead(const std::string& path) {

@@ -32,6 +32,10 @@ OpenFile createForOwner(const std::string& path);
 /// openRegularFile for reading. Throws Error 53 when the path leads to no file.
 RegularFile openToRead(const std::string& path);
 
+/// Locks a file as long as it is open (flock); false when somebody else holds it. On a disk that knows no locks nobody
+/// holds anything.
+bool lockFile(int descriptor);
+
 /// All bytes from the file's begin to its end. Files of size 0 are read too, up to a limit: those that the kernel
 /// writes as they are read have no size. Throws Error.
 std::string readToEnd(int descriptor, off_t size, const std::string& path, const Step& step = noStep);

@@ -2,14 +2,12 @@
 #include "program/single_instance.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-
 #include "files/paths.h"
 #include "files/places.h"
+#include "files/regular_file.h"
 #include "files/system_calls.h"
 
 namespace kelvor {
@@ -50,9 +48,7 @@ SingleInstance::SingleInstance() {
         descriptor_ = openLockFile(directory());
         if (descriptor_ >= 0) break;
     }
-    if (descriptor_ < 0) return;
-    const int lock = uninterrupted([&] { return flock(descriptor_, LOCK_EX | LOCK_NB); });
-    first_ = lock == 0 || errno != EWOULDBLOCK;
+    if (descriptor_ >= 0) first_ = lockFile(descriptor_);
 }
 
 SingleInstance::~SingleInstance() {
