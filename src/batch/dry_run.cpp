@@ -7,11 +7,11 @@
 #include <numeric>
 #include <utility>
 
-#include "base/error.h"
 #include "base/event.h"
 #include "files/content_hash.h"
 #include "files/file_replace.h"
 #include "frame/tool_forms.h"
+#include "support/report_error.h"
 
 namespace kelvor {
 
@@ -69,8 +69,7 @@ DryRunFile lookAtFile(BytesRewrite& rewrite, const std::string& path, const Step
         const bool changes = hashOf(rewrite.apply(std::move(bytes), path, step)) != before;
         return {.path = path, .counts = rewrite.takeCounts(), .changes = changes};
     } catch (const std::exception&) {
-        const Error error = currentError();
-        return {.path = path, .failure = error.cause().empty() ? error.description() : error.cause()};
+        return {.path = path, .failure = currentReason()};
     }
 }
 

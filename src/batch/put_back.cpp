@@ -6,12 +6,12 @@
 #include <unordered_map>
 
 #include "base/error.h"
-#include "base/event.h"
 #include "files/file_replace.h"
 #include "files/file_stamp.h"
 #include "files/files.h"
 #include "files/path_look.h"
 #include "files/system_calls.h"
+#include "support/report_error.h"
 
 namespace kelvor {
 
@@ -41,11 +41,6 @@ bool wasCaughtWriting(const ChangedFile& file, std::string_view now) {
     };
     return isBetween(file.changes.back(), file.changes.back().temporary) ||
            isBetween(file.changes.front(), newerPath(file));
-}
-
-FileLook failureOf(const std::exception& /*failure*/) {
-    const Error error = currentError();
-    return {FileState::differs, error.cause().empty() ? error.description() : error.cause()};
 }
 
 FileLook stateOf(const ChangedFile& file, const ContentHash& hash, const std::function<std::string_view()>& bytes) {
@@ -107,8 +102,8 @@ FileLook lookAt(const ChangedFile& file, const Step& step) {
         std::string bytes;
         const auto read = [&]() -> std::string_view { return bytes = readFile(file.path); };
         return stateOf(file, readStamp(file.path).hash, read);
-    } catch (const std::exception& failure) {
-        return failureOf(failure);
+    } catch (const std::exception&) {
+        return {FileState::differs, currentReason()};
     }
 }
 
@@ -123,8 +118,8 @@ FileLook putBack(const ChangedFile& file, const std::string& temporary, Flusher&
         clearTemporary(temporary);
         replaceByOld(file, temporary, flusher, step);
         return {FileState::isOld, ""};
-    } catch (const std::exception& failure) {
-        return failureOf(failure);
+    } catch (const std::exception&) {
+        return {FileState::differs, currentReason()};
     }
 }
 

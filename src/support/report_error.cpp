@@ -79,6 +79,11 @@ Outcome loggedFailure(const Error& error) {
     return Outcome::failed(error.cause());
 }
 
+std::string currentReason() {
+    const Error error = currentError();
+    return error.cause().empty() ? error.description() : error.cause();
+}
+
 void installErrorReporting() {
     setErrorSink([](const Error& error) { reportError(error); });
 }

@@ -22,6 +22,9 @@ void logError(const Error& error);
 /// The same, and the failure with that cause.
 Outcome loggedFailure(const Error& error);
 
+/// Why the standard exception was thrown that is being handled: its cause, or its description when nobody knows it.
+std::string currentReason();
+
 /// The log's path in the program directory.
 std::string errorLogPath();
 
