@@ -42,4 +42,8 @@ std::optional<std::string> decompressed(std::string_view data, std::size_t mostB
     return bytes;
 }
 
+std::string zstdVersion() {
+    return ZSTD_versionString();
+}
+
 }  // namespace kelvor

@@ -15,4 +15,7 @@ std::string compressed(std::string_view bytes);
 /// more of them than `mostBytes`, which is as much memory as it takes. Throws std::bad_alloc.
 std::optional<std::string> decompressed(std::string_view data, std::size_t mostBytes);
 
+/// Of the library that compresses.
+std::string zstdVersion();
+
 }  // namespace kelvor

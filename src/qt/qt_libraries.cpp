@@ -5,6 +5,7 @@
 
 #include <QtGlobal>
 
+#include "files/compressed.h"
 #include "files/content_hash.h"
 #include "qt/browser_loader.h"
 #include "qt/convert.h"
@@ -17,7 +18,8 @@ namespace kelvor::qt {
 std::vector<std::string> QtLibraries::inUse() {
     std::vector<std::string> libraries = {std::string("Qt ") + qVersion(), "QScintilla " QSCINTILLA_VERSION_STR,
                                           "ICU " + icuVersion(),           "libgit2 " + libgit2Version(),
-                                          "SQLite " + sqliteVersion(),     "xxHash " + xxhashVersion()};
+                                          "SQLite " + sqliteVersion(),     "xxHash " + xxhashVersion(),
+                                          "Zstandard " + zstdVersion()};
     if (const QString engine = browserVersion(); !engine.isEmpty())
         libraries.push_back("Qt WebEngine " + fromQt(engine));
     return libraries;
