@@ -12,6 +12,7 @@
 #include "files/file_replace.h"
 #include "frame/tool_forms.h"
 #include "support/report_error.h"
+#include "text/counted.h"
 
 namespace kelvor {
 
@@ -92,7 +93,7 @@ void DryRun::take(std::vector<ReportView::Row> rows, std::size_t left) {
     ListView1.addRows(std::move(rows));
     ListView1.setSelectedRow(0);
     if (left > 0)
-        Label1.setCaption("Cancelled; " + std::to_string(left) + (left == 1 ? " file was" : " files were") +
+        Label1.setCaption("Cancelled; " + counted(left, "file") + (left == 1 ? " was" : " were") +
                           " not looked at. Nothing has been written. This is what Start would do:");
 }
 

@@ -9,13 +9,14 @@
 #include <numeric>
 
 #include "files/system_calls.h"
+#include "text/counted.h"
 
 namespace kelvor {
 
 std::string sizeText(std::uintmax_t bytes) {
     constexpr std::uintmax_t step = 1024;
     constexpr const char* units[] = {"KB", "MB", "GB"};
-    if (bytes < step) return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
+    if (bytes < step) return counted(bytes, "byte");
     double size = static_cast<double>(bytes) / step;
     std::size_t unit = 0;
     for (; size >= step && unit + 1 < std::size(units); ++unit) size /= step;

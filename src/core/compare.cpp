@@ -8,6 +8,7 @@
 #include "base/event.h"
 #include "frame/tool_forms.h"
 #include "text/code_points.h"
+#include "text/counted.h"
 #include "text/shown_name.h"
 #include "text/text_difference.h"
 
@@ -90,19 +91,19 @@ std::string differenceSummary(const std::vector<DifferenceRow>& rows) {
     const auto count = [&rows](LineKind kind) {
         return std::count_if(rows.begin(), rows.end(), [kind](const DifferenceRow& row) { return row.kind == kind; });
     };
-    const auto lines = [](auto number) { return std::to_string(number) + (number == 1 ? " line" : " lines"); };
     std::string summary;
     for (const auto& [kind, word] :
          {std::pair{LineKind::added, " added"}, {LineKind::removed, " removed"}, {LineKind::changed, " changed"}}) {
         const auto number = count(kind);
-        if (number > 0) summary += (summary.empty() ? lines(number) : ", " + std::to_string(number)) + word;
+        if (number > 0) summary += (summary.empty() ? counted(number, "line") : ", " + std::to_string(number)) + word;
     }
     const auto ends = std::count_if(rows.begin(), rows.end(), [](const DifferenceRow& row) {
         return row.left.number > 0 && row.right.number > 0 && row.left.end != row.right.end;
     });
     if (ends > 0) {
         summary += summary.empty() ? "The texts are the same; " : "; ";
-        summary += (ends == 1 ? "the end of " : "the ends of ") + lines(ends) + (ends == 1 ? " differs" : " differ");
+        summary +=
+            (ends == 1 ? "the end of " : "the ends of ") + counted(ends, "line") + (ends == 1 ? " differs" : " differ");
     }
     return summary.empty() ? "The texts are the same." : summary + ".";
 }

@@ -17,6 +17,7 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "support/moments.h"
+#include "text/counted.h"
 #include "text/line_difference.h"
 #include "text/shown_name.h"
 #include "text/text_difference.h"
@@ -32,12 +33,8 @@ constexpr int sizeColumn = 1;
 std::string stateText(bool keeps, std::size_t count) {
     if (count == 0 && keeps) return "No version of this file is kept yet. The next save keeps what it writes over.";
     if (count == 0) return "No version of this file is kept: Keep Versions in the File menu is switched off.";
-    const std::string number = count == 1 ? "1 version is kept." : std::to_string(count) + " versions are kept.";
+    const std::string number = counted(count, "version") + (count == 1 ? " is kept." : " are kept.");
     return keeps ? number : number + " No more are added: Keep Versions in the File menu is switched off.";
-}
-
-std::string linesText(int count) {
-    return std::to_string(count) + (count == 1 ? " line" : " lines");
 }
 
 /// Whether the source of a document that has a file is in front.
@@ -82,7 +79,7 @@ void FileVersions::Form_Load() {
     lblFile.setCaption(shownName(path_));
     lblState.setCaption(stateText(keepsVersions(), versions_.size()));
     for (const FileVersion& version : versions_)
-        lstVersions.addRow({shownMoment(version.when), std::to_string(version.size) + " bytes"});
+        lstVersions.addRow({shownMoment(version.when), counted(version.size, "byte")});
     setAllEnabled({&cmdLook, &cmdCompare, &cmdBring}, false);
     if (versions_.empty()) return cmdClose.SetFocus();
     lstVersions.setSelectedRow(0);
@@ -115,7 +112,7 @@ std::string FileVersions::difference() const {
     if (!chosen_ || front == nullptr) return failure_;
     const auto [added, removed] = countDifferences(chosen_->text, front->SourceRTB().textView());
     if (added == 0 && removed == 0) return "The text in the editor is the same.";
-    return "Since then in the editor: " + linesText(added) + " added, " + linesText(removed) + " removed.";
+    return "Since then in the editor: " + counted(added, "line") + " added, " + counted(removed, "line") + " removed.";
 }
 
 void FileVersions::cmdLook_Click() {
