@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A virtual display that can be looked at, with an editor on it that can be killed and started again."""
 import mmap
+import os
 import pathlib
 import re
 import shutil
@@ -32,6 +33,19 @@ class Framebuffer:
     def area(self, left, top, width, height):
         begins = (self.begin + row * self.row_size + left * self.pixel_size for row in range(top, top + height))
         return b"".join(self.bytes[begin:begin + width * self.pixel_size] for begin in begins)
+
+
+def journals_left(reader, state, texts):
+    """What read_journals finds in a state directory: of each journal its kind, the document's name, the text and why there
+    is none.
+    @param texts  a directory that is made anew"""
+    shutil.rmtree(texts, ignore_errors=True)
+    texts.mkdir()
+    said = subprocess.run([reader, texts], env=os.environ | {"XDG_STATE_HOME": str(state)}, text=True,
+                          capture_output=True, check=True).stdout
+    for line in said.splitlines():
+        kind, file, path, cause = line.split("\t")
+        yield kind, pathlib.Path(path).name, (texts / file).read_bytes(), cause
 
 
 class StormScreen(Screen):
