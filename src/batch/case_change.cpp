@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "batch/case_change.h"
 
-#include <optional>
 #include <utility>
 
 #include "base/error.h"
@@ -35,7 +34,6 @@ constexpr int optionsPage = 1;
 constexpr int resultsPage = 2;
 
 /// Pictures of a row.
-constexpr int nothingChanged = 0;
 constexpr int allChanged = 1;
 constexpr int someRefused = 2;
 
@@ -201,9 +199,9 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
     KeptFiles kept(runOf(attributes, optCase[optCase.selected()].caption()), currentFileWad_);
     for (const std::string& file : currentFileWad_) {
         for (const std::string& attribute : attributes) {
-            const int picture = changeLinks(file, attribute, caseMode, kept);
-            if (picture == nothingChanged) return;
-            ListView1.addRow({file, attribute}, picture);
+            const auto picture = changeLinks(file, attribute, caseMode, kept);
+            if (!picture) return;
+            ListView1.addRow({file, attribute}, *picture);
         }
         pumpEvents();
         if (run_.isCancelled() || !isLoaded()) break;
@@ -211,8 +209,9 @@ void CaseChange::changeFiles(const std::vector<std::string>& attributes, LinkCas
 }
 
 /// Works on the active document, whatever the file, when that is the scope of the run.
-/// @return the picture of its row; nothingChanged when the old file cannot be kept and the user ends the run
-int CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept) {
+/// @return the picture of its row; nothing when the old file cannot be kept and the user ends the run
+std::optional<int> CaseChange::changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode,
+                                           KeptFiles& kept) {
     bool allAreChanged = true;
     if (scope_ == activeDocument) {
         // The user's typing would part the references from their places.
@@ -220,7 +219,7 @@ int CaseChange::changeLinks(const std::string& fileName, const std::string& what
         allAreChanged = changeLinkCase(activeText(), what, caseMode);
     } else if (!replacedOrAsked(kept, caption(),
                                 [&] { return changeLinksOfFile(fileName, what, caseMode, kept, allAreChanged); })) {
-        return nothingChanged;
+        return std::nullopt;
     }
     return allAreChanged ? allChanged : someRefused;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -90,7 +91,8 @@ private:
     void setTabsEnabled(bool enabled);
     bool fillFileWad();
     void changeFiles(const std::vector<std::string>& attributes, LinkCase caseMode);
-    int changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept);
+    std::optional<int> changeLinks(const std::string& fileName, const std::string& what, LinkCase caseMode,
+                                   KeptFiles& kept);
     Outcome changeLinksOfFile(const std::string& fileName, const std::string& what, LinkCase caseMode, KeptFiles& kept,
                               bool& allAreChanged);
     void showKept();
