@@ -28,6 +28,9 @@ namespace kelvor {
 
 namespace {
 
+/// A file larger than this, in bytes, has no versions.
+constexpr std::size_t largestVersion = std::size_t{16} << 20;
+
 /// Names in the state directory.
 constexpr std::string_view switchName = "keep-versions";
 constexpr std::string_view versionsName = "versions";

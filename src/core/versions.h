@@ -22,9 +22,6 @@ struct VersionLimits {
     std::size_t ofAnyAge = 10;  ///< the newest ones; a clock that is far ahead must not take all
 };
 
-/// A file larger than this, in bytes, has no versions.
-constexpr std::size_t largestVersion = std::size_t{16} << 20;
-
 /// What a file held once.
 struct FileVersion {
     std::string id;
@@ -40,8 +37,8 @@ void setKeepsVersions(bool keeps);
 /// Where they are kept.
 std::string versionsDirectory();
 
-/// Keeps what a file holds now, if there is such a file, versions are kept and the newest one of it is not the same. A
-/// failure is told in the status bar and stops nobody from saving.
+/// Keeps what a file holds now, if there is such a file of 16 MB at most, versions are kept and the newest one of it is
+/// not the same. A failure is told in the status bar and stops nobody from saving.
 /// @param path  the file's; under another path it has versions of its own
 void keepVersion(const std::string& path);
 
