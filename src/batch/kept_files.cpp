@@ -90,22 +90,19 @@ void KeptFiles::dropUnused() {
 
 Outcome KeptFiles::replace(const ReplaceableFile& file, std::string_view bytes, const std::string& temporary,
                            Flusher& flusher, const Step& step) {
-    const KeptFile change{file.path, {}, temporary, file.hash, hashOf(bytes)};
-    std::string keepAs;
+    KeptFile change{file.path, {}, temporary, file.hash, hashOf(bytes)};
     if (keeps_ && change.before != change.after) {
         try {
             if (!record_) begin(step);
-            keepAs = joinPath(placeFor(file), std::to_string(++count_));
-            KeptFile recorded = change;
-            recorded.keptAs = keepAs;
-            append(recordOf(recorded));
+            change.keptAs = joinPath(placeFor(file), std::to_string(++count_));
+            append(recordOf(change));
         } catch (const Error& error) {
             return Outcome::failed(error.cause());
         }
     }
     // What throws may have left a damaged file.
     const bool hadTouched = std::exchange(hasTouched_, true);
-    const Outcome done = replaceFile(file, bytes, temporary, flusher, step, keepAs);
+    const Outcome done = replaceFile(file, bytes, temporary, flusher, step, change.keptAs);
     if (!done) hasTouched_ = hadTouched;
     if (done && record_ && std::exchange(earlierAreThere_, false)) batches_->removeAllBut(number_, step);
     return done;
