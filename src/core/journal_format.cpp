@@ -138,6 +138,19 @@ std::optional<SaveMark> saveMarkFrom(std::string_view payload) {
     return fields.isGood() ? std::optional(std::move(save)) : std::nullopt;
 }
 
+/// The numbers of a change, which stand before what was inserted.
+struct ChangeNumbers {
+    std::uint64_t start = 0;
+    std::uint64_t removed = 0;
+    std::uint64_t textLength = 0;  ///< after it
+};
+
+ChangeNumbers changeFrom(Fields& fields) {
+    const auto start = fields.number();
+    const auto removed = fields.number();
+    return {start, removed, fields.number()};
+}
+
 /// The text of a file that is known to have been of that encoding.
 std::optional<std::string> textOf(std::string_view bytes, Encoding encoding) {
     const auto byteOrderMark = markOf(encoding);
@@ -250,9 +263,7 @@ private:
 
     static bool change(BlockText& text, std::string_view payload) {
         Fields fields(payload);
-        const auto start = fields.number();
-        const auto removed = fields.number();
-        const auto length = fields.number();
+        const auto [start, removed, length] = changeFrom(fields);
         const auto inserted = fields.rest();
         if (!fields.isGood() || start > text.size() || removed > text.size() - start) return false;
         if (text.size() - removed + inserted.size() != length || length > INT_MAX) return false;
@@ -356,16 +367,19 @@ JournalContent readJournal(std::string_view journal, const FileReader& readFile)
     return Reading(journal).read(readFile);
 }
 
-bool seemsBeingSaved(std::string_view journal) {
-    bool isMarked = false;
-    for (std::size_t place = preambleSize; place < journal.size();) {
-        const auto record = recordAt(journal, place);
-        if (!record) break;
-        if (record->kind == Kind::beingSaved) isMarked = true;
-        if (record->kind == Kind::saveOver) isMarked = false;
-        place = record->end;
+std::uint64_t seemingTextLength(const JournalHeader& header, std::size_t size, const PartReader& partAt) {
+    std::uint64_t textLength = header.stamp ? static_cast<std::uint64_t>(header.stamp->size) : 0;
+    for (std::size_t place = preambleSize;;) {
+        const auto bytes = partAt(place);
+        if (bytes.size() < headSize) return textLength;
+        Fields fields(bytes.substr(1));
+        const auto length = fields.number();
+        if (length > size - place - headSize) return textLength;
+        fields.hash();
+        if (static_cast<Kind>(bytes.front()) == Kind::snapshot) textLength = length;
+        if (static_cast<Kind>(bytes.front()) == Kind::change) textLength = changeFrom(fields).textLength;
+        place += headSize + length;
     }
-    return isMarked;
 }
 
 }  // namespace kelvor

@@ -95,8 +95,15 @@ constexpr std::size_t journalHeaderRoom = 8192;
 /// @param journal  its first journalHeaderRoom bytes, or all when there are fewer
 JournalContent readJournalHeader(std::string_view journal);
 
-/// Whether a save was begun of whose end nothing is known, as far as the lengths of the records tell: no checksum is
-/// looked at, and of each record no more is read than its head. For lists; what counts is what readJournal gives.
-bool seemsBeingSaved(std::string_view journal);
+/// As much of a record as tells of the length of the text, in bytes.
+constexpr std::size_t journalHeadRoom = 64;
+
+/// The bytes of a journal from a place on: journalHeadRoom of them or more, if there are so many.
+using PartReader = std::function<std::string_view(std::size_t place)>;
+
+/// The length of the text in a journal, in bytes, as far as the heads of its records tell: no checksum is looked at,
+/// and no text is read. For lists; what counts is what readJournal gives.
+/// @param size  of the journal, in bytes
+std::uint64_t seemingTextLength(const JournalHeader& header, std::size_t size, const PartReader& partAt);
 
 }  // namespace kelvor

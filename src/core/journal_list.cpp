@@ -72,25 +72,43 @@ std::optional<RegularFile> takeFile(const std::string& path) {
     return std::nullopt;
 }
 
-std::string firstBytes(int descriptor) {
-    std::string bytes(journalHeaderRoom, '\0');
-    const ssize_t count = uninterrupted([&] { return systemCalls().pread(descriptor, bytes.data(), bytes.size(), 0); });
+/// A part of a file, as much as it holds of it.
+std::string bytesAt(int descriptor, std::size_t place, std::size_t size) {
+    std::string bytes(size, '\0');
+    const ssize_t count = uninterrupted(
+        [&] { return systemCalls().pread(descriptor, bytes.data(), bytes.size(), static_cast<off_t>(place)); });
     bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     return bytes;
+}
+
+/// The heads of small records stand close to each other and come in one read; large texts between them are passed over.
+std::uint64_t textLengthIn(int descriptor, const JournalContent& content, off_t size) {
+    constexpr std::size_t windowSize = std::size_t{1} << 16;
+    if (content.fault != JournalFault::none) return 0;
+    std::string window;
+    std::size_t start = 0;
+    return seemingTextLength(content.header, static_cast<std::size_t>(size), [&](std::size_t place) {
+        if (place < start || place + journalHeadRoom > start + window.size()) {
+            window = bytesAt(descriptor, place, windowSize);
+            start = place;
+        }
+        return std::string_view(window).substr(place - start);
+    });
 }
 
 /// The journal at a path, unless somebody holds it. One that was killed before there was anything in it goes.
 std::unique_ptr<LeftJournal> takeJournal(const std::string& path) {
     auto opened = takeFile(path);
     if (!opened) return nullptr;
-    JournalContent content = readJournalHeader(firstBytes(opened->file.descriptor()));
+    JournalContent content = readJournalHeader(bytesAt(opened->file.descriptor(), 0, journalHeaderRoom));
     if (opened->status.st_size == static_cast<off_t>(content.validLength) && content.fault != JournalFault::newer) {
         systemCalls().unlink(path.c_str());
         return nullptr;
     }
+    const auto textLength = textLengthIn(opened->file.descriptor(), content, opened->status.st_size);
     return std::make_unique<LeftJournal>(LeftJournal{path, std::move(opened->file), content.fault,
                                                      std::move(content.header), opened->status.st_mtime,
-                                                     opened->status.st_size});
+                                                     opened->status.st_size, textLength});
 }
 
 }  // namespace

@@ -19,11 +19,12 @@ namespace kelvor {
 /// while this lives.
 struct LeftJournal {
     std::string path;
-    OpenFile file;         ///< for reading and writing, and locked
-    JournalFault fault;    ///< none, unreadable or newer, as the header tells
-    JournalHeader header;  ///< good when the fault is none
-    std::time_t written;   ///< when something was kept in it last
-    std::int64_t size;     ///< in bytes
+    OpenFile file;             ///< for reading and writing, and locked
+    JournalFault fault;        ///< none, unreadable or newer, as the header tells
+    JournalHeader header;      ///< good when the fault is none
+    std::time_t written;       ///< when something was kept in it last
+    std::int64_t size;         ///< in bytes
+    std::uint64_t textLength;  ///< in bytes, as it seems
 };
 
 struct LeftJournals {
@@ -32,7 +33,7 @@ struct LeftJournals {
 };
 
 /// What is left in the directory of the journals, as far as nobody holds it: of very many the newest by their names. No
-/// more than the headers is read. Nothing when the directory is missing or cannot be read.
+/// more than the heads of the records is read. Nothing when the directory is missing or cannot be read.
 /// @param most  how many are looked at
 LeftJournals findLeftJournals(std::size_t most = 500);
 

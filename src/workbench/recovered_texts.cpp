@@ -33,6 +33,11 @@ std::optional<std::string> textOnDisk(const JournalHeader& header) {
 
 }  // namespace
 
+std::string leftTextSize(const LeftJournal& journal) {
+    if (journal.fault != JournalFault::none) return {};
+    return std::to_string(journal.textLength) + (journal.textLength == 1 ? " byte" : " bytes");
+}
+
 std::string leftTextName(const LeftJournal& journal) {
     if (journal.fault == JournalFault::unreadable) return "(cannot be read)";
     if (journal.fault == JournalFault::newer) return "(made by a newer version of Kelvor)";
@@ -68,7 +73,7 @@ void RecoveredTexts::take(LeftJournals journals) {
 void RecoveredTexts::Form_Load() {
     std::vector<ReportView::Row> rows;
     for (const auto& journal : journals_)
-        rows.push_back({{leftTextName(*journal), shownMoment(journal->written), std::to_string(journal->size)}});
+        rows.push_back({{leftTextName(*journal), shownMoment(journal->written), leftTextSize(*journal)}});
     lstTexts.addRows(std::move(rows));
     lblOthers.setVisible(others_ > 0);
     lblOthers.setCaption(std::to_string(others_) + " older ones are offered at a later start, when these are gone.");

@@ -16,6 +16,9 @@ namespace kelvor {
 /// What a left text is, for a list: its name, or why it has none.
 std::string leftTextName(const LeftJournal& journal);
 
+/// How long it is; "" for what has no text.
+std::string leftTextSize(const LeftJournal& journal);
+
 /// What is to be known of a left text before it is brought back, in sentences.
 /// @param onDisk  the text of its file by now; nothing when there is none, or none that can be read
 std::string describeLeftText(const JournalContent& content, std::optional<std::string_view> onDisk);

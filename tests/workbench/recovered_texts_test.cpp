@@ -75,6 +75,8 @@ TEST_F(RecoveredTextsForm, BringsBackWhatIsSelectedAsChangedAndKeepsItOn) {
     startWith([this](RecoveredTexts& form) {
         EXPECT_EQ(form.lblAbout.caption(), causeOf(JournalFault::unreadable));
         EXPECT_EQ(disabledIn(form), "cmdBringBack cmdLook ");
+        for (const auto& [row, size] : {std::pair(0, ""), {1, "5 bytes"}, {3, "14 bytes"}})
+            EXPECT_EQ(form.lstTexts.cell(row, 2), size);
         form.lstTexts.choose(3, {0, 2, 3});
         EXPECT_EQ(form.lblAbout.caption(), "3 are selected.");
         form.cmdBringBack.click();
