@@ -160,12 +160,17 @@ void Journal::keepUp() {
 
 void Journal::begin() {
     auto base = subject_.isUntitled ? std::nullopt : openBase();
-    header_ = {subject_.name, subject_.isUntitled, base ? baseEncoding_ : edit_.encoding(), std::time(nullptr),
-               base ? base_ : std::nullopt};
+    header_ = {subject_.name,      subject_.isUntitled,        base ? baseEncoding_ : edit_.encoding(),
+               std::time(nullptr), base ? base_ : knownFile(), !base};
     file_.emplace(JournalFile::create(header_));
     activate();
     needsSnapshot_ = !base;
     if (base) copy_.emplace(std::move(*base));
+}
+
+/// What the document's file was like when the user saw it last.
+std::optional<FileStamp> Journal::knownFile() const {
+    return subject_.isUntitled ? std::nullopt : edit_.fileStamp();
 }
 
 /// The file that the changes are counted from, unless it is another one by now or cannot be read.
@@ -242,7 +247,8 @@ void Journal::flush(Moment now) {
 /// Puts a journal of the text alone in the place of this one.
 void Journal::rewrite() {
     JournalHeader header = header_;
-    header.stamp.reset();
+    header.stamp = knownFile();
+    header.isOfSnapshot = true;
     JournalFile fresh = JournalFile::create(header, journalPartSuffix);
     try {
         if (mark_) fresh.append(beingSavedRecord(fresh.check(), *mark_));

@@ -89,6 +89,7 @@ private:
     void takeChange();
     void keepUp();
     void begin();
+    std::optional<FileStamp> knownFile() const;
     std::optional<OpenFile> openBase();
     void appendChange();
     void appendMarkOver();

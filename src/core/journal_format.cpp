@@ -110,13 +110,17 @@ bool checks(const FoundRecord& record, const ContentHash& previous) {
     return record.check == checkOf(previous, record.start, record.payload, {});
 }
 
+/// Stands before the stamp of a file that the changes are not counted from.
+constexpr std::uint64_t stampedBesideSnapshot = 2;
+
 std::optional<JournalHeader> headerFrom(std::string_view payload) {
     Fields fields(payload);
     JournalHeader header;
     header.isUntitled = fields.number() != 0;
     header.encoding = fields.encoding();
     header.begun = static_cast<std::int64_t>(fields.number());
-    if (fields.number() != 0) {
+    if (const auto stamped = fields.number(); stamped != 0) {
+        header.isOfSnapshot = stamped == stampedBesideSnapshot;
         FileStamp& stamp = header.stamp.emplace();
         stamp.device = fields.number();
         stamp.inode = fields.number();
@@ -219,14 +223,14 @@ private:
         }
     }
 
-    bool takesBase() const { return content_.header.stamp && !content_.isWhole; }
+    bool takesBase() const { return content_.header.isOfFile() && !content_.isWhole; }
 
     /// The text that the first of the changes was made in; nothing, and why in the content, when it cannot be had.
     std::optional<std::string> firstText(const FileReader& readFile) {
         if (snapshot_) return std::string(*snapshot_);
         const auto& stamp = content_.header.stamp;
         content_.fault = JournalFault::noText;
-        if (!stamp) return std::nullopt;
+        if (!content_.header.isOfFile()) return std::nullopt;
         content_.fault = JournalFault::fileChanged;
         const auto bytes = content_.isWhole ? joinedBase() : readFile(content_.header.name);
         if (!bytes || hashOf(*bytes) != stamp->hash) return std::nullopt;
@@ -299,7 +303,8 @@ JournalRecord headerRecord(const JournalHeader& header) {
     append(fields, std::uint64_t{header.isUntitled});
     append(fields, numberOf(header.encoding));
     append(fields, static_cast<std::uint64_t>(header.begun));
-    append(fields, std::uint64_t{header.stamp.has_value()});
+    append(fields,
+           header.stamp && header.isOfSnapshot ? stampedBesideSnapshot : std::uint64_t{header.stamp.has_value()});
     if (const auto& stamp = header.stamp) {
         append(fields, std::uint64_t{stamp->device});
         append(fields, std::uint64_t{stamp->inode});
@@ -368,7 +373,7 @@ JournalContent readJournal(std::string_view journal, const FileReader& readFile)
 }
 
 std::uint64_t seemingTextLength(const JournalHeader& header, std::size_t size, const PartReader& partAt) {
-    std::uint64_t textLength = header.stamp ? static_cast<std::uint64_t>(header.stamp->size) : 0;
+    std::uint64_t textLength = header.isOfFile() ? static_cast<std::uint64_t>(header.stamp->size) : 0;
     for (std::size_t place = preambleSize;;) {
         const auto bytes = partAt(place);
         if (bytes.size() < headSize) return textLength;

@@ -21,7 +21,11 @@ struct JournalHeader {
     bool isUntitled = false;  ///< the name is no path
     Encoding encoding = Encoding::utf8;
     std::int64_t begun = 0;          ///< seconds since 1970 by the clock on the wall
-    std::optional<FileStamp> stamp;  ///< of the file that the changes are counted from; nothing: a snapshot comes first
+    std::optional<FileStamp> stamp;  ///< of the document's file, as the document knew it
+    bool isOfSnapshot = false;       ///< the changes are counted from a snapshot, and not from that file
+
+    /// Whether the changes are counted from the file; if not, a snapshot comes first.
+    bool isOfFile() const { return stamp && !isOfSnapshot; }
 };
 
 /// A save that was begun and of whose end the journal does not know.

@@ -87,8 +87,10 @@ struct Everything : Draft {
 };
 
 TEST(JournalFormat, AHeaderComesBackAsItWas) {
-    for (const JournalHeader& header :
-         {headerOf("text"), headerOf("", Encoding::windows1252), untitled, JournalHeader{std::string(4096, '\xFE')}}) {
+    JournalHeader ofSnapshot = headerOf("text");
+    ofSnapshot.isOfSnapshot = true;
+    for (const JournalHeader& header : {headerOf("text"), ofSnapshot, headerOf("", Encoding::windows1252), untitled,
+                                        JournalHeader{std::string(4096, '\xFE')}}) {
         const auto read = readJournalHeader(headerRecord(header).head.substr(0, journalHeaderRoom));
         ASSERT_EQ(read.fault, JournalFault::none);
         EXPECT_EQ(read.header.name, header.name);
@@ -96,6 +98,7 @@ TEST(JournalFormat, AHeaderComesBackAsItWas) {
         EXPECT_EQ(read.header.encoding, header.encoding);
         EXPECT_EQ(read.header.begun, header.begun);
         ASSERT_EQ(read.header.stamp.has_value(), header.stamp.has_value());
+        EXPECT_EQ(read.header.isOfFile(), header.isOfFile());
         EXPECT_TRUE(!header.stamp || (read.header.stamp->isOf(statusOf(header.stamp->size)) &&
                                       read.header.stamp->hash == header.stamp->hash));
     }

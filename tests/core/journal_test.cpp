@@ -232,6 +232,7 @@ TEST_F(JournalOf, AFileReadAnewOrTakenForKnownIsNotTakenForTheTextBefore) {
     text.setFileStamp(readStamp(files.write("a.htm", "disk")));
     type("x");
     EXPECT_EQ(kept(), "xold") << "the text stays, and its file is known to be another";
+    EXPECT_TRUE(journals()[0].header.stamp && journals()[0].header.stamp->hash == hashOf("disk"));
     text.ReloadFile(files.write("a.htm", "disk 2"));
     documentManager().currentDocument().journal().start(true);
     EXPECT_EQ(kept(), "");
@@ -349,7 +350,7 @@ TEST_F(JournalOf, AJournalThatWasLeftGoesOn) {
 }
 
 TEST_F(JournalOf, ALongJournalOfAShortTextIsMadeShort) {
-    EditControl& text = openUntitled("").SourceRTB();
+    EditControl& text = open("a.htm", "").SourceRTB();
     for (int i = 0; i < 9; ++i) {
         text.setText(std::string(8'000'000, '-'));
         text.setText("short");
@@ -360,6 +361,7 @@ TEST_F(JournalOf, ALongJournalOfAShortTextIsMadeShort) {
     EXPECT_LT(fs::file_size(path), 1'000U);
     type("x");
     EXPECT_EQ(kept(), "xshort");
+    EXPECT_TRUE(journals()[0].header.stamp && journals()[0].header.stamp->hash == hashOf(""));
     const OpenFile other(::open(path.c_str(), O_RDWR));
     EXPECT_NE(flock(other.descriptor(), LOCK_EX | LOCK_NB), 0);
     EXPECT_EQ(std::distance(fs::directory_iterator(files.path("state/journals")), {}), 1);
