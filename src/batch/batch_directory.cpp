@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <charconv>
 #include <exception>
+#include <limits>
 #include <vector>
 
 #include "base/error.h"
@@ -25,6 +26,8 @@ namespace kelvor {
 namespace {
 
 constexpr const char* recordName = "record";
+/// Behind the number of a run whose files are to go.
+constexpr std::string_view supersededSuffix = ".gone";
 
 OpenFile lockedFile(const std::string& path) {
     constexpr mode_t ownerOnly = 0600;
@@ -37,14 +40,15 @@ OpenFile lockedFile(const std::string& path) {
     return lock;
 }
 
-/// The numbers that are names of directories in it, the highest first.
-std::vector<std::uint64_t> numbersIn(const std::string& directory) {
+/// The numbers that are names of directories in it, with a suffix behind them, the highest first.
+std::vector<std::uint64_t> numbersIn(const std::string& directory, std::string_view suffix = "") {
     std::vector<std::uint64_t> numbers;
     visitEntries(directory, [&](const ListedEntry& entry) {
         const std::string_view name = entry.name();
         std::uint64_t number = 0;
-        const auto [end, failure] = std::from_chars(name.data(), name.data() + name.size(), number);
-        if (failure == std::errc() && end == name.data() + name.size() && number > 0) numbers.push_back(number);
+        const char* const last = name.data() + name.size();
+        const auto [end, failure] = std::from_chars(name.data(), last, number);
+        if (failure == std::errc() && std::string_view(end, last) == suffix && number > 0) numbers.push_back(number);
         return true;
     });
     std::sort(numbers.rbegin(), numbers.rend());
@@ -62,22 +66,47 @@ bool hasChangedAFile(const BatchRecord& record) {
     });
 }
 
-/// Removes the files of a directory of the user's own, and then that; links to directories are left alone.
-void removeFlat(const std::string& path, const Step& step) {
+/// Removes files of a directory of the user's own, at most so many, and with the last of them the directory; links to
+/// directories are left alone.
+/// @return how many have gone
+std::size_t removeFlat(const std::string& path, std::size_t most) {
     struct stat status {};
-    if (lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid()) return;
+    if (lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid()) return 0;
     std::vector<std::string> names;
     visitEntries(path, [&](const ListedEntry& entry) {
-        names.emplace_back(entry.name());
-        return true;
+        // The record goes last: it knows of the others.
+        if (entry.name() != recordName) names.emplace_back(entry.name());
+        return names.size() < most;
     });
-    // The record goes last: it knows of the others.
-    std::partition(names.begin(), names.end(), [](const std::string& name) { return name != recordName; });
-    for (const std::string& name : names) {
-        systemCalls().unlink(joinPath(path, name).c_str());
-        step();
+    const auto gone = std::count_if(names.begin(), names.end(), [&](const std::string& name) {
+        return systemCalls().unlink(joinPath(path, name).c_str()) == 0;
+    });
+    if (names.size() < most) {
+        systemCalls().unlink(joinPath(path, recordName).c_str());
+        rmdir(path.c_str());
     }
-    rmdir(path.c_str());
+    return static_cast<std::size_t>(gone);
+}
+
+/// Nothing when the directory of a run has none, or none that can be read.
+std::optional<BatchRecord> recordIn(const std::string& directory) {
+    const auto bytes = readFileIfPossible(joinPath(directory, recordName));
+    return bytes ? readRecord(*bytes) : std::nullopt;
+}
+
+/// Removes what a run has kept in its directory and elsewhere, at most so many files; how many have gone.
+std::size_t removeRun(const std::string& directory, std::size_t most) {
+    std::size_t gone = 0;
+    if (const auto known = recordIn(directory))
+        for (const std::string& beside : known->directories)
+            if (gone < most) gone += removeFlat(beside, most - gone);
+    return gone < most ? gone + removeFlat(directory, most - gone) : gone;
+}
+
+/// Whether a run may have been superseded whose files are still there; at first that is not known.
+bool& mayHaveSuperseded() {
+    static bool may = true;
+    return may;
 }
 
 }  // namespace
@@ -86,14 +115,17 @@ BatchDirectory::BatchDirectory() : path_(privateDirectory("batch")), lock_(locke
 }
 
 std::uint64_t BatchDirectory::highest() const {
-    const auto numbers = numbersIn(path_);
-    return numbers.empty() ? 0 : numbers.front();
+    std::uint64_t highest = 0;
+    for (const std::string_view suffix : {std::string_view(), supersededSuffix})
+        if (const auto numbers = numbersIn(path_, suffix); !numbers.empty())
+            highest = std::max(highest, numbers.front());
+    return highest;
 }
 
 std::optional<RecordedRun> BatchDirectory::latest() const {
     std::optional<RecordedRun> newest;
     for (const std::uint64_t number : numbersIn(path_)) {
-        auto known = record(number);
+        auto known = recordIn(pathOf(number));
         if (!known) continue;
         if (hasChangedAFile(*known)) return RecordedRun{number, std::move(*known)};
         if (!newest) newest = RecordedRun{number, std::move(*known)};
@@ -109,21 +141,39 @@ std::string BatchDirectory::recordPathOf(std::uint64_t number) const {
     return joinPath(pathOf(number), recordName);
 }
 
-/// Nothing when there is none, or none that can be read.
-std::optional<BatchRecord> BatchDirectory::record(std::uint64_t number) const {
-    const auto bytes = readFileIfPossible(recordPathOf(number));
-    return bytes ? readRecord(*bytes) : std::nullopt;
+void BatchDirectory::remove(std::uint64_t number) const {
+    removeRun(pathOf(number), std::numeric_limits<std::size_t>::max());
 }
 
-void BatchDirectory::remove(std::uint64_t number, const Step& step) const {
-    if (const auto known = record(number))
-        for (const std::string& directory : known->directories) removeFlat(directory, step);
-    removeFlat(pathOf(number), step);
+void BatchDirectory::supersede(std::uint64_t number) const {
+    const std::string path = pathOf(number);
+    systemCalls().rename(path.c_str(), (path + std::string(supersededSuffix)).c_str());
+    mayHaveSuperseded() = true;
 }
 
-void BatchDirectory::removeAllBut(std::uint64_t number, const Step& step) const {
+void BatchDirectory::supersedeAllBut(std::uint64_t number) const {
     for (const std::uint64_t other : numbersIn(path_))
-        if (other != number) remove(other, step);
+        if (other != number) supersede(other);
+}
+
+std::size_t BatchDirectory::removeSuperseded(std::size_t most) const {
+    std::size_t gone = 0;
+    for (const std::uint64_t number : numbersIn(path_, supersededSuffix))
+        if (gone < most) gone += removeRun(pathOf(number) + std::string(supersededSuffix), most - gone);
+    return gone;
+}
+
+bool removeSupersededFiles() {
+    // Few enough that nobody who types notices them on a busy disk.
+    constexpr std::size_t portion = 16;
+    if (!mayHaveSuperseded()) return false;
+    try {
+        mayHaveSuperseded() = BatchDirectory().removeSuperseded(portion) == portion;
+    } catch (const Error&) {
+        // Whoever holds the directory now looks when the run is over.
+        mayHaveSuperseded() = false;
+    }
+    return mayHaveSuperseded();
 }
 
 }  // namespace kelvor

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/step.h"
 #include "batch/batch_record.h"
 #include "files/system_calls.h"
 
@@ -34,15 +33,20 @@ public:
     /// Where its record stands.
     std::string recordPathOf(std::uint64_t number) const;
     /// Throws away what is kept of the run. What does not go stays until the next time.
-    void remove(std::uint64_t number, const Step& step) const;
-    /// The same for all runs but one.
-    void removeAllBut(std::uint64_t number, const Step& step) const;
+    void remove(std::uint64_t number) const;
+    /// The run is none any more. Its files go bit by bit by removeSuperseded: on a busy disk the system takes as long
+    /// to remove a file as to write one.
+    void supersede(std::uint64_t number) const;
+    void supersedeAllBut(std::uint64_t number) const;
+    /// Removes at most so many of their files; how many have gone.
+    std::size_t removeSuperseded(std::size_t most) const;
 
 private:
-    std::optional<BatchRecord> record(std::uint64_t number) const;
-
     std::string path_;
     OpenFile lock_;
 };
+
+/// Removes a few files of runs that a later one has superseded, between events; whether there may be more.
+bool removeSupersededFiles();
 
 }  // namespace kelvor

@@ -85,7 +85,7 @@ void KeptFiles::stop() {
 }
 
 void KeptFiles::dropUnused() {
-    if (number_ != 0 && !hasTouched_) batches_->remove(std::exchange(number_, 0), noStep);
+    if (number_ != 0 && !hasTouched_) batches_->remove(std::exchange(number_, 0));
 }
 
 Outcome KeptFiles::replace(const ReplaceableFile& file, std::string_view bytes, const std::string& temporary,
@@ -104,7 +104,7 @@ Outcome KeptFiles::replace(const ReplaceableFile& file, std::string_view bytes, 
     const bool hadTouched = std::exchange(hasTouched_, true);
     const Outcome done = replaceFile(file, bytes, temporary, flusher, step, change.keptAs);
     if (!done) hasTouched_ = hadTouched;
-    if (done && record_ && std::exchange(earlierAreThere_, false)) batches_->removeAllBut(number_, step);
+    if (done && record_ && std::exchange(earlierAreThere_, false)) batches_->supersedeAllBut(number_);
     return done;
 }
 

@@ -110,7 +110,7 @@ void TakeBack::putFilesBack() {
         ProgressBar1.setValue(static_cast<int>(done + 1));
     }
     if (count(FileState::isOld) != files_.size()) return;
-    batches_->remove(number_, pumpEvents);
+    batches_->supersede(number_);
     guarded(removeLeftBehind);
 }
 

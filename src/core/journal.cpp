@@ -283,12 +283,4 @@ bool workOnJournals(Journal::Moment now) {
     return std::any_of(journals.begin(), journals.end(), [now](Journal* journal) { return journal->work(now); });
 }
 
-void startJournals() {
-    platform().screen.setIdleWork([] { return workOnJournals(std::chrono::steady_clock::now()); });
-}
-
-void endJournals() {
-    platform().screen.setIdleWork(nullptr);
-}
-
 }  // namespace kelvor

@@ -123,8 +123,5 @@ private:
 
 /// Does a part of the work of one of the journals; whether there was any, and there may be more then.
 bool workOnJournals(Journal::Moment now);
-/// Has workOnJournals called between events. endJournals takes that away again.
-void startJournals();
-void endJournals();
 
 }  // namespace kelvor

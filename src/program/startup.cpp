@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/startup.h"
 
+#include <chrono>
 #include <optional>
 
 #include "assistants/template_holder.h"
 #include "authoring/insert_lists.h"
+#include "batch/batch_directory.h"
 #include "controls/tab_strip.h"
 #include "core/document_manager.h"
 #include "core/file_open.h"
@@ -76,10 +78,18 @@ void listBrowsers() {
     guarded(setUpBrowsers);
 }
 
+/// What is done bit by bit while no event waits.
+void startIdleWork() {
+    platform().screen.setIdleWork([] {
+        const bool isMore = workOnJournals(std::chrono::steady_clock::now());
+        return removeSupersededFiles() || isMore;
+    });
+}
+
 /// The start in its order. An error ends it there, and what was done stays.
 constexpr void (*steps[])() = {removePlaceholderTab,
                                createDocumentManager,
-                               startJournals,
+                               startIdleWork,
                                initSpecialChars,
                                loadFontList,
                                resetCounters,
@@ -94,7 +104,7 @@ constexpr void (*steps[])() = {removePlaceholderTab,
 
 /// The frame's end.
 void MDIForm1_Unload() {
-    endJournals();
+    platform().screen.setIdleWork(nullptr);
     resetSharedState();
     instanceLock.reset();
 }
