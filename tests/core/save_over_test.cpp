@@ -21,6 +21,8 @@ protected:
         CDocument& document = open(name, "old");
         type("mine ");
         files.write(name, "theirs");
+        mainForm().keyboardCame.raise();
+        EXPECT_TRUE(mainForm().picDisk.visible());
         return document;
     }
     /// The next question is about this file and is answered so.
