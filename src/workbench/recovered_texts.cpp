@@ -13,6 +13,7 @@
 #include "platform/platform.h"
 #include "support/messages.h"
 #include "support/moments.h"
+#include "text/counted.h"
 #include "text/line_difference.h"
 #include "text/shown_name.h"
 #include "text/text_encoding.h"
@@ -35,7 +36,7 @@ std::optional<std::string> textOnDisk(const JournalHeader& header) {
 
 std::string leftTextSize(const LeftJournal& journal) {
     if (journal.fault != JournalFault::none) return {};
-    return std::to_string(journal.textLength) + (journal.textLength == 1 ? " byte" : " bytes");
+    return counted(journal.textLength, "byte");
 }
 
 std::string leftTextName(const LeftJournal& journal) {
