@@ -89,6 +89,14 @@ public:
     void expectModal(std::function<void(Form&)> steps) {
         steps_.push_back({.kind = "modal", .modal = std::move(steps)});
     }
+    /// The next modal form is one of this kind; it is closed behind the user's steps in it, unless these close it.
+    template <typename Dialog>
+    void expectDialog(const std::function<void(Dialog&)>& steps) {
+        expectModal([steps](Form& form) {
+            steps(dynamic_cast<Dialog&>(form));
+            if (form.isLoaded()) form.unload();
+        });
+    }
     void expectPopup(std::function<void(MenuItem&)> steps) {
         steps_.push_back({.kind = "popup", .popup = std::move(steps)});
     }

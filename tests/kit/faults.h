@@ -80,6 +80,11 @@ inline ScopedSystemCalls failing(auto SystemCalls::*call, int code) {
     return ScopedSystemCalls(std::move(calls));
 }
 
+/// Where a file lies that this process has open; of one that has gone, and of a pipe, in the kernel's words.
+inline std::string pathOf(int descriptor) {
+    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
+}
+
 /// What `action` throws, as "number description"; nothing when it throws nothing.
 inline std::string errorOf(const std::function<void()>& action) {
     try {
