@@ -12,29 +12,24 @@ namespace kelvor {
 namespace {
 
 TEST(LeftTexts, AreDescribedAgainstTheirFileOnTheDisk) {
-    const JournalHeader named{.name = "/a\xFF.htm"};
-    const SaveMark save{.path = "/a\xFF.htm"};
-    const SaveMark elsewhere{.path = "/b\n.htm"};
-    const auto text = [](const JournalHeader& header, const std::string& lines,
-                         const std::optional<SaveMark>& mark = {}) {
-        return JournalContent{.fault = JournalFault::none, .header = header, .text = lines, .save = mark};
+    const std::string path = "/a\xFF.htm";
+    const auto left = [&](const std::string& text, const std::string& savePath = {}) {
+        const auto save = savePath.empty() ? std::nullopt : std::optional(SaveMark{.path = savePath});
+        return JournalContent{.fault = JournalFault::none, .header = {.name = path}, .text = text, .save = save};
     };
+    JournalContent untitled = left("1");
+    untitled.header = {.name = "Untitled 1", .isUntitled = true};
     const std::string same = "Lines added: 0, removed: 0, against the file on the disk. ";
     const std::string half = "The file on the disk may be half written.";
-    const struct {
-        JournalContent content;
-        std::optional<std::string_view> onDisk;
-        std::string told;
-    } rows[] = {
-        {text(named, "1\r\n2\r\n3\r\n"), "1\r\nx\r\n", "Lines added: 2, removed: 1, against the file on the disk."},
-        {text(named, "1\n2"), std::nullopt, "Lines added: 2. There is no file of it any more."},
-        {text({.name = "Untitled 1", .isUntitled = true}, "1"), std::nullopt,
-         "Lines added: 1. There is no file of it yet."},
-        {text(named, "1", save), "1", same + half},
-        {text(named, "1", elsewhere), "1", same + "It was being saved as /b\\n.htm. " + half},
+    const std::tuple<JournalContent, std::optional<std::string_view>, std::string> rows[] = {
+        {left("1\r\n2\r\n3\r\n"), "1\r\nx\r\n", "Lines added: 2, removed: 1, against the file on the disk."},
+        {left("1\n2"), std::nullopt, "Lines added: 2. There is no file of it any more."},
+        {untitled, std::nullopt, "Lines added: 1. There is no file of it yet."},
+        {left("1", path), "1", same + half},
+        {left("1", "/b\n.htm"), "1", same + "It was being saved as /b\\n.htm. " + half},
         {{.fault = JournalFault::noText}, "1", causeOf(JournalFault::noText)},
     };
-    for (const auto& row : rows) EXPECT_EQ(describeLeftText(row.content, row.onDisk), row.told);
+    for (const auto& [content, onDisk, told] : rows) EXPECT_EQ(describeLeftText(content, onDisk), told);
 }
 
 /// A start after another copy has been killed.
@@ -45,9 +40,12 @@ protected:
     void leave(const std::string& name, const JournalHeader& header, const std::string& text) {
         files.write("journals/" + name + ".journal", journalBytes(header, text));
     }
+    void leaveUntitled(const std::string& name, const std::string& text) {
+        leave(name, {.name = "Untitled 7", .isUntitled = true}, text);
+    }
     /// Starts; while the window is shown `steps` run.
     void startWith(const std::function<void(RecoveredTexts&)>& steps) {
-        platform.expectModal([&](Form& form) { steps(dynamic_cast<RecoveredTexts&>(form)); });
+        platform.expectDialog(steps);
         start();
     }
     std::ptrdiff_t journalCount() const {
@@ -69,8 +67,8 @@ TEST_F(RecoveredTextsForm, BringsBackWhatIsSelectedAsChangedAndKeepsItOn) {
     const std::string path = files.write("a.htm", "caf\xE9");
     const JournalHeader named{.name = path, .encoding = Encoding::windows1252, .stamp = readStamp(path)};
     leave("1", named, "caf\u00e9 and more");
-    leave("2", {.name = "Untitled 7", .isUntitled = true}, "1\n2\n");
-    leave("3", {.name = "Untitled 8", .isUntitled = true}, "later");
+    leaveUntitled("2", "1\n2\n");
+    leaveUntitled("3", "later");
     files.write("journals/4.journal", "nonsense");
     startWith([this](RecoveredTexts& form) {
         EXPECT_EQ(form.lblAbout.caption(), causeOf(JournalFault::unreadable));
@@ -83,7 +81,6 @@ TEST_F(RecoveredTextsForm, BringsBackWhatIsSelectedAsChangedAndKeepsItOn) {
         EXPECT_EQ(documents(), "Untitled 1=1\n2\n* a.htm=caf\u00e9 and more* ");
         EXPECT_EQ(form.lstTexts.count(), 2U) << "the unreadable one and the other one stay";
         EXPECT_FALSE(form.lblOthers.visible());
-        form.cmdClose.click();
     });
     EXPECT_EQ(recentMenu(), "a.htm ");
     EXPECT_EQ(panelText(panel::saved), "File Saved: No");
@@ -91,27 +88,20 @@ TEST_F(RecoveredTextsForm, BringsBackWhatIsSelectedAsChangedAndKeepsItOn) {
     EXPECT_EQ(documentManager().MyDocuments().items().front()->SourceRTB().lineEnd(), "\n");
     EXPECT_EQ(journalCount(), 4);
     EXPECT_EQ(findLeftJournals().newest.size(), 2U) << "what is open again is not left";
+    type("+ ");
+    EXPECT_EQ(readJournal(files.read("journals/1.journal"), {}).text, "+ caf\u00e9 and more") << "it is left again";
     menu("mnuFile_Save").click();
-    EXPECT_EQ(files.read("a.htm"), "caf\xE9 and more");
+    EXPECT_EQ(files.read("a.htm"), "+ caf\xE9 and more");
     EXPECT_EQ(journalCount(), 3);
-}
-
-TEST_F(RecoveredTextsForm, WhatIsTypedIntoATextThatCameBackIsLeftAgain) {
-    leave("1", {.name = "Untitled 1", .isUntitled = true}, "text");
-    startWith([](RecoveredTexts& form) { form.cmdBringBack.click(); });
-    type("more ");
-    EXPECT_EQ(readJournal(files.read("journals/1.journal"), {}).text, "more text");
 }
 
 TEST_F(RecoveredTextsForm, DiscardsAfterAQuestionAndShowsATextWithoutOpeningIt) {
     leave("1", {.name = "/gone/a\xFF.htm"}, "text");
-    leave("2", {.name = "Untitled 1", .isUntitled = true}, "other");
+    leaveUntitled("2", "other");
     startWith([this](RecoveredTexts& form) {
         form.lstTexts.choose(1, {1});
-        platform.expectModal([](Form& look) {
-            EXPECT_EQ(look.caption(), "/gone/a\\xFF.htm");
-            EXPECT_EQ(dynamic_cast<Look&>(look).rtbText.text(), "text");
-        });
+        platform.expectDialog<Look>(
+            [](Look& look) { EXPECT_EQ(look.caption() + "|" + look.rtbText.text(), "/gone/a\\xFF.htm|text"); });
         form.cmdLook.click();
         const std::string behind = "?\r\nNothing will be left of what was not saved.";
         platform.expectMessage(deletion("Do you want to discard the unsaved text [/gone/a\\xFF.htm]" + behind),
@@ -133,7 +123,7 @@ TEST_F(RecoveredTextsForm, WhatCannotBePutTogetherStaysAndTheOthersComeBack) {
     const JournalRecord typed = changeRecord(begin.check, {0, 0, 1}, "x", 4);
     files.write("a.htm", "new");
     files.write("journals/2.journal", begin.head + typed.head + std::string(typed.body));
-    leave("1", {.name = "Untitled 1", .isUntitled = true}, "text");
+    leaveUntitled("1", "text");
     startWith([&](RecoveredTexts& form) {
         form.lstTexts.choose(0, {0, 1});
         platform.expectMessage(openError(path, causeOf(JournalFault::fileChanged)));
