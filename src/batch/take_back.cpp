@@ -51,6 +51,7 @@ void tell(const std::string& text, const std::string& cause = {}) {
 
 TakeBack::TakeBack() : ToolDialog("frmTakeBack", formTitle, AtEnd::focusDocument) {
     cmdClose.setDefault(true);
+    lstFiles.setTakesRoom(0);
 }
 
 void TakeBack::setRun(BatchDirectory batches, const RecordedRun& run) {

@@ -84,6 +84,11 @@ public:
     void setRightAligned(int column) { rightAligned_.at(static_cast<std::size_t>(column)) = true; }
     bool isRightAligned(int column) const { return rightAligned_.at(static_cast<std::size_t>(column)); }
 
+    /// Has a column take the room that the contents leave, in equal parts with the others that do. To be told before
+    /// the window is made.
+    void setTakesRoom(int column) { takesRoom_.at(static_cast<std::size_t>(column)) = true; }
+    bool takesRoom(int column) const { return takesRoom_.at(static_cast<std::size_t>(column)); }
+
     /// The user's acts: a double click on a row, Return over selected rows, a click on a header, a choice of rows.
     void doubleClick(int row);
     void pressReturn() { returnPressed.raise(); }
@@ -109,6 +114,7 @@ private:
     std::vector<std::string> columns_;
     std::vector<int> columnWidths_ = std::vector<int>(columns_.size(), 0);
     std::vector<bool> rightAligned_ = std::vector<bool>(columns_.size(), false);
+    std::vector<bool> takesRoom_ = std::vector<bool>(columns_.size(), false);
     std::vector<Row> rows_;
     std::vector<std::string> icons_;
     bool multiSelect_ = false;

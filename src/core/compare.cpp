@@ -110,6 +110,7 @@ std::string differenceSummary(const std::vector<DifferenceRow>& rows) {
 
 Compare::Compare() : ToolDialog("frmCompare", "Compare") {
     for (const int column : {leftNumber, rightNumber}) lstLines.setRightAligned(column);
+    for (const int column : {leftText, rightText}) lstLines.setTakesRoom(column);
     for (EditControl* field : {&rtbLeft, &rtbRight}) field->setReadOnly(true);
     for (Label* label : {&lblLeft, &lblRight}) label->setUseMnemonic(true);
 }

@@ -23,6 +23,7 @@ namespace kelvor {
 namespace {
 
 /// Columns of lstTexts.
+constexpr int nameColumn = 0;
 constexpr int sizeColumn = 2;
 
 /// The text of a document's file as it is on the disk; nothing for one that is not there or cannot be read.
@@ -64,6 +65,7 @@ RecoveredTexts::RecoveredTexts() : ToolDialog("frmRecovered", "Unsaved Texts") {
     lblTexts.setUseMnemonic(true);
     lstTexts.setMultiSelect(true);
     lstTexts.setRightAligned(sizeColumn);
+    lstTexts.setTakesRoom(nameColumn);
 }
 
 void RecoveredTexts::take(LeftJournals journals) {

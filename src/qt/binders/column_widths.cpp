@@ -100,17 +100,35 @@ int ColumnWidths::shareOf(int space) const {
     return widths.empty() ? 0 : widths.back();
 }
 
-/// Widens columns that together are narrower than the room: the last one of texts whose width nobody has told, or
-/// else all of them alike.
+/// Widens columns that together are narrower than the room: those that are to take it, or the last one of texts whose
+/// width nobody has told, or else all of them alike.
 void ColumnWidths::fill(int room, std::vector<int>& widths) const {
     const int needed = std::accumulate(widths.begin(), widths.end(), 0);
     if (needed >= room) return;
+    if (shareRoom(room - needed, widths)) return;
     for (int column = static_cast<int>(widths.size()) - 1; column >= 0; --column) {
         if (toldWidth(column) > 0 || list_.isRightAligned(column)) continue;
         widths[static_cast<std::size_t>(column)] += room - needed;
         return;
     }
     for (int& width : widths) width = width * room / needed;
+}
+
+/// Makes the columns that take room equally wide, or equally wider where one needs more than that; false for none.
+bool ColumnWidths::shareRoom(int room, std::vector<int>& widths) const {
+    std::vector<int*> takers;
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
+        if (list_.takesRoom(column)) takers.push_back(&widths[static_cast<std::size_t>(column)]);
+    if (takers.empty()) return false;
+    const int count = static_cast<int>(takers.size());
+    int all = room;
+    int widest = 0;
+    for (const int* width : takers) {
+        all += *width;
+        widest = std::max(widest, *width);
+    }
+    for (int* width : takers) *width = widest <= all / count ? all / count : *width + room / count;
+    return true;
 }
 
 void ColumnWidths::placeAsTold() {

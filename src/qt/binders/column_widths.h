@@ -15,9 +15,9 @@ class ReportView;
 namespace kelvor::qt {
 
 /// Gives the columns of a report view their widths: the one told for a column, or as much as its header and its longest
-/// texts need. Where these do not fit, the widest give way to the narrow ones; what is left goes to the last column of
-/// texts whose width nobody has told, or to all alike. Once the user has drawn a column to another width, only the last
-/// one follows the window.
+/// texts need. Where these do not fit, the widest give way to the narrow ones; what is left goes to the columns that
+/// are to take it, or to the last column of texts whose width nobody has told, or to all alike. Once the user has drawn
+/// a column to another width, only the last one follows the window.
 class ColumnWidths : public QObject {
 public:
     ColumnWidths(const ReportView& list, QTreeView& view, QObject* parent);
@@ -39,6 +39,7 @@ private:
     int neededWidth(int column) const;
     int shareOf(int space) const;
     void fill(int room, std::vector<int>& widths) const;
+    bool shareRoom(int room, std::vector<int>& widths) const;
 
     const ReportView& list_;
     QTreeView& view_;
