@@ -102,7 +102,7 @@ Outcome KeptFiles::replace(const ReplaceableFile& file, std::string_view bytes, 
     }
     // What throws may have left a damaged file.
     const bool hadTouched = std::exchange(hasTouched_, true);
-    const Outcome done = replaceFile(file, bytes, temporary, flusher, step, change.keptAs);
+    Outcome done = replaceFile(file, bytes, temporary, flusher, step, change.keptAs);
     if (!done) hasTouched_ = hadTouched;
     if (done && record_ && std::exchange(earlierAreThere_, false)) batches_->supersedeAllBut(number_);
     return done;

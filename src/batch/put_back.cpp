@@ -111,7 +111,7 @@ FileLook putBack(const ChangedFile& file, const std::string& temporary, Flusher&
     try {
         const std::string now = readFile(file.path);
         const ContentHash hash = hashOf(now);
-        const FileLook look = stateOf(file, hash, [&]() -> std::string_view { return now; });
+        FileLook look = stateOf(file, hash, [&]() -> std::string_view { return now; });
         if (look.state != FileState::canBePutBack) return look;
         // What a kill has left may be a second name of the file.
         if (isMadeByRun(file, hash)) systemCalls().unlink(newerPath(file).c_str());

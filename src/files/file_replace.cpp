@@ -183,7 +183,7 @@ Outcome replaceFile(const ReplaceableFile& target, std::string_view bytes, const
                     Flusher& flusher, const Step& step, const std::string& keepAs) {
     OldFile old(target, keepAs);
     const auto notKept = [&] {
-        const auto failure = Outcome::failed(fileError(errno, keepAs).cause());
+        auto failure = Outcome::failed(fileError(errno, keepAs).cause());
         uninterrupted([&] { return systemCalls().unlink(temporary.c_str()); });
         return failure;
     };
