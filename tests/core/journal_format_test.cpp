@@ -6,7 +6,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <functional>
 #include <random>
 #include <set>
 
@@ -29,10 +28,7 @@ struct Draft {
         add(changeRecord(check, range, inserted, static_cast<int>(text.size())));
     }
     void snapshot(const std::string& whole) { add(snapshotRecord(check, text = whole)); }
-    void base(std::string_view part) { add(basePortionRecord(check, part)); }
-    void baseComplete() { add(baseCompleteRecord(check)); }
     void beginSave(const std::string& path) { add(beingSavedRecord(check, {path, Encoding::utf8, hashOf(text)})); }
-    void saveOver() { add(saveOverRecord(check)); }
 
     std::string bytes;
     std::string text;
@@ -52,15 +48,15 @@ JournalHeader headerOf(const std::string& file, Encoding encoding = Encoding::ut
 
 const JournalHeader untitled{"Untitled 3", true, Encoding::utf8, -1, std::nullopt};
 
-std::optional<std::string> noFile(const std::string& /*path*/) {
-    return std::nullopt;
+JournalContent readAlone(std::string_view bytes) {
+    return readJournal(bytes, [](const std::string& /*path*/) { return std::nullopt; });
 }
 
-FileReader fileWith(const std::string& bytes) {
-    return [bytes](const std::string& path) {
+JournalContent readWith(std::string_view bytes, const std::string& file) {
+    return readJournal(bytes, [&](const std::string& path) {
         EXPECT_EQ(path, "/home/\xFFx/a.htm");
-        return bytes;
-    };
+        return file;
+    });
 }
 
 std::uint64_t seemingLength(std::string_view journal) {
@@ -71,13 +67,13 @@ std::uint64_t seemingLength(std::string_view journal) {
 /// Every kind of record, and all texts that there were on the way.
 struct Everything : Draft {
     Everything() : Draft(headerOf("one two"), "one two") {
-        base("one");
+        add(basePortionRecord(check, "one"));
         change(0, 3, "1");
-        base(" two");
-        baseComplete();
+        add(basePortionRecord(check, " two"));
+        add(baseCompleteRecord(check));
         change(1, 0, "\r\n\xC3\xA4");
         beginSave("/b");
-        saveOver();
+        add(saveOverRecord(check));
         snapshot("anew");
         change(0, 4, "");
         change(0, 0, "z");
@@ -87,54 +83,41 @@ struct Everything : Draft {
 };
 
 TEST(JournalFormat, AHeaderComesBackAsItWas) {
+    const auto fields = [](const JournalHeader& header) {
+        return std::tuple(header.name, header.isUntitled, header.encoding, header.begun, header.isOfFile(),
+                          header.stamp ? header.stamp->hash : ContentHash());
+    };
     JournalHeader ofSnapshot = headerOf("text");
     ofSnapshot.isOfSnapshot = true;
     for (const JournalHeader& header : {headerOf("text"), ofSnapshot, headerOf("", Encoding::windows1252), untitled,
                                         JournalHeader{std::string(4096, '\xFE')}}) {
         const auto read = readJournalHeader(headerRecord(header).head.substr(0, journalHeaderRoom));
-        ASSERT_EQ(read.fault, JournalFault::none);
-        EXPECT_EQ(read.header.name, header.name);
-        EXPECT_EQ(read.header.isUntitled, header.isUntitled);
-        EXPECT_EQ(read.header.encoding, header.encoding);
-        EXPECT_EQ(read.header.begun, header.begun);
-        ASSERT_EQ(read.header.stamp.has_value(), header.stamp.has_value());
-        EXPECT_EQ(read.header.isOfFile(), header.isOfFile());
-        EXPECT_TRUE(!header.stamp || (read.header.stamp->isOf(statusOf(header.stamp->size)) &&
-                                      read.header.stamp->hash == header.stamp->hash));
+        EXPECT_EQ(read.fault, JournalFault::none);
+        EXPECT_EQ(fields(read.header), fields(header));
+        EXPECT_EQ(read.header.stamp && read.header.stamp->isOf(statusOf(header.stamp->size)), header.stamp.has_value());
     }
 }
 
 TEST(JournalFormat, GivesTheTextOfItsFileWithTheChanges) {
-    struct Row {
-        const char* what;
-        std::string file;
-        Encoding encoding;
-        int start;
-        std::string text;
-    };
-    for (const auto& [what, file, encoding, start, text] : {
-             Row{"UTF-8", "\xC3\xA4", Encoding::utf8, 2, "\xC3\xA4!"},
-             Row{"a mark", "\xEF\xBB\xBF\xC3\xA4", Encoding::utf8WithMark, 0, "!\xC3\xA4"},
-             Row{"UTF-16", std::string("\xFF\xFE\xE4\0", 4), Encoding::utf16LittleEndian, 2, "\xC3\xA4!"},
-             Row{"UTF-16, the other way round", "\xFE\xFF\x20\xAC", Encoding::utf16BigEndian, 3, "\xE2\x82\xAC!"},
-             Row{"Windows-1252", "\x80", Encoding::windows1252, 0, "!\xE2\x82\xAC"},
-             Row{"Windows-1252 that would do for UTF-8 too", "\xC3\xA4", Encoding::windows1252, 0, "!\xC3\x83\xC2\xA4"},
-             Row{"a mark that is the text's own", "\xEF\xBB\xBFx", Encoding::utf8, 0, "!\xEF\xBB\xBFx"},
-             Row{"nothing", "", Encoding::utf8, 0, "!"},
+    for (const auto& [file, encoding, start, text] : std::vector<std::tuple<std::string, Encoding, int, std::string>>{
+             {"\xC3\xA4", Encoding::utf8, 2, "\xC3\xA4!"},
+             {"\xEF\xBB\xBF\xC3\xA4", Encoding::utf8WithMark, 0, "!\xC3\xA4"},
+             {{"\xFF\xFE\xE4\0", 4}, Encoding::utf16LittleEndian, 2, "\xC3\xA4!"},
+             {"\xFE\xFF\x20\xAC", Encoding::utf16BigEndian, 3, "\xE2\x82\xAC!"},
+             {"\xC3\xA4", Encoding::windows1252, 0, "!\xC3\x83\xC2\xA4"},  // which would do for UTF-8 too
+             {"\xEF\xBB\xBFx", Encoding::utf8, 0, "!\xEF\xBB\xBFx"},       // the mark is the text's own
+             {"", Encoding::utf8, 0, "!"},
          }) {
-        SCOPED_TRACE(what);
-        for (const bool isWhole : {true, false}) {
-            Draft draft(headerOf(file, encoding), text.substr(start == 0 ? 1 : 0, text.size() - 1));
-            draft.base(file);
-            if (isWhole) draft.baseComplete();
-            draft.change(start, 0, "!");
-            const auto read = readJournal(draft.bytes, isWhole ? FileReader(noFile) : fileWith(file));
-            EXPECT_EQ(read.fault, JournalFault::none);
-            EXPECT_EQ(read.text, text);
-            EXPECT_EQ(read.isWhole, isWhole);
-            EXPECT_EQ(readJournal(draft.bytes, isWhole ? noFile : fileWith(file + "?")).fault,
-                      isWhole ? JournalFault::none : JournalFault::fileChanged);
-        }
+        Draft draft(headerOf(file, encoding), text.substr(start == 0 ? 1 : 0, text.size() - 1));
+        draft.add(basePortionRecord(draft.check, file));
+        Draft whole = draft;
+        whole.add(baseCompleteRecord(whole.check));
+        for (Draft* each : {&draft, &whole}) each->change(start, 0, "!");
+        EXPECT_EQ(readWith(draft.bytes, file).text, text);
+        EXPECT_FALSE(readWith(draft.bytes, file).isWhole);
+        EXPECT_EQ(readWith(draft.bytes, file + "?").fault, JournalFault::fileChanged);
+        EXPECT_EQ(readAlone(whole.bytes).text, text);
+        EXPECT_TRUE(readAlone(whole.bytes).isWhole);
     }
 }
 
@@ -142,9 +125,8 @@ TEST(JournalFormat, WhatIsCutAnywhereGivesAnEarlierTextOrNone) {
     const Everything draft;
     std::size_t valid = 0;
     for (std::size_t length = 0; length <= draft.bytes.size(); ++length) {
-        const auto read = readJournal(draft.bytes.substr(0, length), fileWith("one two"));
-        EXPECT_GE(read.validLength, valid) << length;
-        EXPECT_LE(read.validLength, length);
+        const auto read = readWith(draft.bytes.substr(0, length), "one two");
+        EXPECT_TRUE(valid <= read.validLength && read.validLength <= length) << length;
         valid = read.validLength;
         EXPECT_EQ(read.fault, valid > 0 ? JournalFault::none : JournalFault::unreadable)
             << "the header alone is needed";
@@ -157,30 +139,32 @@ TEST(JournalFormat, WhatIsCutAnywhereGivesAnEarlierTextOrNone) {
         goesOn.check = read.check;
         goesOn.text = read.text;
         goesOn.change(0, 0, "+");
-        EXPECT_EQ(readJournal(goesOn.bytes, fileWith("one two")).text, "+" + read.text) << length;
+        EXPECT_EQ(readWith(goesOn.bytes, "one two").text, "+" + read.text) << length;
     }
-    const auto whole = readJournal(draft.bytes, noFile);
-    EXPECT_EQ(whole.validLength, draft.bytes.size());
-    EXPECT_EQ(whole.text, "z");
-    EXPECT_EQ(whole.save, (SaveMark{"/home/a.htm", Encoding::utf8, hashOf("z")}));
+    EXPECT_EQ(valid, draft.bytes.size());
+    EXPECT_EQ(readAlone(draft.bytes).text, "z");
+    EXPECT_EQ(readAlone(draft.bytes).save, (SaveMark{"/home/a.htm", Encoding::utf8, hashOf("z")}));
 }
 
 TEST(JournalFormat, AMarkOfASaveLastsUntilItIsOver) {
     Draft draft(untitled);
-    EXPECT_EQ(readJournal(draft.bytes, noFile).fault, JournalFault::noText);
-    for (const auto& [step, marked] : std::vector<std::pair<std::function<void()>, std::string>>{
-             {[&] { draft.snapshot("text"); }, ""},
-             {[&] { draft.beginSave("/a"); }, "/a"},
-             {[&] { draft.change(0, 0, "x"); }, "/a"},  // the file is no better for what was typed since
-             {[&] { draft.snapshot("anew"); }, "/a"},
-             {[&] { draft.beginSave("/b"); }, "/b"},
-             {[&] { draft.saveOver(); }, ""},
-         }) {
-        step();
-        const auto read = readJournal(draft.bytes, noFile);
-        EXPECT_EQ(read.save ? read.save->path : "", marked) << draft.text;
+    EXPECT_EQ(readAlone(draft.bytes).fault, JournalFault::noText);
+    const auto marked = [&draft] {
+        const auto read = readAlone(draft.bytes);
         EXPECT_EQ(seemingLength(draft.bytes), read.text.size());
-    }
+        return read.save ? read.save->path : "";
+    };
+    draft.snapshot("text");
+    EXPECT_EQ(marked(), "");
+    draft.beginSave("/a");
+    draft.change(0, 0, "x");
+    EXPECT_EQ(marked(), "/a") << "the file is no better for what was typed since";
+    draft.snapshot("anew");
+    EXPECT_EQ(marked(), "/a");
+    draft.beginSave("/b");
+    EXPECT_EQ(marked(), "/b");
+    draft.add(saveOverRecord(draft.check));
+    EXPECT_EQ(marked(), "");
 }
 
 TEST(JournalFormat, DamageNeverGivesATextThatWasNotThere) {
@@ -189,64 +173,38 @@ TEST(JournalFormat, DamageNeverGivesATextThatWasNotThere) {
     for (int round = 0; round < 2'000; ++round) {
         std::string bytes = draft.bytes;
         bytes[random() % bytes.size()] ^= static_cast<char>(1U << random() % 8);
-        const auto flipped = readJournal(bytes, fileWith("one two"));
+        const auto flipped = readWith(bytes, "one two");
         EXPECT_TRUE(flipped.fault != JournalFault::none || draft.texts.contains(flipped.text)) << flipped.text;
 
         std::generate(bytes.begin() + (round % 2 == 0 ? 0 : 16), bytes.end(), [&] { return char(random()); });
-        EXPECT_NE(readJournal(bytes, fileWith("one two")).fault, JournalFault::none);
+        EXPECT_NE(readWith(bytes, "one two").fault, JournalFault::none);
         seemingLength(bytes);
     }
 }
 
-/// Each row spoils the last one of three records, a change from "text" to "xtext".
+/// Each row stands behind a change from "text" to "xtext".
 TEST(JournalFormat, ARecordThatDoesNotFitEndsTheReadingBeforeIt) {
-    struct Row {
-        const char* what;
-        JournalRecord (*record)(const ContentHash& previous);
-    };
+    Draft before(untitled);
+    before.snapshot("text");
+    before.change(0, 0, "x");
+    auto beyondAllFiles = changeRecord(before.check, {0, 0, 1}, "y", 6);
+    beyondAllFiles.head[8] = 0x10;
     for (const auto& [what, record] : {
-             Row{"joined to another one", [](auto&) { return snapshotRecord({}, "other"); }},
-             Row{"in front of the text",
-                 [](auto& previous) {
-                     return changeRecord(previous, {-1, 0, 1}, "y", 6);
-                 }},
-             Row{"behind the text",
-                 [](auto& previous) {
-                     return changeRecord(previous, {6, 0, 1}, "y", 6);
-                 }},
-             Row{"more than there is",
-                 [](auto& previous) {
-                     return changeRecord(previous, {1, 5, 0}, "", 0);
-                 }},
-             Row{"another length",
-                 [](auto& previous) {
-                     return changeRecord(previous, {0, 0, 1}, "y", 7);
-                 }},
-             Row{"a file behind a text", [](auto& previous) { return basePortionRecord(previous, "y"); }},
-             Row{"its end", [](auto& previous) { return baseCompleteRecord(previous); }},
-             Row{"a second header",
-                 [](auto& previous) {
-                     auto header = headerRecord(untitled);
-                     return header.check = previous, header.head.erase(0, 16), header;
-                 }},
-             Row{"a length beyond all files",
-                 [](auto& previous) {
-                     auto change = changeRecord(previous, {0, 0, 1}, "y", 6);
-                     return change.head[8] = 0x10, change;
-                 }},
-             Row{"the save of another text",
-                 [](auto& previous) {
-                     return beingSavedRecord(previous, {"/a", Encoding::utf8, hashOf("other")});
-                 }},
+             std::pair{"joined to another one", snapshotRecord({}, "other")},
+             {"in front of the text", changeRecord(before.check, {-1, 0, 1}, "y", 6)},
+             {"behind the text", changeRecord(before.check, {6, 0, 1}, "y", 6)},
+             {"more than there is", changeRecord(before.check, {1, 5, 0}, "", 0)},
+             {"another length", changeRecord(before.check, {0, 0, 1}, "y", 7)},
+             {"a length beyond all files", beyondAllFiles},
+             {"a file behind a text", basePortionRecord(before.check, "y")},
+             {"its end", baseCompleteRecord(before.check)},
+             {"the save of another text", beingSavedRecord(before.check, {"/a", Encoding::utf8, hashOf("other")})},
          }) {
         SCOPED_TRACE(what);
-        Draft draft(untitled);
-        draft.snapshot("text");
-        draft.change(0, 0, "x");
-        const Draft before = draft;
-        draft.add(record(draft.check));
+        Draft draft = before;
+        draft.add(record);
         draft.add(snapshotRecord(before.check, "not reached"));
-        const auto read = readJournal(draft.bytes, noFile);
+        const auto read = readAlone(draft.bytes);
         EXPECT_EQ(read.text, "xtext");
         EXPECT_FALSE(read.save.has_value());
         EXPECT_EQ(read.validLength, before.bytes.size());
@@ -259,8 +217,7 @@ TEST(JournalFormat, ANewerJournalIsNamedSo) {
     for (const auto& [version, fault] :
          {std::pair{0, JournalFault::unreadable}, {2, JournalFault::newer}, {255, JournalFault::newer}}) {
         bytes[15] = static_cast<char>(version);
-        EXPECT_EQ(readJournal(bytes, noFile).fault, fault) << version;
-        EXPECT_EQ(readJournalHeader(bytes.substr(0, 16)).fault, fault) << version;
+        EXPECT_EQ(readAlone(bytes).fault, fault) << version;
     }
 }
 
