@@ -30,20 +30,19 @@ protected:
         std::sort(found.begin(), found.end());
         return found;
     }
-    std::vector<JournalContent> journals() {
-        std::vector<JournalContent> found;
-        for (const std::string& path : paths())
-            found.push_back(readJournal(readFile(path), [](const std::string& file) { return readFile(file); }));
-        return found;
-    }
+    static JournalContent journalAt(const std::string& path) { return readJournal(readFile(path), readFile); }
     /// The texts that a kill would leave now, " + " between them.
     std::string kept() {
         std::string texts;
-        for (const JournalContent& journal : journals()) {
-            EXPECT_EQ(journal.fault, JournalFault::none);
-            texts += (texts.empty() ? "" : " + ") + journal.text;
+        for (const std::string& path : paths()) {
+            EXPECT_EQ(journalAt(path).fault, JournalFault::none);
+            texts += (texts.empty() ? "" : " + ") + journalAt(path).text;
         }
         return texts;
+    }
+    void expectLocked(const std::string& path) {
+        const OpenFile other(::open(path.c_str(), O_RDWR));
+        EXPECT_NE(flock(other.descriptor(), LOCK_EX | LOCK_NB), 0);
     }
     CDocument& openUntitled(const std::string& text) {
         EXPECT_TRUE(fileOpen(files.write("any.tpl", text), true));
@@ -78,18 +77,17 @@ TEST_F(JournalOf, EachDocumentIsKeptFromItsFirstChangeUntilItIsSavedOrGivenUp) {
     titled.setSelStart(99);
     type("y");
     EXPECT_EQ(kept(), "x\xC3\xA4\r\ny");
-    EXPECT_EQ(journals()[0].header.name, files.path("caf\xE9.htm")) << "byte for byte";
-    EXPECT_EQ(journals()[0].header.encoding, Encoding::windows1252);
-    EXPECT_TRUE(journals()[0].isWhole);
+    const JournalContent first = journalAt(paths()[0]);
+    EXPECT_EQ(first.header.name, files.path("caf\xE9.htm")) << "byte for byte";
+    EXPECT_EQ(first.header.encoding, Encoding::windows1252);
+    EXPECT_TRUE(first.isWhole);
 
     openUntitled("<P>");
     EXPECT_EQ(paths().size(), 1U) << "a template is nobody's change";
     type("2");
-    EXPECT_EQ(kept(), "x\xC3\xA4\r\ny + 2<P>");
-    EXPECT_EQ(journals()[1].header.name, "Untitled 1");
-    EXPECT_TRUE(journals()[1].header.isUntitled);
-    titled.undo();
-    titled.undo();
+    const JournalHeader second = journalAt(paths()[1]).header;
+    EXPECT_TRUE(second.isUntitled && second.name == "Untitled 1");
+    for (int i = 0; i < 2; ++i) titled.undo();
     EXPECT_EQ(kept(), "\xC3\xA4\r\n + 2<P>") << "it still counts as changed";
     {
         const EditControl::Batch batch(titled);
@@ -100,9 +98,7 @@ TEST_F(JournalOf, EachDocumentIsKeptFromItsFirstChangeUntilItIsSavedOrGivenUp) {
     }
     EXPECT_EQ(kept(), "and all new + <P>") << "undo was for the one in front";
 
-    const OpenFile other(::open(paths()[0].c_str(), O_RDWR));
-    EXPECT_NE(flock(other.descriptor(), LOCK_EX | LOCK_NB), 0) << "it is in use";
-    EXPECT_FALSE(fileOpen(files.path(""), false));
+    expectLocked(paths()[0]);
     close(Answer::cancel);
     EXPECT_EQ(paths().size(), 2U);
     close();
@@ -112,27 +108,22 @@ TEST_F(JournalOf, EachDocumentIsKeptFromItsFirstChangeUntilItIsSavedOrGivenUp) {
     type("z");
     EXPECT_EQ(kept(), "zand all new") << "from the file as it was saved";
     close();
-    EXPECT_EQ(kept(), "");
-    EXPECT_EQ(notice(), "");
-    EXPECT_EQ(fs::status(files.path("state/journals")).permissions(), fs::perms::owner_all);
+    EXPECT_EQ(kept() + notice(), "");
 }
 
 TEST_F(JournalOf, WhatCouldNotBeWrittenIsToldOnceAndWrittenWithTheNextKey) {
     using Fault = std::function<ScopedSystemCalls()>;
-    const auto shortWrite = [] {
+    const Fault shortWrite = [] {
         auto calls = systemCalls();
         calls.pwrite = [](int descriptor, const void* bytes, std::size_t count, off_t place) {
             return count > 5 ? ::pwrite(descriptor, bytes, 5, place) : (errno = ENOSPC, -1);
         };
         return ScopedSystemCalls(std::move(calls));
     };
-    for (const auto& [what, fault, isNew] : {
-             std::tuple<const char*, Fault, bool>{"no room", [] { return failing(&SystemCalls::pwrite, ENOSPC); },
-                                                  false},
-             {"no room for all", shortWrite, false},
-             {"no room for the first", shortWrite, true},
-             {"no entry", [] { return failing(&SystemCalls::open, ENOSPC); }, true},
-         }) {
+    const Fault noEntry = [] { return failing(&SystemCalls::open, ENOSPC); };
+    for (const auto& [what, fault, isNew] : {std::tuple{"no room for all", shortWrite, false},
+                                             {"no room for the first", shortWrite, true},
+                                             {"no entry", noEntry, true}}) {
         SCOPED_TRACE(what);
         open("a.htm", "text");
         if (!isNew) type("1");
@@ -207,22 +198,18 @@ TEST_F(JournalOf, AStateDirectoryThatIsNoneStopsNobody) {
 TEST_F(JournalOf, AFileThatAnotherProgramWritesIsNotNeeded) {
     const std::string text = std::string(3'000'000, '-');
     const std::string other = std::string(3'000'000, '+');
-    const auto isKept = [&] {
-        const auto found = journals();
-        return found.size() == 1 && found[0].isWhole && found[0].text == "x" + text;
-    };
     for (const int turn : {-1, 0, 1, 2, 3}) {
         SCOPED_TRACE(turn);
         open("a.htm", text);
         const auto rewrite = [&] { files.write("a.htm", other); };
         if (turn == -1) rewrite();
         type("x");
-        EXPECT_EQ(journals()[0].isWhole, turn == -1) << "there is something to be late for";
+        EXPECT_EQ(journalAt(paths()[0]).isWhole, turn == -1) << "there is something to be late for";
         for (int i = 0; i < turn; ++i) workOnJournals(now);
         if (turn >= 0) rewrite();
         while (workOnJournals(now)) continue;
         fs::remove(files.path("a.htm"));
-        EXPECT_TRUE(isKept());
+        EXPECT_TRUE(kept() == "x" + text && journalAt(paths()[0]).isWhole);
         close();
     }
 }
@@ -232,7 +219,8 @@ TEST_F(JournalOf, AFileReadAnewOrTakenForKnownIsNotTakenForTheTextBefore) {
     text.setFileStamp(readStamp(files.write("a.htm", "disk")));
     type("x");
     EXPECT_EQ(kept(), "xold") << "the text stays, and its file is known to be another";
-    EXPECT_TRUE(journals()[0].header.stamp && journals()[0].header.stamp->hash == hashOf("disk"));
+    const auto stamp = journalAt(paths()[0]).header.stamp;
+    EXPECT_TRUE(stamp && stamp->hash == hashOf("disk"));
     text.ReloadFile(files.write("a.htm", "disk 2"));
     documentManager().currentDocument().journal().start(true);
     EXPECT_EQ(kept(), "");
@@ -240,73 +228,51 @@ TEST_F(JournalOf, AFileReadAnewOrTakenForKnownIsNotTakenForTheTextBefore) {
     EXPECT_EQ(kept(), "xold");
 }
 
-/// What stands when the first byte of the file is written: a journal that has the new text whole, says so, and is on
-/// the disk.
 TEST_F(JournalOf, ASaveIsAnnouncedBeforeItsFirstByte) {
-    struct Row {
-        const char* what;
-        std::function<std::string()> save;  ///< gives the path
-    };
-    const std::string page = files.path("a.htm");
-    const std::string large(3'000'000, '-');
-    open("a.htm", "old");
-    for (const auto& [what, save] : {
-             Row{"changed", [&] { return type("new "), menu("mnuFile_Save").click(), page; }},
-             Row{"not changed", [&] { return menu("mnuFile_Save").click(), page; }},
-             Row{"before the copy of its file is whole",
-                 [&] {
-                     return open("large.htm", large), type("x"), menu("mnuFile_Save").click(), files.path("large.htm");
-                 }},
-             Row{"under another name",
-                 [&] {
-                     platform.expectSave(files.path("b.htm"), "large.htm");
-                     return type("2 "), menu("mnuFile_SaveAs").click(), files.path("b.htm");
-                 }},
-             Row{"a template",
-                 [&] {
-                     fs::create_directories(templateDirectory());
-                     platform.expectBox("Template added");
-                     toolForm<TemplateHolder>().addTpl("new");
-                     return templateFile("new");
-                 }},
-             Row{"the mappings",
-                 [&] {
-                     vdirManager().VirtualDirectories().Add("/web", "http://x", "/web");
-                     return vdirManager().WriteVDirs(), vdirManager().VDirFilePath();
-                 }},
-             Row{"the scratch pad",
-                 [&] {
-                     showScratchPad();
-                     ScratchPad& pad = toolForm<ScratchPad>();
-                     pad.append("pad");
-                     platform.expectSave(files.path("pad.txt"));
-                     return pad.mnusp_save.click(), files.path("pad.txt");
-                 }},
-         }) {
-        SCOPED_TRACE(what);
+    // What stands when the first byte of the file is written: a journal that has the new text whole, says so, and is
+    // on the disk.
+    const auto expectAnnounced = [this](const std::string& path, const std::function<void()>& save) {
         std::string announced;
         bool isFlushed = false;
         auto calls = systemCalls();
         calls.fdatasync = [&](int descriptor) { return isFlushed = true, ::fdatasync(descriptor); };
         calls.pwrite = [&](int descriptor, const void* bytes, std::size_t count, off_t place) {
-            const std::string path = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
-            if (path.ends_with(journalSuffix)) {
+            if (pathOf(descriptor).ends_with(journalSuffix)) {
                 isFlushed = false;
             } else if (isFlushed && paths().size() == 1) {
-                const JournalContent journal = journals()[0];
+                const JournalContent journal = journalAt(paths()[0]);
                 const bool isSame = journal.text == std::string_view(static_cast<const char*>(bytes), count);
                 if (journal.isWhole && journal.save && isSame) announced = journal.save->path;
             }
             return ::pwrite(descriptor, bytes, count, place);
         };
-        std::string path;
-        {
-            const ScopedSystemCalls scope(std::move(calls));
-            path = save();
-        }
+        const ScopedSystemCalls scope(std::move(calls));
+        save();
         EXPECT_EQ(announced, path);
         EXPECT_EQ(paths().size(), 0U) << "the file has it";
-    }
+    };
+    const auto typeAndClick = [this](const std::string& typed, const char* name) {
+        if (!typed.empty()) type(typed);
+        menu(name).click();
+    };
+    open("a.htm", "old");
+    for (const char* typed : {"new ", ""})
+        expectAnnounced(files.path("a.htm"), [&] { typeAndClick(typed, "mnuFile_Save"); });
+    // Before the copy of its file is whole.
+    open("large.htm", std::string(3'000'000, '-'));
+    expectAnnounced(files.path("large.htm"), [&] { typeAndClick("x", "mnuFile_Save"); });
+    platform.expectSave(files.path("b.htm"), "large.htm");
+    expectAnnounced(files.path("b.htm"), [&] { typeAndClick("2 ", "mnuFile_SaveAs"); });
+
+    fs::create_directories(templateDirectory());
+    platform.expectBox("Template added");
+    expectAnnounced(templateFile("new"), [] { toolForm<TemplateHolder>().addTpl("new"); });
+    vdirManager().VirtualDirectories().Add("/web", "http://x", "/web");
+    expectAnnounced(vdirManager().VDirFilePath(), [] { vdirManager().WriteVDirs(); });
+    showScratchPad();
+    toolForm<ScratchPad>().append("pad");
+    platform.expectSave(files.path("pad.txt"));
+    expectAnnounced(files.path("pad.txt"), [] { toolForm<ScratchPad>().mnusp_save.click(); });
 }
 
 TEST_F(JournalOf, AFailedSaveIsNoLongerAnnounced) {
@@ -316,7 +282,7 @@ TEST_F(JournalOf, AFailedSaveIsNoLongerAnnounced) {
     platform.expectMessage(saveError(document.LongFileName(), "The file is read-only."));
     menu("mnuFile_Save").click();
     EXPECT_EQ(kept(), "newold");
-    EXPECT_FALSE(journals()[0].save.has_value());
+    EXPECT_FALSE(journalAt(paths()[0]).save.has_value());
     type("er");
     EXPECT_EQ(kept(), "newerold");
     chmod(document.LongFileName().c_str(), 0644);
@@ -361,9 +327,9 @@ TEST_F(JournalOf, ALongJournalOfAShortTextIsMadeShort) {
     EXPECT_LT(fs::file_size(path), 1'000U);
     type("x");
     EXPECT_EQ(kept(), "xshort");
-    EXPECT_TRUE(journals()[0].header.stamp && journals()[0].header.stamp->hash == hashOf(""));
-    const OpenFile other(::open(path.c_str(), O_RDWR));
-    EXPECT_NE(flock(other.descriptor(), LOCK_EX | LOCK_NB), 0);
+    const auto stamp = journalAt(path).header.stamp;
+    EXPECT_TRUE(stamp && stamp->hash == hashOf(""));
+    expectLocked(path);
     EXPECT_EQ(std::distance(fs::directory_iterator(files.path("state/journals")), {}), 1);
 }
 
