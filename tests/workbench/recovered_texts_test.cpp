@@ -66,7 +66,7 @@ protected:
 TEST_F(RecoveredTextsForm, BringsBackWhatIsSelectedAsChangedAndKeepsItOn) {
     const std::string path = files.write("a.htm", "caf\xE9");
     const JournalHeader named{.name = path, .encoding = Encoding::windows1252, .stamp = readStamp(path)};
-    leave("1", named, "caf\u00e9 and more");
+    files.write("journals/1.journal", journalBytes(named, "caf\u00e9 and more") + "torn");
     leaveUntitled("2", "1\n2\n");
     leaveUntitled("3", "later");
     files.write("journals/4.journal", "nonsense");
