@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "batch/put_back.h"
+#include "files/paths.h"
 #include "files/private_directory.h"
 #include "tests/kit/fake_platform.h"
 #include "tests/kit/faults.h"
@@ -84,6 +85,13 @@ protected:
 };
 
 TEST_F(Keeping, TakesTheFileItselfOrACopyByWhatItIs) {
+    const std::function<void()> makeLink = [&] {
+        fs::rename(directory / "page", directory / "real");
+        fs::create_symlink("real", directory / "page");
+    };
+    const std::function<void()> makeSecondName = [&] {
+        fs::create_hard_link(directory / "page", directory / "second");
+    };
     const struct {
         const char* what;
         std::function<void()> prepare;
@@ -92,15 +100,9 @@ TEST_F(Keeping, TakesTheFileItselfOrACopyByWhatItIs) {
         bool isLink = false;
     } rows[] = {
         {.what = "plain", .isLink = true},
-        {.what = "link",
-         .prepare =
-             [&] {
-                 fs::rename(directory / "page", directory / "real");
-                 fs::create_symlink("real", directory / "page");
-             }},
-        {.what = "two names", .prepare = [&] { fs::create_hard_link(directory / "page", directory / "second"); }},
+        {.what = "link", .prepare = makeLink},
+        {.what = "two names", .prepare = makeSecondName},
         {.what = "read-only folder", .renameFails = EACCES},
-        {.what = "temporary on another disk", .renameFails = EXDEV},
         {.what = "kept on another disk", .linkFails = EXDEV},
         {.what = "no links", .linkFails = EPERM},
     };
@@ -134,14 +136,10 @@ TEST_F(Keeping, RecordsThenKeepsThenReplaces) {
     Names order;
     auto calls = kernelCalls();
     calls.pwrite = [&](int descriptor, const void* bytes, std::size_t size, off_t offset) {
-        const auto path = fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).filename().string();
-        order.push_back("write " + path);
+        order.push_back("write " + fileNamePart(pathOf(descriptor)));
         return ::pwrite(descriptor, bytes, size, offset);
     };
-    calls.fsync = [&](int descriptor) {
-        order.push_back("flush " + fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).filename().string());
-        return 0;
-    };
+    calls.fsync = [&](int descriptor) { return order.push_back("flush " + fileNamePart(pathOf(descriptor))), 0; };
     calls.link = [&](const char* from, const char* to) { return order.push_back("link"), ::link(from, to); };
     calls.rename = [&](const char* from, const char* to) { return order.push_back("rename"), ::rename(from, to); };
     const ScopedSystemCalls scope(calls);
@@ -154,40 +152,37 @@ TEST_F(Keeping, SaysWhyNothingCanBeKeptAndLeavesTheFileAndTheEarlierRun) {
     const std::string page = directory.write("page", "the first\n");
     ASSERT_EQ(change({page}, oldBytes), "");
     int fired = 0;
-    const auto refuseToMake = [&](SystemCalls& calls, int code, const std::string& what) {
+    const auto refuse = [&](SystemCalls& calls, const std::string& what, int code) {
         calls.open = [&fired, code, what](const char* path, int flags, mode_t mode) {
             const bool isMeant = (flags & O_CREAT) != 0 && std::string_view(path).ends_with(what);
             return isMeant ? (++fired, errno = code, -1) : ::open(path, flags, mode);
         };
     };
-    const struct {
-        const char* said;
-        std::function<void(SystemCalls&)> spoil;
-    } rows[] = {
+    const std::pair<const char*, std::function<void(SystemCalls&)>> rows[] = {
         {"The disk is full.",  // at the record's first write
          [&](SystemCalls& calls) { calls.pwrite = [&](auto...) { return ++fired, errno = ENOSPC, -1; }; }},
         {"The disk is full.",  // at the copy, where there can be no link
          [&](SystemCalls& calls) {
              calls.link = [](auto...) { return errno = EXDEV, -1; };
-             refuseToMake(calls, ENOSPC, "/1");
+             refuse(calls, "/1", ENOSPC);
          }},
         {"The disk is full.",  // at the copy, where the link is of no use
          [&](SystemCalls& calls) {
              calls.rename = [](auto...) { return errno = EXDEV, -1; };
-             refuseToMake(calls, ENOSPC, "/1");
+             refuse(calls, "/1", ENOSPC);
          }},
         {"The old files need 12 bytes and the disk has 0 bytes left.",
          [&](SystemCalls& calls) {
              calls.statvfs = [&](const char*, struct statvfs* room) { return ++fired, *room = {}, 0; };
          }},
-        {"Permission denied.", [&](SystemCalls& calls) { refuseToMake(calls, EACCES, "/record"); }},
+        {"Permission denied.", [&](SystemCalls& calls) { refuse(calls, "/record", EACCES); }},
     };
-    for (const auto& row : rows) {
+    for (const auto& [said, spoil] : rows) {
         auto calls = kernelCalls();
-        row.spoil(calls);
+        spoil(calls);
         {
             const ScopedSystemCalls scope(calls);
-            EXPECT_EQ(change({page}), row.said);
+            EXPECT_EQ(change({page}), said);
         }
         EXPECT_EQ(std::exchange(fired, 0), 1) << "the fault did not come";
         EXPECT_EQ(directory.read("page"), oldBytes);
@@ -275,25 +270,19 @@ TEST(HalfWritten, IsWhatHasTheOldOrTheNewByteAtEachPlace) {
     for (const auto& [before, after, now, is] : rows) EXPECT_EQ(isHalfWritten(now, before, after), is) << now;
 }
 
-/// A run over a file that is replaced and one that is written in place, and what takes it back.
-class KilledRun : public Keeping {
-protected:
-    KilledRun() { fs::create_hard_link(directory.write("linked", oldBytes), directory / "second"); }
-
-    /// Whether the steps were killed, pieces of seven bytes being read and written.
-    bool isKilled(int at, const std::function<void()>& steps) {
+TEST_F(Keeping, IsTakenBackWhereverTheRunAndTheTakingBackWereKilled) {
+    // One file is replaced, the other one written in place.
+    const Names paths{directory.write("page", oldBytes), directory.write("linked", oldBytes)};
+    fs::create_hard_link(paths[1], directory / "second");
+    // Whether the steps were killed, pieces of seven bytes being read and written.
+    const auto isKilled = [](int at, const std::function<void()>& steps) {
         Saboteur saboteur{.at = at, .kill = true, .mostBytes = 7};
         return isKilledIn(saboteur, steps);
-    }
-    void expectAllOld() {
+    };
+    const auto expectAllOld = [&] {
         EXPECT_EQ(directory.read("page") + directory.read("linked"), oldBytes + oldBytes);
-        fs::remove(temporaries / "temp.$$$");
-        fs::remove(temporaries / "back.$$$");
-    }
-    const Names paths{directory.write("page", oldBytes), directory / "linked"};
-};
-
-TEST_F(KilledRun, IsTakenBackWhereverItAndTheTakingBackWereKilled) {
+        for (const char* name : {"temp.$$$", "back.$$$"}) fs::remove(temporaries / name);
+    };
     int at = 1;
     for (; isKilled(at, [&] { change(paths); }); ++at) {
         SCOPED_TRACE("killed at call " + std::to_string(at));
@@ -302,14 +291,13 @@ TEST_F(KilledRun, IsTakenBackWhereverItAndTheTakingBackWereKilled) {
         ASSERT_FALSE(HasFailure());
     }
     EXPECT_GT(at, 60);
-    for (at = 1;; ++at) {
+    change(paths);
+    for (at = 1; isKilled(at, [&] { putAllBack(); }); ++at) {
         SCOPED_TRACE("taking back killed at call " + std::to_string(at));
-        change(paths);
-        const bool killed = isKilled(at, [&] { putAllBack(); });
-        if (!killed) break;
         EXPECT_EQ(putAllBack(), (Names{"old", "old"}));
         expectAllOld();
         ASSERT_FALSE(HasFailure());
+        change(paths);
     }
     EXPECT_GT(at, 60);
 }
