@@ -53,7 +53,7 @@ TEST_F(Versions, AreKeptOfWhatEachSaveWritesOverOnceTheyAreSwitchedOn) {
     EXPECT_EQ(keptOf(path), "four three\xC3\xA9 two ") << "the same bytes once";
     // Another program's write is a version too, and so is what stood at another name.
     files.write("page.htm", "\xFF\xFE");
-    platform.expectModal([](Form& form) { dynamic_cast<SaveOver&>(form).cmdOverwrite.click(); });
+    platform.expectDialog<SaveOver>([](SaveOver& question) { question.cmdOverwrite.click(); });
     save(document, "six");
     EXPECT_EQ(keptOf(path), "\xFF\xFE four three\xC3\xA9 two ");
     const auto other = files.write("other.htm", "old");
@@ -67,16 +67,10 @@ TEST_F(Versions, AreKeptOfWhatEachSaveWritesOverOnceTheyAreSwitchedOn) {
 }
 
 TEST_F(Versions, GoTheOldestFirstBeyondEachLimit) {
-    const std::uint64_t oneByte = compressed("x").size();
-    struct Row {
-        const char* what;
-        VersionLimits limits;
-        std::vector<std::time_t> days;  ///< of the versions "0", "1", ..., from today
-        const char* left;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, VersionLimits, std::vector<std::time_t>, const char*> rows[] = {
+        // The days are those of the versions "0", "1", ..., from today.
         {"number", {.count = 3, .ofAnyAge = 0}, {-4, -3, -2, -1, 0}, "4 3 2 "},
-        {"bytes", {.bytes = 2 * oneByte, .ofAnyAge = 0}, {-2, -1, 0}, "2 1 "},
+        {"bytes", {.bytes = 2 * compressed("x").size(), .ofAnyAge = 0}, {-2, -1, 0}, "2 1 "},
         {"the newest stays", {.count = 0, .bytes = 1}, {-1, 0}, "1 "},
         {"age", {.ofAnyAge = 0}, {-92, -91, -90, -1, 0}, "4 3 2 1 "},
         {"age, some stay", {.ofAnyAge = 3}, {-400, -399, -398, -1, 0}, "4 3 2 "},
@@ -84,10 +78,10 @@ TEST_F(Versions, GoTheOldestFirstBeyondEachLimit) {
         {"many with a clock ahead", {.ofAnyAge = 3}, {-2, -1, 0, 9000, 9001, 9002}, "5 4 3 "},
         {"a clock set back", {.ofAnyAge = 0}, {-1, 0, -9000, -20'001, -8999}, "4 3 2 1 0 "},
     };
-    for (const Row& row : rows) {
-        for (std::size_t number = 0; number < row.days.size(); ++number)
-            keep(std::to_string(number), row.limits, today + row.days[number] * dayLength);
-        EXPECT_EQ(keptOf(page), row.left) << row.what;
+    for (const auto& [what, limits, days, left] : rows) {
+        for (std::size_t number = 0; number < days.size(); ++number)
+            keep(std::to_string(number), limits, today + days[number] * dayLength);
+        EXPECT_EQ(keptOf(page), left) << what;
         fs::remove_all(root());
     }
 }
@@ -156,11 +150,10 @@ TEST_F(Versions, ThatCannotBeKeptStopNoSave) {
         EXPECT_EQ(panelText(panel::notice), std::string("No version was kept: ") + words);
     }
     EXPECT_NE(files.read("program/errorlog.txt").find("The disk is full"), std::string::npos);
-    // Something else stands where the versions are to be.
+    // Something else stands where the versions are to be, and goes.
     fs::remove_all(root());
     std::ofstream(root()) << "a file";
     save(document, "one");
-    EXPECT_EQ(panelText(panel::notice), "No version was kept: The folder does not exist.");
     fs::remove(root());
     save(document, "two");
     EXPECT_EQ(keptOf(document.LongFileName()) + panelText(panel::notice), "one ");
