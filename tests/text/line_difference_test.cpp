@@ -11,20 +11,10 @@ namespace {
 
 /// "=" same, "~" another end, "*" changed, "+" added, "-" removed, each with the numbers of its lines.
 std::string shown(const std::vector<DifferenceRow>& rows) {
+    const auto number = [](const TextLine& line) { return line.number > 0 ? std::to_string(line.number) : ""; };
     std::string text;
-    for (const DifferenceRow& row : rows) {
-        text += "=~*+-"[static_cast<int>(row.kind)];
-        if (row.left.number > 0) text += std::to_string(row.left.number);
-        text += '|';
-        if (row.right.number > 0) text += std::to_string(row.right.number);
-        text += ' ';
-    }
-    return text;
-}
-
-std::string sideOf(const std::vector<DifferenceRow>& rows, TextLine DifferenceRow::*side) {
-    std::string text;
-    for (const DifferenceRow& row : rows) text.append((row.*side).text).append((row.*side).end);
+    for (const DifferenceRow& row : rows)
+        text += "=~*+-"[static_cast<int>(row.kind)] + number(row.left) + "|" + number(row.right) + " ";
     return text;
 }
 
@@ -62,13 +52,17 @@ TEST(LineDifference, TheRowsHoldBothTextsAfterEditsAtRandom) {
         std::string right = left;
         for (auto edits = random() % 8; edits > 0; --edits)
             right.replace(random() % (right.size() + 1), random() % 5, piece());
-        const auto rows = compareLines(left, right);
-        ASSERT_EQ(sideOf(rows, &DifferenceRow::left), left);
-        ASSERT_EQ(sideOf(rows, &DifferenceRow::right), right);
-        for (const DifferenceRow& row : rows)
+        std::string leftOfRows;
+        std::string rightOfRows;
+        for (const DifferenceRow& row : compareLines(left, right)) {
+            leftOfRows.append(row.left.text).append(row.left.end);
+            rightOfRows.append(row.right.text).append(row.right.end);
             ASSERT_EQ(row.kind == DifferenceRow::Kind::same,
                       row.left.text == row.right.text && row.left.end == row.right.end)
                 << left << "->" << right;
+        }
+        ASSERT_EQ(leftOfRows, left);
+        ASSERT_EQ(rightOfRows, right);
     }
 }
 
