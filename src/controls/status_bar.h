@@ -11,8 +11,9 @@ namespace kelvor {
 /// A row of text panels, numbered from 1, or one single text.
 class StatusBar : public Control {
 public:
-    /// What a panel shows: its text, or the state of a key, which the widget keeps itself.
-    enum class PanelKind { text, capsLock, insert, numLock };
+    /// What a panel shows: its text, as a notice one that a screen reader says when it comes, or the state of a key,
+    /// which the widget keeps itself.
+    enum class PanelKind { text, notice, capsLock, insert, numLock };
     struct Panel {
         PanelKind kind = PanelKind::text;
         std::string text;

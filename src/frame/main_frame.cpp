@@ -20,7 +20,7 @@ const std::vector<StatusBar::Panel> panels = {
     {StatusBar::PanelKind::numLock, "NUM"},
     {StatusBar::PanelKind::text, "Line:"},
     {StatusBar::PanelKind::text, "Character:"},
-    {StatusBar::PanelKind::text, ""},
+    {StatusBar::PanelKind::notice, ""},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <Qsci/qsciscintillabase.h>
+#include <QAccessible>
 
 #include <QSignalSpy>
 #include <array>
@@ -137,8 +138,11 @@ TEST_F(Binding, AListFollowsItsRowsAndIsEditedThroughItsControl) {
 
 TEST_F(Binding, TabsADayAStatusAndABarFollowTheirControls) {
     using Kind = StatusBar::PanelKind;
-    const std::vector<StatusBar::Panel> panels = {
-        {Kind::text, "Saved"}, {Kind::capsLock, "CAPS"}, {Kind::numLock, "NUM"}, {Kind::insert, "INS"}};
+    const std::vector<StatusBar::Panel> panels = {{Kind::text, "Saved"},
+                                                  {Kind::capsLock, "CAPS"},
+                                                  {Kind::numLock, "NUM"},
+                                                  {Kind::insert, "INS"},
+                                                  {Kind::notice, ""}};
     const auto [strip, tabs] = pair<TabStrip, QTabBar>("TabStrip1");
     const auto [view, calendar] = pair<MonthView, QCalendarWidget>("MonthView1");
     const auto [bar, progress] = pair<ProgressBar, QProgressBar>("ProgressBar1");
@@ -167,6 +171,10 @@ TEST_F(Binding, TabsADayAStatusAndABarFollowTheirControls) {
     const auto labels = widget.findChildren<QLabel*>();
     status.setPanelText(1, "x");
     EXPECT_EQ(labels[0]->text(), "x");
+    EXPECT_FALSE(labels[4]->isVisible());
+    status.setPanelText(5, "fails");
+    QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(labels[4]);
+    EXPECT_TRUE(spoken.role() == QAccessible::Notification && spoken.text(QAccessible::Name) == "fails");
     for (const bool on : {true, false}) {
         pressKey(Qt::Key_CapsLock);
         QKeyEvent held(QEvent::KeyPress, Qt::Key_CapsLock, {}, {}, true);

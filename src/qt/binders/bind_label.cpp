@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/label.h"
 
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -9,6 +8,7 @@
 
 #include "qt/binders/binders.h"
 #include "qt/convert.h"
+#include "qt/spoken_notice.h"
 
 namespace kelvor::qt {
 
@@ -41,33 +41,6 @@ void showColors(const Label& label, QLabel& widget) {
     widget.setForegroundRole(focused ? QPalette::HighlightedText : QPalette::NoRole);
     widget.setAutoFillBackground(focused || label.backColor() >= 0);
     widget.setPalette(palette);
-}
-
-constexpr const char* noticeProperty = "notice";
-
-/// What a screen reader says of itself when it appears.
-class Notice : public QAccessibleWidget {
-public:
-    explicit Notice(QLabel& label) : QAccessibleWidget(&label, QAccessible::Notification), label_(label) {}
-
-    QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? label_.text() : QAccessibleWidget::text(kind);
-    }
-
-private:
-    const QLabel& label_;
-};
-
-QAccessibleInterface* noticeOf(const QString&, QObject* object) {
-    auto* label = qobject_cast<QLabel*>(object);
-    return label && label->property(noticeProperty).toBool() ? new Notice(*label) : nullptr;
-}
-
-/// The widget says by itself that it is shown, and nothing of a new text while it is.
-void sayAtOnce(QLabel& widget) {
-    if (!widget.isVisible()) return;
-    QAccessibleEvent shown(&widget, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
 }
 
 /// Clicks and double clicks, and the keys that do the same on a label that takes the keyboard.
@@ -128,10 +101,7 @@ private:
 
 void bindLabel(Label& label, QLabel& widget, FormLink& link) {
     widget.setTextFormat(Qt::PlainText);
-    if (label.isNotice()) {
-        QAccessible::installFactory(noticeOf);
-        widget.setProperty(noticeProperty, true);
-    }
+    if (label.isNotice()) makeNotice(widget);
     if (label.clicked.isConnected()) {
         widget.setFocusPolicy(Qt::StrongFocus);
         widget.setCursor(Qt::PointingHandCursor);
@@ -140,7 +110,8 @@ void bindLabel(Label& label, QLabel& widget, FormLink& link) {
     link.follow(label, widget, [&label, &widget](Aspect aspect) {
         widget.setText(shownText(label, widget.buddy() != nullptr));
         showColors(label, widget);
-        if (label.isNotice() && aspect == Aspect::caption) sayAtOnce(widget);
+        // The widget says by itself that it is shown, and nothing of a new text while it is.
+        if (label.isNotice() && aspect == Aspect::caption) sayAgain(widget);
     });
 }
 

@@ -8,6 +8,7 @@
 #include "qt/binders/binders.h"
 #include "qt/convert.h"
 #include "qt/key_states.h"
+#include "qt/spoken_notice.h"
 
 namespace kelvor::qt {
 
@@ -27,13 +28,25 @@ public:
         setContentsMargins(6, 0, 6, 0);
     }
 
-    void show(const QString& text) {
+    /// Whether there was another text.
+    bool show(const QString& text) {
         setVisible(!text.isEmpty());
-        if (text == this->text()) return;
+        if (text == this->text()) return false;
         setText(text);
         setMinimumWidth(std::max(minimumWidth(), sizeHint().width()));
+        return true;
     }
 };
+
+bool isOfKey(const Panel& panel) {
+    return panel.kind != Kind::text && panel.kind != Kind::notice;
+}
+
+/// A notice that appears says so by itself, and nothing of another text in its place.
+void showText(PanelLabel& label, const Panel& panel) {
+    const bool wasShown = label.isVisible();
+    if (label.show(toQt(panel.text)) && wasShown && panel.kind == Kind::notice) sayAgain(label);
+}
 
 /// A lock key's panel is dim while the lock is off; the insert panel names the mode that is on.
 void showKey(PanelLabel& label, const Panel& panel) {
@@ -52,16 +65,17 @@ void bindPanels(StatusBar& bar, QStatusBar& widget, FormLink& link) {
         auto* label = new PanelLabel(&widget);
         // The first panel takes what the others leave.
         widget.addWidget(label, labels.empty() ? 1 : 0);
-        if (panel.kind != Kind::text) label->show(QStringLiteral("OVR"));
+        if (isOfKey(panel)) label->show(QStringLiteral("OVR"));
+        if (panel.kind == Kind::notice) makeNotice(*label);
         labels.push_back(label);
     }
     const auto showAll = [&bar, labels](bool keysOnly) {
         for (std::size_t i = 0; i < labels.size(); ++i) {
             const Panel& panel = bar.panels()[i];
-            if (panel.kind != Kind::text) {
+            if (isOfKey(panel)) {
                 showKey(*labels[i], panel);
             } else if (!keysOnly) {
-                labels[i]->show(toQt(panel.text));
+                showText(*labels[i], panel);
             }
         }
     };
