@@ -58,6 +58,8 @@ std::string describeLeftText(const JournalContent& content, std::optional<std::s
     if (!content.save) return told;
     if (content.save->path != content.header.name)
         told += " It was being saved as " + shownName(content.save->path) + ".";
+    if (content.save->path == content.header.name && onDisk == content.text)
+        return told + " It was being saved, and the file has all of it.";
     return told + " The file on the disk may be half written.";
 }
 

@@ -25,7 +25,8 @@ TEST(LeftTexts, AreDescribedAgainstTheirFileOnTheDisk) {
         {left("1\r\n2\r\n3\r\n"), "1\r\nx\r\n", "Lines added: 2, removed: 1, against the file on the disk."},
         {left("1\n2"), std::nullopt, "Lines added: 2. There is no file of it any more."},
         {untitled, std::nullopt, "Lines added: 1. There is no file of it yet."},
-        {left("1", path), "1", same + half},
+        {left("1", path), "1", same + "It was being saved, and the file has all of it."},
+        {left("1", path), "1\r\n", "Lines added: 1, removed: 1, against the file on the disk. " + half},
         {left("1", "/b\n.htm"), "1", same + "It was being saved as /b\\n.htm. " + half},
         {{.fault = JournalFault::noText}, "1", causeOf(JournalFault::noText)},
     };
