@@ -18,6 +18,7 @@
 #include "qt/binding.h"
 #include "qt/convert.h"
 #include "qt/empty_frame_hint.h"
+#include "qt/folding_bar.h"
 #include "qt/form_link.h"
 #include "qt/layouts.h"
 #include "qt/modal.h"
@@ -105,6 +106,7 @@ void QtWindows::setUpFrame(Form& form, QMainWindow& window) {
     auto* area = window.findChild<QMdiArea*>(QStringLiteral("MdiArea1"));
     if (!frame || !area) return;
     new EmptyFrameHint(*area);
+    if (auto* bar = window.findChild<QWidget*>(QStringLiteral("picDisk"))) new FoldingBar(*bar);
     QObject::connect(qApp, &QGuiApplication::focusWindowChanged, FormLink::of(window), [&form](QWindow* now) {
         if (now) form.keyboardCame.raise();
     });

@@ -187,6 +187,12 @@ TEST_F(Program, TheBarOfAChangedFileTakesItsRoomFromTheDocumentsAndIsReachedByIt
     EXPECT_EQ(spoken.text(QAccessible::Name), "b.htm has changed on the disk.");
     EXPECT_EQ(area.height() + bar.height(), whole.height());
     EXPECT_EQ(area.geometry().top(), bar.geometry().bottom() + 1);
+    const QSize wide = window().size();
+    window().resize(620, 420);
+    const QWidget& words = *bar.findChild<QLabel*>("lblDisk");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words.width() > 100 && bar.height() < area.height(); }))
+        << "in little room";
+    window().resize(wide);
     QTest::keyClick(window().windowHandle(), Qt::Key_R, Qt::AltModifier);
     EXPECT_EQ(mainForm().activeForm().Text1.text(), "another");
     EXPECT_TRUE(QTest::qWaitFor([&] { return area.size() == whole; }));
