@@ -61,10 +61,10 @@ protected:
         const auto run = BatchDirectory().latest();
         return run ? std::optional(run->record) : std::nullopt;
     }
-    Names putAllBack() {
+    Names putAllBack(std::optional<BatchRecord> record = {}) {
         Names said;
         Flusher flusher;
-        const auto record = lastRecord();
+        if (!record) record = lastRecord();
         auto changed = changedFiles(record.value());
         for (auto file = changed.rbegin(); file != changed.rend(); ++file) {
             const FileLook look = putBack(*file, temporaries / "back.$$$", flusher, noStep);
@@ -270,7 +270,7 @@ TEST(HalfWritten, IsWhatHasTheOldOrTheNewByteAtEachPlace) {
     for (const auto& [before, after, now, is] : rows) EXPECT_EQ(isHalfWritten(now, before, after), is) << now;
 }
 
-TEST_F(Keeping, IsTakenBackWhereverTheRunAndTheTakingBackWereKilled) {
+TEST_F(Keeping, IsTakenBackWhereverTheRunAndTheTakingBackWereStopped) {
     // One file is replaced, the other one written in place.
     const Names paths{directory.write("page", oldBytes), directory.write("linked", oldBytes)};
     fs::create_hard_link(paths[1], directory / "second");
@@ -298,6 +298,19 @@ TEST_F(Keeping, IsTakenBackWhereverTheRunAndTheTakingBackWereKilled) {
         expectAllOld();
         ASSERT_FALSE(HasFailure());
         change(paths);
+    }
+    EXPECT_GT(at, 60);
+    // Or the disk was full from there on, till the next try.
+    for (at = 1;; ++at) {
+        SCOPED_TRACE("full at call " + std::to_string(at));
+        change(paths);
+        const auto record = lastRecord();
+        Saboteur saboteur{.at = at, .fromThenOn = true, .code = ENOSPC, .mostBytes = 7};
+        isKilledIn(saboteur, [&] { putAllBack(record); });
+        if (saboteur.firstHit.empty()) break;
+        EXPECT_EQ(putAllBack(record), (Names{"old", "old"}));
+        expectAllOld();
+        ASSERT_FALSE(HasFailure());
     }
     EXPECT_GT(at, 60);
 }
