@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
-#include <exception>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "base/error.h"
@@ -17,7 +17,9 @@
 #include "files/file_stamp.h"
 #include "files/files.h"
 #include "files/listing.h"
+#include "files/path_look.h"
 #include "files/paths.h"
+#include "files/places.h"
 #include "files/private_directory.h"
 #include "files/regular_file.h"
 
@@ -25,7 +27,8 @@ namespace kelvor {
 
 namespace {
 
-constexpr const char* recordName = "record";
+constexpr std::string_view directoryName = "batch";
+constexpr std::string_view recordName = "record";
 /// Behind the number of a run whose files are to go.
 constexpr std::string_view supersededSuffix = ".gone";
 
@@ -94,24 +97,56 @@ std::optional<BatchRecord> recordIn(const std::string& directory) {
     return bytes ? readRecord(*bytes) : std::nullopt;
 }
 
-/// Removes what a run has kept in its directory and elsewhere, at most so many files; how many have gone.
-std::size_t removeRun(const std::string& directory, std::size_t most) {
-    std::size_t gone = 0;
-    if (const auto known = recordIn(directory))
-        for (const std::string& beside : known->directories)
-            if (gone < most) gone += removeFlat(beside, most - gone);
-    return gone < most ? gone + removeFlat(directory, most - gone) : gone;
+/// What holds the files that a run has kept: its own directory, and those elsewhere that its record knows of.
+std::vector<std::string> directoriesOf(const std::string& own) {
+    std::vector<std::string> directories = {own};
+    if (const auto known = recordIn(own))
+        directories.insert(directories.end(), known->directories.begin(), known->directories.end());
+    return directories;
 }
 
-/// Whether a run may have been superseded whose files are still there; at first that is not known.
-bool& mayHaveSuperseded() {
-    static bool may = true;
-    return may;
+/// The directories of superseded runs in which files may still be, the next one to be emptied last.
+class Superseded {
+public:
+    void add(const std::string& own) {
+        const auto more = directoriesOf(own);
+        directories_.insert(directories_.end(), more.begin(), more.end());
+    }
+    /// Removes at most so many files; whether there may be more.
+    bool remove(std::size_t most) {
+        try {
+            if (!std::exchange(areEarlierKnown_, true)) addEarlier();
+            if (directories_.empty()) return false;
+            std::string next = std::move(directories_.back());
+            directories_.pop_back();
+            if (removeFlat(next, most) == most) directories_.push_back(std::move(next));
+        } catch (const Error&) {
+            // What does not go now stays until the next start.
+        }
+        return !directories_.empty();
+    }
+
+private:
+    /// Those of earlier copies of the program.
+    void addEarlier() {
+        const std::string directory = joinPath(stateDirectory(), directoryName);
+        if (!lookAt(directory).isFolder()) return;
+        for (const std::uint64_t number : numbersIn(directory, supersededSuffix))
+            add(joinPath(directory, std::to_string(number).append(supersededSuffix)));
+    }
+
+    std::vector<std::string> directories_;
+    bool areEarlierKnown_ = false;
+};
+
+Superseded& superseded() {
+    static Superseded runs;
+    return runs;
 }
 
 }  // namespace
 
-BatchDirectory::BatchDirectory() : path_(privateDirectory("batch")), lock_(lockedFile(joinPath(path_, "lock"))) {
+BatchDirectory::BatchDirectory() : path_(privateDirectory(directoryName)), lock_(lockedFile(joinPath(path_, "lock"))) {
 }
 
 std::uint64_t BatchDirectory::highest() const {
@@ -142,13 +177,16 @@ std::string BatchDirectory::recordPathOf(std::uint64_t number) const {
 }
 
 void BatchDirectory::remove(std::uint64_t number) const {
-    removeRun(pathOf(number), std::numeric_limits<std::size_t>::max());
+    const auto directories = directoriesOf(pathOf(number));
+    // The one with the record goes last.
+    for (auto directory = directories.rbegin(); directory != directories.rend(); ++directory)
+        removeFlat(*directory, std::numeric_limits<std::size_t>::max());
 }
 
 void BatchDirectory::supersede(std::uint64_t number) const {
     const std::string path = pathOf(number);
-    systemCalls().rename(path.c_str(), (path + std::string(supersededSuffix)).c_str());
-    mayHaveSuperseded() = true;
+    const std::string gone = path + std::string(supersededSuffix);
+    if (systemCalls().rename(path.c_str(), gone.c_str()) == 0) superseded().add(gone);
 }
 
 void BatchDirectory::supersedeAllBut(std::uint64_t number) const {
@@ -156,24 +194,10 @@ void BatchDirectory::supersedeAllBut(std::uint64_t number) const {
         if (other != number) supersede(other);
 }
 
-std::size_t BatchDirectory::removeSuperseded(std::size_t most) const {
-    std::size_t gone = 0;
-    for (const std::uint64_t number : numbersIn(path_, supersededSuffix))
-        if (gone < most) gone += removeRun(pathOf(number) + std::string(supersededSuffix), most - gone);
-    return gone;
-}
-
 bool removeSupersededFiles() {
     // Few enough that nobody who types notices them on a busy disk.
     constexpr std::size_t portion = 16;
-    if (!mayHaveSuperseded()) return false;
-    try {
-        mayHaveSuperseded() = BatchDirectory().removeSuperseded(portion) == portion;
-    } catch (const Error&) {
-        // Whoever holds the directory now looks when the run is over.
-        mayHaveSuperseded() = false;
-    }
-    return mayHaveSuperseded();
+    return superseded().remove(portion);
 }
 
 }  // namespace kelvor

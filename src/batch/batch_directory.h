@@ -34,12 +34,10 @@ public:
     std::string recordPathOf(std::uint64_t number) const;
     /// Throws away what is kept of the run. What does not go stays until the next time.
     void remove(std::uint64_t number) const;
-    /// The run is none any more. Its files go bit by bit by removeSuperseded: on a busy disk the system takes as long
-    /// to remove a file as to write one.
+    /// The run is none any more. Its files go bit by bit by removeSupersededFiles: on a busy disk the system takes as
+    /// long to remove a file as to write one.
     void supersede(std::uint64_t number) const;
     void supersedeAllBut(std::uint64_t number) const;
-    /// Removes at most so many of their files; how many have gone.
-    std::size_t removeSuperseded(std::size_t most) const;
 
 private:
     std::string path_;
