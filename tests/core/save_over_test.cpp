@@ -27,8 +27,7 @@ protected:
     }
     /// The next question is about this file and is answered so.
     void expectQuestion(const std::string& name, Button SaveOver::*button) {
-        platform.expectModal([this, name, button](Form& form) {
-            auto& question = dynamic_cast<SaveOver&>(form);
+        platform.expectDialog<SaveOver>([this, name, button](SaveOver& question) {
             EXPECT_EQ(question.lblFile.caption(), files.path(name));
             (question.*button).click();
         });
@@ -58,41 +57,28 @@ TEST_F(SaveOverTest, EachButtonDoesWhatItSaysOnEachRoadOfASave) {
     }
 }
 
-TEST_F(SaveOverTest, SaveAsGoesOnUnderTheOtherName) {
+TEST_F(SaveOverTest, CompareAndNoNameComeBackAndAnotherNameGoesOn) {
     const CDocument& document = openChanged("a.htm");
     const std::string gone = files.path("gone/b.htm");
-    platform.expectModal([&](Form& form) {
+    platform.expectDialog<SaveOver>([&](SaveOver& question) {
+        platform.expectModal([](Form& shown) { EXPECT_EQ(shown.name(), "frmCompare"); });
+        question.cmdCompare.click();
         platform.expectSave("", "a.htm");
-        dynamic_cast<SaveOver&>(form).cmdSaveAs.click();
-        EXPECT_TRUE(form.isLoaded()) << "no name leads back to the question";
+        question.cmdSaveAs.click();
+        EXPECT_TRUE(question.isLoaded()) << "no name leads back to the question";
         platform.expectSave(gone, "a.htm");
-        dynamic_cast<SaveOver&>(form).cmdSaveAs.click();
+        question.cmdSaveAs.click();
         platform.expectMessage(saveError(gone, "The folder does not exist."));
     });
     menu("mnuFile_SaveAll").click();
     EXPECT_EQ(document.LongFileName(), files.path("a.htm"));
-    platform.expectModal([&](Form& form) {
-        platform.expectSave(files.path("b.htm"), "a.htm");
-        dynamic_cast<SaveOver&>(form).cmdSaveAs.click();
-    });
+    expectQuestion("a.htm", &SaveOver::cmdSaveAs);
+    platform.expectSave(files.path("b.htm"), "a.htm");
     menu("mnuFile_Save").click();
     EXPECT_EQ(files.read("a.htm") + "|" + files.read("b.htm"), "theirs|mine old");
     EXPECT_EQ(document.LongFileName(), files.path("b.htm"));
     EXPECT_TRUE(document.IsSaved());
     EXPECT_EQ(recentMenu(), "b.htm ");
-}
-
-TEST_F(SaveOverTest, CompareComesBackToTheQuestion) {
-    openChanged("a.htm");
-    platform.expectModal([&](Form& form) {
-        auto& question = dynamic_cast<SaveOver&>(form);
-        platform.expectModal([](Form& shown) { EXPECT_EQ(shown.name(), "frmCompare"); });
-        question.cmdCompare.click();
-        EXPECT_TRUE(question.isLoaded());
-        question.cmdCancel.click();
-    });
-    menu("mnuFile_Save").click();
-    EXPECT_EQ(files.read("a.htm"), "theirs");
 }
 
 TEST_F(SaveOverTest, ADeclinedSaveStopsTheCloseAndTheExitAndNotTheOtherSaves) {
@@ -129,9 +115,9 @@ TEST_F(SaveOverTest, WhatComesBetweenTheLookOrTheAnswerAndTheWriteIsAskedAbout) 
     };
     const ScopedSystemCalls between(calls);
     for (const char* there : {"theirs 1", "theirs 2"})
-        platform.expectModal([this, there](Form& form) {
+        platform.expectDialog<SaveOver>([this, there](SaveOver& question) {
             EXPECT_EQ(files.read("a.htm"), there);
-            dynamic_cast<SaveOver&>(form).cmdOverwrite.click();
+            question.cmdOverwrite.click();
         });
     menu("mnuFile_Save").click();
     EXPECT_EQ(writes, 2) << "the fault did not come";
