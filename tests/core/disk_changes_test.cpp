@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "core/compare.h"
 #include "tests/kit/faults.h"
 #include "tests/kit/kelvor_fixture.h"
 
@@ -120,10 +121,8 @@ TEST_F(DiskChanges, CompareShowsTheFileBesideTheText) {
     open("a.htm", "mine");
     files.write("a.htm", "theirs \xE4");
     EXPECT_EQ(barThen(), changedBar);
-    std::string seen;
-    platform.expectModal([&](Form& form) { seen = form.name(); });
+    platform.expectDialog<Compare>([](Compare& form) { EXPECT_EQ(form.lstLines.cell(0, 1), "theirs ä"); });
     mainForm().cmdDiskCompare.click();
-    EXPECT_EQ(seen, "frmCompare");
     EXPECT_EQ(bar(), changedBar);
     std::filesystem::remove(files.path("a.htm"));
     platform.expectMessage(openError(files.path("a.htm"), "File not found."));
