@@ -40,9 +40,12 @@ Act replacing(const std::string& bytes) {
     };
 }
 
-/// It goes on elsewhere, so that no other file gets its number.
-void removing(const ScratchDirectory& directory) {
-    std::filesystem::rename(directory / "a.htm", directory / "b.htm");
+/// The file goes on elsewhere, so that no other one gets its number, and `act` follows.
+Act removing(const Act& act = [](const auto&) {}) {
+    return [=](const ScratchDirectory& directory) {
+        std::filesystem::rename(directory / "a.htm", directory / "b.htm");
+        act(directory);
+    };
 }
 
 TEST(FileStamp, TellsWhatHasBecomeOfAFile) {
@@ -61,25 +64,14 @@ TEST(FileStamp, TellsWhatHasBecomeOfAFile) {
         {"cut short", writing(""), changed},
         {"the same bytes in another file", replacing("old text"), same},
         {"another file", replacing("new text"), replaced},
-        {"removed", removing, gone},
-        {"removed, with its folder a file",
-         [](const auto& directory) {
-             removing(directory);
+        {"removed", removing(), gone},
+        {"removed, with its folder a file", removing([](const auto& directory) {
              std::filesystem::remove_all(directory.path());
              std::ofstream(directory.path()) << "file";
-         },
+         }),
          gone},
-        {"made anew",
-         [](const auto& directory) {
-             removing(directory);
-             directory.write("a.htm", "new text");
-         },
-         replaced},
-        {"a directory",
-         [](const auto& directory) {
-             removing(directory);
-             std::filesystem::create_directory(directory / "a.htm");
-         },
+        {"made anew", removing(writing("new text")), replaced},
+        {"a directory", removing([](const auto& directory) { std::filesystem::create_directory(directory / "a.htm"); }),
          replaced},
     };
     for (const auto& row : rows) {
