@@ -2,15 +2,16 @@
 // save_again FILE: starts the editor without a window, opens FILE, and goes on for ever: types an x at its begin and
 // saves it. A line says "saving" and how many have been typed, another one "saved".
 
+#include <chrono>
 #include <functional>
 #include <iostream>
-#include <utility>
 
 #include "bench/quiet_platform.h"
 #include "core/document.h"
 #include "core/document_manager.h"
 #include "core/file_open.h"
 #include "core/file_save.h"
+#include "core/journal.h"
 #include "program/startup.h"
 
 namespace kelvor {
@@ -18,19 +19,11 @@ namespace kelvor {
 namespace {
 
 class NoWindow : private QuietPlatform {
-public:
-    void beIdle() const {
-        while (idleWork_ && idleWork_()) continue;
-    }
-
-private:
     Answer message(const Message& message) override {
         if (message.icon == MessageIcon::critical) std::cerr << message.text << ' ' << message.cause << '\n';
         return QuietPlatform::message(message);
     }
-    void setIdleWork(std::function<bool()> work) override { idleWork_ = std::move(work); }
-
-    std::function<bool()> idleWork_;
+    void setIdleWork(std::function<bool()> /*work*/) override {}
 };
 
 int saveAgain(const std::string& path) {
@@ -40,7 +33,7 @@ int saveAgain(const std::string& path) {
     for (int count = 1;; ++count) {
         document.SourceRTB().setSelStart(0);
         document.SourceRTB().setSelText("x");
-        platform.beIdle();
+        while (workOnJournals(std::chrono::steady_clock::now())) continue;
         std::cout << "saving " << count << std::endl;
         fileSave(document);
         if (!document.IsSaved()) return 1;
