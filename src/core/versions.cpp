@@ -157,8 +157,7 @@ std::size_t countBeyond(const VersionLimits& limits, const std::vector<Stored>& 
         // A clock that is ahead at one save alone makes no version old.
         const std::uint64_t reference = std::min(now, versions[versions.size() - 2].when);
         const std::uint64_t oldest = reference - std::min(reference, static_cast<std::uint64_t>(limits.age.count()));
-        const bool isOld = left > limits.ofAnyAge && versions[count].when < oldest;
-        if (left <= limits.count && bytes <= limits.bytes && !isOld) break;
+        if (left <= limits.count && bytes <= limits.bytes && versions[count].when >= oldest) break;
         bytes -= versions[count].room;
     }
     return count;

@@ -19,7 +19,6 @@ struct VersionLimits {
     std::size_t count = 100;
     std::uint64_t bytes = std::uint64_t{50} << 20;  ///< as they are stored
     std::chrono::seconds age = std::chrono::days(90);
-    std::size_t ofAnyAge = 10;  ///< the newest ones; a clock that is far ahead must not take all
 };
 
 /// What a file held once.

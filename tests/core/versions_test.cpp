@@ -69,14 +69,13 @@ TEST_F(Versions, AreKeptOfWhatEachSaveWritesOverOnceTheyAreSwitchedOn) {
 TEST_F(Versions, GoTheOldestFirstBeyondEachLimit) {
     const std::tuple<const char*, VersionLimits, std::vector<std::time_t>, const char*> rows[] = {
         // The days are those of the versions "0", "1", ..., from today.
-        {"number", {.count = 3, .ofAnyAge = 0}, {-4, -3, -2, -1, 0}, "4 3 2 "},
-        {"bytes", {.bytes = 2 * compressed("x").size(), .ofAnyAge = 0}, {-2, -1, 0}, "2 1 "},
+        {"number", {.count = 3}, {-4, -3, -2, -1, 0}, "4 3 2 "},
+        {"bytes", {.bytes = 2 * compressed("x").size()}, {-2, -1, 0}, "2 1 "},
         {"the newest stays", {.count = 0, .bytes = 1}, {-1, 0}, "1 "},
-        {"age", {.ofAnyAge = 0}, {-92, -91, -90, -1, 0}, "4 3 2 1 "},
-        {"age, some stay", {.ofAnyAge = 3}, {-400, -399, -398, -1, 0}, "4 3 2 "},
-        {"one save with a clock ahead", {.ofAnyAge = 0}, {-2, -1, 9000, 0, 1}, "4 3 2 1 0 "},
-        {"many with a clock ahead", {.ofAnyAge = 3}, {-2, -1, 0, 9000, 9001, 9002}, "5 4 3 "},
-        {"a clock set back", {.ofAnyAge = 0}, {-1, 0, -9000, -20'001, -8999}, "4 3 2 1 0 "},
+        {"age", {}, {-92, -91, -90, -1, 0}, "4 3 2 1 "},
+        {"one save with a clock ahead", {}, {-2, -1, 9000, 0, 1}, "4 3 2 1 0 "},
+        {"many with a clock ahead", {}, {-2, -1, 0, 9000, 9001, 9002}, "5 4 3 "},
+        {"a clock set back", {}, {-1, 0, -9000, -20'001, -8999}, "4 3 2 1 0 "},
     };
     for (const auto& [what, limits, days, left] : rows) {
         for (std::size_t number = 0; number < days.size(); ++number)
