@@ -14,12 +14,9 @@ std::unique_ptr<MDIForm1>& instance() {
 }
 
 const std::vector<StatusBar::Panel> panels = {
-    {StatusBar::PanelKind::text, "File Saved:"},
-    {StatusBar::PanelKind::capsLock, "CAPS"},
-    {StatusBar::PanelKind::insert, "INS"},
-    {StatusBar::PanelKind::numLock, "NUM"},
-    {StatusBar::PanelKind::text, "Line:"},
-    {StatusBar::PanelKind::text, "Character:"},
+    {StatusBar::PanelKind::text, "File Saved:"}, {StatusBar::PanelKind::capsLock, "CAPS"},
+    {StatusBar::PanelKind::insert, "INS"},       {StatusBar::PanelKind::numLock, "NUM"},
+    {StatusBar::PanelKind::text, "Line:"},       {StatusBar::PanelKind::text, "Character:"},
     {StatusBar::PanelKind::notice, ""},
 };
 
