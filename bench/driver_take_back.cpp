@@ -25,6 +25,8 @@ TaskResult takeBackTask(const std::vector<std::string>& arguments) {
     });
     done.result = form.lblCounts.caption();
     form.unload();
+    // What is left to do between events.
+    while (removeSupersededFiles()) continue;
     return done;
 }
 
