@@ -30,6 +30,7 @@ protected:
         platform.expectDialog<SaveOver>([this, name, button](SaveOver& question) {
             EXPECT_EQ(question.lblFile.caption(), files.path(name));
             (question.*button).click();
+            EXPECT_FALSE(question.isLoaded());
         });
     }
 };
