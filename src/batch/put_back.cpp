@@ -72,7 +72,7 @@ void replaceByOld(const ChangedFile& file, const std::string& temporary, Flusher
 }  // namespace
 
 bool isHalfWritten(std::string_view now, std::string_view before, std::string_view after) {
-    const auto [shorter, longer] = std::minmax(before.size(), after.size());
+    const auto [shorter, longer] = std::minmax({before.size(), after.size()});
     if (now.size() < shorter || now.size() > longer) return false;
     for (std::size_t i = 0; i < now.size(); ++i) {
         const bool isBefore = i < before.size() && now[i] == before[i];

@@ -114,6 +114,7 @@ TEST_F(Document, WindowsStayInStepWithTheTabs) {
     mainForm().mdi.follow([&](MdiArea::Change change, Form*) { forward += change == MdiArea::Change::activated; });
     for (int click = 0; click < 2; ++click) mainForm().TabStrip1.click(first);
     EXPECT_EQ(forward, 2) << "from its icon too";
+    mainForm().mdi.follow({});
     EXPECT_EQ(inFront(), "a.htm");
     EXPECT_EQ(panels(), "File Saved: Yes|1/1|Characters: 3 ");
     mainForm().mdi.activate(second.SourceForm());
